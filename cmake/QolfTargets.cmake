@@ -1,0 +1,36 @@
+# Targets of this project: compiler settings, libraries and tests in one way everywhere.
+include_guard(GLOBAL)
+
+# Warnings are private to our own targets and never reach a user of the package.
+add_library(qolf_warnings INTERFACE)
+target_compile_options(qolf_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+
+# A static core library of one folder: qolf_add_core(reader SOURCES a.cpp b.cpp LINK other)
+function(qolf_add_core name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
+  add_library(${name} STATIC)
+  target_sources(${name} PRIVATE ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC host ${arg_LINK} PRIVATE qolf_warnings)
+endfunction()
+
+# A test program of one folder: qolf_add_test(test_reader SOURCES ... LINK reader)
+# Each test is a test of ctest's own on the build machine; under an emulator, where starting a
+# program is slow, the whole program is one.
+function(qolf_add_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;LABELS")
+  add_executable(${name})
+  target_sources(${name} PRIVATE ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LINK} GTest::gmock GTest::gtest_main qolf_warnings)
+  target_compile_definitions(${name} PRIVATE
+      QOLF_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+      QOLF_TEST_GOLDEN="${PROJECT_SOURCE_DIR}/tests/golden"
+      QOLF_SAMPLES="${PROJECT_SOURCE_DIR}/samples")
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+  if(WIN32)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
+  else()
+    include(GoogleTest)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES LABELS "${arg_LABELS}")
+  endif()
+endfunction()

@@ -1,0 +1,64 @@
+// The named attribute values of one object: column name to text, in the order of first use.
+//
+// Lists filled with the same names one after the other share their names: copying a list, or
+// setting the names again in the same order, allocates no name.
+#pragma once
+
+#include "host/platform/Export.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace shr {
+
+class QOLF_HOST_API CParamList {
+public:
+    CParamList();
+    ~CParamList();
+    CParamList(const CParamList&);
+    CParamList(CParamList&&) noexcept;
+    CParamList& operator=(const CParamList&);
+    CParamList& operator=(CParamList&&) noexcept;
+
+    // Stores a value under a name; a value already there is replaced in its place. Narrow text is
+    // text of code page 0 and is converted when it is asked for.
+    void Set(const std::wstring& name, std::string value);
+    void Set(const std::wstring& name, const std::wstring& value);
+
+    // Puts the value into value and returns true; clears value and returns false when the name is
+    // absent.
+    bool Get(const std::wstring& name, std::wstring& value) const;
+
+    // Entries by position, 0 to Size() - 1.
+    std::size_t Size() const;
+    const std::wstring& Name(std::size_t index) const;
+    std::wstring Value(std::size_t index) const;
+
+    // The value as narrow text of code page 0.
+    std::string NarrowValue(std::size_t index) const;
+
+    // Forgets values and names.
+    void Clear();
+
+private:
+    using Names = std::vector<std::wstring>;
+    struct Entry {
+        std::string narrow;  // the value, when it was set as narrow text
+        std::unique_ptr<std::wstring> wide;  // the value, when it was set as wide text
+        Entry() = default;
+        Entry(const Entry&);
+        Entry(Entry&&) noexcept = default;
+        Entry& operator=(const Entry&);
+        Entry& operator=(Entry&&) noexcept = default;
+    };
+
+    Entry& EntryFor(const std::wstring& name);
+
+    std::shared_ptr<Names> names_;  // null while no name was set
+    std::vector<Entry> entries_;    // entries_[i] belongs to (*names_)[i]
+    std::size_t nextHint_ = 0;      // where the next name of a repeated sequence is expected
+};
+
+}  // namespace shr

@@ -1,0 +1,27 @@
+// A file path and its pieces. Both '/' and, on Windows, '\' separate folders.
+#pragma once
+
+#include "host/platform/Export.h"
+
+#include <string>
+
+namespace shr {
+
+class QOLF_HOST_API CPath {
+public:
+    explicit CPath(const std::wstring& path);
+
+    // Replaces the extension of the last name, or adds one. extension begins with a full stop. A
+    // name that only begins with a full stop (".mif") has no extension.
+    void SetExtension(const std::wstring& extension);
+
+    const std::wstring& GetPath() const { return path_; }
+    std::wstring GetNameAndExtension() const;
+
+    static std::wstring ChangeExtension(const std::wstring& path, const std::wstring& extension);
+
+private:
+    std::wstring path_;
+};
+
+}  // namespace shr

@@ -1,0 +1,50 @@
+// The host's errors, as a caller catches them, and what becomes of exceptions that must not
+// escape.
+#pragma once
+
+#include "host/platform/Export.h"
+#include "host/platform/WindowSystem.h"
+
+#include <exception>
+#include <string>
+
+namespace shr {
+
+// Every error that a filter throws through its host. what() is "source(line): message" in UTF-8.
+class QOLF_HOST_API IError : public std::exception {
+public:
+    // How a warning is shown. The filters only use the first.
+    enum class WarnStyle : int { Ordinary = 0 };
+
+    IError(std::wstring source, int line, std::wstring message);
+    ~IError() override;
+    IError(const IError&);
+    IError& operator=(const IError&) = delete;
+
+    const std::wstring& Source() const { return source_; }
+    int Line() const { return line_; }
+    const std::wstring& Message() const { return message_; }
+    const char* what() const noexcept override { return what_.c_str(); }
+
+private:
+    std::wstring source_;
+    int line_;
+    std::wstring message_;
+    std::string what_;
+};
+
+// The text of an errno value, without a full stop.
+QOLF_HOST_API std::wstring FormatSystemErrorMsg(int errorNumber);
+
+// Inside a catch block: logs the exception under way with its origin, and swallows it.
+QOLF_HOST_API void LogExceptionInfo(const wchar_t* module, const wchar_t* sourceFile, int line);
+
+// Inside a catch block: the same, but an exception that is not the host's own kind (an IError) is
+// rethrown after logging.
+QOLF_HOST_API void LogExceptionInfoAndRethrowIfUnknown(const std::wstring& context,
+                                                       const std::wstring& sourceFile, int line);
+
+// What a dialog procedure returns after a caught exception: 0, the message was not handled.
+QOLF_HOST_API int WinProcReturnCodeAfterException(HWND window, UINT message);
+
+}  // namespace shr

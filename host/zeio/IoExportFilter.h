@@ -1,0 +1,44 @@
+// The base of an export filter: slots 7 to 13.
+#pragma once
+
+#include "host/zeio/IoFilter.h"
+
+#include <memory>
+
+namespace zeio {
+
+class TrBase;
+
+enum class ExportStatus : int {
+    Done = 0,            // begun, handled or written
+    NothingWritten = 1,  // EndExport: no graphic object came, no file is left
+    NotHandled = 2,      // ExportObject: an object of a kind that the filter does not know
+};
+
+class QOLF_HOST_API IoExportFilter : public IoFilter {
+public:
+    ~IoExportFilter() override;
+
+    virtual ExportStatus BeginExport(const std::wstring& path) = 0;
+
+    // Base: exports to a private temporary file; EndExportToMemory fills the vector with the main
+    // file's bytes and deletes what was written. The vector must live until then.
+    virtual ExportStatus BeginExportToMemory(std::vector<unsigned char>& bytes);
+
+    // Base: the same into a block from malloc, which becomes the caller's to free.
+    virtual ExportStatus BeginExportToGlobalMemory(void*& block, unsigned long long& size);
+
+    virtual ExportStatus ExportObject(TrBase& object) = 0;
+    virtual ExportStatus EndExport() = 0;
+    virtual ExportStatus EndExportToMemory();
+    virtual ExportStatus EndExportToGlobalMemory();
+
+protected:
+    explicit IoExportFilter(IoManager& manager);
+
+private:
+    struct MemoryExport;
+    std::unique_ptr<MemoryExport> memoryExport_;  // null unless one is under way
+};
+
+}  // namespace zeio

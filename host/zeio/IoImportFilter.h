@@ -1,0 +1,38 @@
+// The base of an import filter: slots 7 to 12.
+#pragma once
+
+#include "host/zeio/ImportFileInfo.h"
+#include "host/zeio/IoFilter.h"
+
+namespace zeio {
+
+class TrBase;
+
+class QOLF_HOST_API IoImportFilter : public IoFilter {
+public:
+    ~IoImportFilter() override;
+
+    // 0: no; other values are the filter's. Base: 0.
+    virtual int CanImportFile(const std::wstring& path);
+
+    // The first argument says how much the host wants to know; a filter may not care. Base: empty.
+    virtual ImportFileInfo GetFileInfo(int detail, const std::wstring& path);
+
+    // Base: false.
+    virtual bool HasDelayedImport() const;
+
+    // Runs a whole import. Errors leave as exceptions (host/zeio/Errors.h).
+    virtual void Import(const std::wstring& path) = 0;
+
+    // Base: spools the bytes to a private temporary file, runs Import on it and deletes it. The
+    // last argument says that the bytes are the host's last ones; a spooled import does not care.
+    virtual void ImportFromMemory(const unsigned char* bytes, unsigned int count, bool isLast);
+
+    // Hands one object to the host, which copies what it needs before returning.
+    virtual void ImportObject(TrBase& object) const;
+
+protected:
+    explicit IoImportFilter(IoManager& manager);
+};
+
+}  // namespace zeio

@@ -1,0 +1,53 @@
+// The host object behind one filter: options, progress, warnings and the windows' parent.
+#pragma once
+
+#include "host/platform/Export.h"
+#include "host/platform/WindowSystem.h"
+#include "host/shr/IError.h"
+#include "host/shr/NonCopyable.h"
+
+#include <string>
+
+namespace zeio {
+
+class IoHost;  // what a program plugs in behind a manager (standalone/IoHost.h)
+
+class QOLF_HOST_API IoManager : public shr::NonCopyable {
+public:
+    // The host must outlive the manager.
+    explicit IoManager(IoHost& host);
+    ~IoManager();
+
+    // Stores the remembered value of a boolean option and returns true; leaves value alone and
+    // returns false when there is none. A value is found whatever persistent says.
+    bool GetOption(const std::wstring& name, bool& value, bool persistent) const;
+
+    // Remembers a value: with persistent false for the running program only.
+    void SetOption(const std::wstring& name, bool value, bool persistent);
+
+    // Takes one boolean out of an option string: "name=value" pairs separated by ';', blanks
+    // around names and values ignored, names matched without regard to case; true for 1, true, yes
+    // and on, false for 0, false, no and off; a bare name means true. value is set, and true
+    // returned, only when the name is there with one of these values; the last one counts.
+    bool GetStringOption(const std::wstring& options, const std::wstring& name, bool& value) const;
+
+    int Warning(shr::IError::WarnStyle style, const std::wstring& text) const;
+
+    // Starts the progress display. The booleans say whether the run may be cancelled and whether
+    // its proportion is known.
+    void ProgressStart(const std::wstring& title, bool canCancel, bool hasProportion);
+    void ProgressProportion(double fraction);  // 0 to 1
+    void ProgressIndeterminate();
+    void ProgressMessage(const std::wstring& text);
+    void ProgressEnd();
+
+    HWND GetParentWindow() const;         // for modal dialogs; may be null
+    HINSTANCE GetModuleInstance() const;  // of the filter module; may be null
+
+    IoHost& Host() const { return host_; }
+
+private:
+    IoHost& host_;
+};
+
+}  // namespace zeio

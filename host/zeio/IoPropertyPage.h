@@ -1,0 +1,49 @@
+// The base of a filter's options page.
+#pragma once
+
+#include "host/platform/Export.h"
+#include "host/platform/WindowSystem.h"
+#include "host/shr/CTypeInfo.h"
+#include "host/shr/NonCopyable.h"
+
+#include <string>
+
+namespace zeio {
+
+class IoManager;
+
+class QOLF_HOST_API IoPropertyPage : public shr::NonCopyable {
+public:
+    IoPropertyPage(const std::wstring& name, IoManager& manager);
+
+    // Slots, in order: destructor, type id, the forwarder to the dialog procedure, the page's own
+    // dialog procedure.
+    virtual ~IoPropertyPage();
+    virtual const shr::CTypeInfo* GetTypeId() const;
+    virtual int ForwardDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    virtual int DlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    static const shr::CTypeInfo* GetClassTypeId();
+
+    // Keeps a copy of the page's property-sheet description.
+    void SetPropSheetPage(const PROPSHEETPAGEW& page);
+
+    // Runs DlgProc; remembers the page's window at WM_INITDIALOG.
+    int CallDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    const PROPSHEETPAGEW& PropSheetPage() const { return page_; }
+    const std::wstring& Name() const { return name_; }
+    IoManager& Manager() const { return manager_; }
+
+private:
+    std::wstring name_;
+    IoManager& manager_;
+    PROPSHEETPAGEW page_{};
+    HWND window_ = nullptr;  // null while the page is not shown
+};
+
+// The dialog procedure that a page's description names: finds the page (lParam of the page's
+// description at WM_INITDIALOG, the window afterwards) and calls its ForwardDlgProc.
+QOLF_HOST_API LONG_PTR IoPropPageDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+}  // namespace zeio

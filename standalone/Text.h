@@ -1,0 +1,21 @@
+// The host's own side of text conversion.
+#pragma once
+
+#include "host/platform/Export.h"
+
+#include <string>
+#include <string_view>
+
+namespace standalone {
+
+// Sets what code page 0 stands for, by a name that the system's conversion knows ("CP1251",
+// "UTF-8"; on Windows also by number, "1251"). Not thread-safe: set it before a run. False, and
+// nothing changed, when the system has no such code page. "CP1252" is the initial value.
+QOLF_HOST_API bool SetCodePage0(const std::string& name);
+QOLF_HOST_API std::string CodePage0();
+
+// UTF-8 to wide text and back. Invalid UTF-8 becomes U+FFFD; a lone surrogate is written as '?'.
+QOLF_HOST_API std::wstring Widen(std::string_view utf8);
+QOLF_HOST_API std::string Narrow(std::wstring_view text);
+
+}  // namespace standalone
