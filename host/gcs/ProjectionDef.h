@@ -101,7 +101,8 @@ public:
     // is out of range; None when there is nothing to object to.
     //
     // Out of range: a value that is not finite, a latitude beyond +-90, a longitude beyond +-360, a
-    // scale factor or unit not above 0, equal and opposite standard parallels of a conic.
+    // scale factor, unit or major radius not above 0, a flattening below 0 or from 1 up, equal and
+    // opposite standard parallels of a conic (the second is named).
     ProjectionParameterID CheckParameters() const;
 
     bool operator==(const ProjectionDef&) const;
