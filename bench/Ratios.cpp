@@ -1,0 +1,275 @@
+// Runs every benchmark beside its reference in one process and prints one table of ratios. Times
+// on a shared machine are noisy, so the smallest of several interleaved repetitions counts, and a
+// figure is only ever a ratio of two of them.
+//
+//   bench_ratios [--scale 1.0] [--folder DIR] [--qolf PATH] [Google Benchmark options]
+
+#include "bench/ChildProcess.h"
+#include "bench/CountingHost.h"
+#include "bench/Inputs.h"
+#include "export/MifExportFilter.h"
+#include "host/zeio/IoManager.h"
+#include "host/zeio/TrObjects.h"
+#include "import/MifImportFilter.h"
+#include "reader/CMifReader.h"
+
+#include <benchmark/benchmark.h>
+
+#include <charconv>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+using bench::Pair;
+
+// One pass over a file with the C library's unlocked single-byte read.
+unsigned long long ReadBytes(const std::filesystem::path& path) {
+    std::FILE* file = std::fopen(path.string().c_str(), "rb");
+    if (file == nullptr) {
+        throw std::runtime_error("can't open " + path.string());
+    }
+    unsigned long long sum = 0;
+    for (int c = getc_unlocked(file); c != EOF; c = getc_unlocked(file)) {
+        sum += static_cast<unsigned long long>(c);
+    }
+    static_cast<void>(std::fclose(file));
+    return sum;
+}
+
+// Reads every token of the file and converts those that begin like numbers.
+double Tokenize(const std::filesystem::path& path) {
+    mif::CMifInputFile input;
+    if (!input.OpenFile(path.wstring())) {
+        throw std::runtime_error("can't open " + path.string());
+    }
+    input.Rewind();
+    double sum = 0.0;
+    while (!input.IsEOF()) {
+        const char first = *input.Token();
+        if ((first >= '0' && first <= '9') || first == '-') {
+            sum += input.TokenAsDouble();
+        }
+        input.NextToken();
+    }
+    return sum;
+}
+
+std::size_t Import(const std::filesystem::path& path) {
+    bench::CountingHost host;
+    zeio::IoManager manager(host);
+    mif::MifImportFilter filter(manager);
+    filter.Import(path.wstring());
+    return host.objects();
+}
+
+std::vector<double> ExportCoordinates(double scale) {
+    bench::Random random(4);
+    std::vector<double> values(static_cast<std::size_t>(bench::kRegionCount * scale) *
+                               bench::kRegionVertices * 2);
+    for (double& value : values) {
+        value = random.Uniform(300000.0, 700000.0);
+    }
+    return values;
+}
+
+// The reference of the export: the same coordinates, formatted and written with nothing around.
+void FormatCoordinates(const std::vector<double>& values, const std::filesystem::path& path) {
+    std::FILE* file = std::fopen(path.string().c_str(), "wb");
+    if (file == nullptr) {
+        throw std::runtime_error("can't create " + path.string());
+    }
+    char buffer[64];
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        std::to_chars_result result = std::to_chars(buffer, buffer + sizeof buffer, values[i],
+                                                    std::chars_format::general, 18);
+        *result.ptr++ = i % 2 == 0 ? ' ' : '\n';
+        std::fwrite(buffer, 1, static_cast<std::size_t>(result.ptr - buffer), file);
+    }
+    static_cast<void>(std::fclose(file));
+}
+
+void Export(const std::vector<double>& values, const std::filesystem::path& path) {
+    bench::CountingHost host;
+    zeio::IoManager manager(host);
+    mif::MifExportFilter filter(manager);
+    filter.BeginExport(path.wstring());
+    zeio::TrPolygon polygon;
+    polygon.vertices.resize(bench::kRegionVertices);
+    const std::size_t numbers = bench::kRegionVertices * 2;
+    for (std::size_t at = 0; at + numbers <= values.size(); at += numbers) {
+        for (std::size_t i = 0; i < bench::kRegionVertices; ++i) {
+            polygon.vertices[i] = {values[at + 2 * i], values[at + 2 * i + 1], 0.0};
+        }
+        filter.ExportObject(polygon);
+    }
+    filter.EndExport();
+}
+
+// The smallest time of each benchmark, in seconds.
+class SmallestTimes : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.run_type != Run::RT_Iteration) {
+                continue;
+            }
+            const double seconds =
+                run.real_accumulated_time / static_cast<double>(std::max<long>(run.iterations, 1));
+            const auto [at, isNew] = times_.try_emplace(run.run_name.function_name, seconds);
+            if (!isNew) {
+                at->second = std::min(at->second, seconds);
+            }
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+
+    double Of(const std::string& name) const { return times_.at(name); }
+
+private:
+    std::map<std::string, double> times_;
+};
+
+void Register(const std::string& name, std::function<void()> work) {
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [work = std::move(work)](benchmark::State& state) {
+                                     for ([[maybe_unused]] auto iteration : state) {
+                                         work();
+                                     }
+                                 })
+        ->Iterations(1)
+        ->Repetitions(5)
+        ->ReportAggregatesOnly(false)
+        ->UseRealTime()
+        ->Unit(benchmark::kMillisecond);
+}
+
+struct Row {
+    std::string work;
+    std::string reference;
+    double ratio;
+    double reach;
+    const char* unit;
+};
+
+void Print(const std::vector<Row>& rows) {
+    std::printf("\n| work | reference | measured | to reach | |\n|---|---|---|---|---|\n");
+    for (const Row& row : rows) {
+        std::printf("| %s | %s | %.2f %s | %.2f %s | %s |\n", row.work.c_str(),
+                    row.reference.c_str(), row.ratio, row.unit, row.reach, row.unit,
+                    row.ratio <= row.reach ? "reached" : "NOT reached");
+    }
+}
+
+struct Settings {
+    double scale = 1.0;
+    std::filesystem::path folder = std::filesystem::temp_directory_path() / "qolf-bench";
+    std::filesystem::path qolf;
+};
+
+Settings TakeSettings(int& argc, char** argv) {
+    Settings settings;
+    int kept = 1;
+    for (int i = 1; i < argc; ++i) {
+        const std::string name = argv[i];
+        if (name == "--scale" && i + 1 < argc) {
+            settings.scale = std::stod(argv[++i]);
+        } else if (name == "--folder" && i + 1 < argc) {
+            settings.folder = argv[++i];
+        } else if (name == "--qolf" && i + 1 < argc) {
+            settings.qolf = argv[++i];
+        } else {
+            argv[kept++] = argv[i];
+        }
+    }
+    argc = kept;
+    return settings;
+}
+
+void RegisterAll(const Settings& settings, const std::vector<double>& coordinates,
+                 std::vector<Row>& rows) {
+    const Pair regions = bench::Regions(settings.folder, settings.scale);
+    const Pair points = bench::Points(settings.folder, settings.scale);
+    const Pair lines = bench::Polylines(settings.folder, settings.scale);
+    Register("pass/regions", [=] { benchmark::DoNotOptimize(ReadBytes(regions.mif)); });
+    Register("tokenize/regions", [=] { benchmark::DoNotOptimize(Tokenize(regions.mif)); });
+    Register("import/regions", [=] { benchmark::DoNotOptimize(Import(regions.mif)); });
+    Register("pass/points", [=] {
+        benchmark::DoNotOptimize(ReadBytes(points.mif));
+        benchmark::DoNotOptimize(ReadBytes(points.mid));
+    });
+    Register("import/points", [=] { benchmark::DoNotOptimize(Import(points.mif)); });
+    Register("pass/polylines", [=] { benchmark::DoNotOptimize(ReadBytes(lines.mif)); });
+    Register("import/polylines", [=] { benchmark::DoNotOptimize(Import(lines.mif)); });
+    const std::filesystem::path out = settings.folder / "out.mif";
+    Register("format/coordinates", [&coordinates, out] { FormatCoordinates(coordinates, out); });
+    Register("export/regions", [&coordinates, out] { Export(coordinates, out); });
+    if (settings.qolf.empty()) {
+        return;
+    }
+    for (const char* extension : {"geojson", "gpkg"}) {
+        const std::string target = (settings.folder / "out.").string() + extension;
+        Register(std::string("convert/") + extension, [=, qolf = settings.qolf.string()] {
+            bench::RunOrThrow({qolf, "convert", "--quiet", "--overwrite", "--no-store", "--crs",
+                               "keep", regions.mif.string(), target});
+        });
+        rows.push_back({std::string("convert regions to ") + extension, "the bare import", 0.0,
+                        std::string(extension) == "gpkg" ? 4.0 : 3.0, "x"});
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const Settings settings = TakeSettings(argc, argv);
+    std::filesystem::create_directories(settings.folder);
+    const std::vector<double> coordinates = ExportCoordinates(settings.scale);
+    std::vector<Row> converts;
+    RegisterAll(settings, coordinates, converts);
+
+    benchmark::Initialize(&argc, argv);
+    SmallestTimes times;
+    benchmark::RunSpecifiedBenchmarks(&times);
+
+    const auto ratio = [&](const char* work, const char* reference) {
+        return times.Of(work) / times.Of(reference);
+    };
+    const char* pass = "one pass of unlocked single-byte reads";
+    std::vector<Row> rows = {
+        {"tokenize and convert the region file", pass, ratio("tokenize/regions", "pass/regions"),
+         4.0, "x"},
+        {"import the region file", pass, ratio("import/regions", "pass/regions"), 6.0, "x"},
+        {"import the points", pass, ratio("import/points", "pass/points"), 12.0, "x"},
+        {"import the polylines", pass, ratio("import/polylines", "pass/polylines"), 6.0, "x"},
+        {"export the regions", "formatting the coordinates",
+         ratio("export/regions", "format/coordinates"), 1.3, "x"},
+    };
+    for (Row& row : converts) {
+        const bool isPackage = row.work.ends_with("gpkg");
+        row.ratio = ratio(isPackage ? "convert/gpkg" : "convert/geojson", "import/regions");
+        rows.push_back(row);
+    }
+    if (!settings.qolf.empty()) {
+        const double small = bench::PeakMebibytes(
+            {settings.qolf.string(), "info", "--count", "--no-store",
+             bench::Regions(settings.folder, settings.scale / 10.0).mif.string()});
+        const double large =
+            bench::PeakMebibytes({settings.qolf.string(), "info", "--count", "--no-store",
+                                  bench::Regions(settings.folder, settings.scale).mif.string()});
+        rows.push_back({"peak memory of an import of 10 times the file", "the smaller file's peak",
+                        large - small, 1.0, "MiB more"});
+        rows.push_back(
+            {"start-up: info on a small file", "/bin/true",
+             bench::StartUpMilliseconds({settings.qolf.string(), "info", "--no-store",
+                                         bench::Points(settings.folder, 0.0).mif.string()}) -
+                 bench::StartUpMilliseconds({"/bin/true"}),
+             10.0, "ms more"});
+    }
+    Print(rows);
+    return 0;
+}
