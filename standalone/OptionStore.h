@@ -29,7 +29,9 @@ public:
     // Remembers a value; with persistent true also in the file, which is replaced atomically when
     // its contents change. A value that was stored with persistent false stays out of the file
     // until another value is stored: a run that was told to forget its options and then saves
-    // them all the same leaves no trace. False when the file could not be written.
+    // them all the same leaves no trace. False when the file could not be written, or when the name
+    // has a line break, which no line can hold; the running program remembers the value all the
+    // same.
     bool Set(const std::wstring& name, bool value, bool persistent);
 
     // Every remembered value.
@@ -41,9 +43,11 @@ public:
 private:
     struct Entry {
         bool value = false;
-        bool isPersistent = false;
+        std::optional<bool> inFile;  // empty: the file has no line for it
+        bool isForgotten = false;    // stored for the running program only
     };
 
+    void ReadFile();
     bool WriteFile() const;
 
     std::filesystem::path file_;  // empty: in memory only

@@ -37,6 +37,7 @@ using LPCWSTR = const wchar_t*;
 using LPWSTR = wchar_t*;
 using DLGPROC = INT_PTR (*)(HWND, UINT, WPARAM, LPARAM);
 
+constexpr UINT WM_DESTROY = 0x0002;
 constexpr UINT WM_NOTIFY = 0x004E;
 constexpr UINT WM_INITDIALOG = 0x0110;
 constexpr UINT WM_COMMAND = 0x0111;
@@ -47,6 +48,7 @@ constexpr int IDCANCEL = 2;
 constexpr UINT BST_UNCHECKED = 0;
 constexpr UINT BST_CHECKED = 1;
 constexpr int GWL_EXSTYLE = -20;
+constexpr int GWLP_USERDATA = -21;
 constexpr LONG_PTR WS_EX_CONTEXTHELP = 0x00000400;
 constexpr DWORD PSP_HASHELP = 0x00000020;
 constexpr UINT PSN_APPLY = static_cast<UINT>(-202);

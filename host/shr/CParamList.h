@@ -43,9 +43,9 @@ public:
     void Clear();
 
 private:
-    using Names = std::vector<std::wstring>;
+    struct Names;
     struct Entry {
-        std::string narrow;  // the value, when it was set as narrow text
+        std::string narrow;                  // the value, when it was set as narrow text
         std::unique_ptr<std::wstring> wide;  // the value, when it was set as wide text
         Entry() = default;
         Entry(const Entry&);
@@ -54,10 +54,13 @@ private:
         Entry& operator=(Entry&&) noexcept = default;
     };
 
+    void RememberNames() noexcept;
+    std::size_t IndexOf(const std::wstring& name) const;
     Entry& EntryFor(const std::wstring& name);
+    void AppendName(const std::wstring& name);
 
-    std::shared_ptr<Names> names_;  // null while no name was set
-    std::vector<Entry> entries_;    // entries_[i] belongs to (*names_)[i]
+    std::shared_ptr<Names> names_;  // null while no name was set; may hold more than are set here
+    std::vector<Entry> entries_;    // entries_[i] belongs to name i
     std::size_t nextHint_ = 0;      // where the next name of a repeated sequence is expected
 };
 

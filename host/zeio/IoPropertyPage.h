@@ -28,12 +28,13 @@ public:
     // Keeps a copy of the page's property-sheet description.
     void SetPropSheetPage(const PROPSHEETPAGEW& page);
 
-    // Runs DlgProc; remembers the page's window at WM_INITDIALOG.
+    // Runs DlgProc; remembers the page's window from WM_INITDIALOG to WM_DESTROY.
     int CallDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     const PROPSHEETPAGEW& PropSheetPage() const { return page_; }
     const std::wstring& Name() const { return name_; }
     IoManager& Manager() const { return manager_; }
+    HWND Window() const { return window_; }  // null while the page is not shown
 
 private:
     std::wstring name_;

@@ -1,0 +1,63 @@
+// Filters' options pages under one roof, with OK, Cancel and Help, for systems without windows.
+#pragma once
+
+#include "host/platform/Export.h"
+#include "standalone/DialogModel.h"
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace zeio {
+class IoPropertyPage;
+}
+
+namespace standalone {
+
+// What a presenter shows and presses. Exceptions of the pages leave through the operations.
+class QOLF_HOST_API PropertySheet {
+public:
+    // Makes each page's dialog from its description; a page without one is left out. The pages
+    // must outlive the sheet.
+    explicit PropertySheet(const std::vector<zeio::IoPropertyPage*>& pages);
+    ~PropertySheet();
+    PropertySheet(const PropertySheet&) = delete;
+    PropertySheet& operator=(const PropertySheet&) = delete;
+
+    std::size_t PageCount() const { return pages_.size(); }
+    DialogModel& Page(std::size_t index);
+
+    // Whether the page has something to say when Help is pressed.
+    bool HasHelp(std::size_t index) const;
+
+    // Tells every page to apply its choices, then closes the sheet.
+    void PressOk();
+
+    void PressCancel();
+
+    // False when the page has no help.
+    bool PressHelp(std::size_t index);
+
+    // A sheet is also closed, unapplied, by a page that ends its own dialog.
+    bool IsOpen() const;
+    bool IsAccepted() const { return isAccepted_; }
+
+private:
+    struct ShownPage {
+        std::unique_ptr<DialogModel> dialog;
+        bool hasHelp;
+    };
+
+    static void Notify(DialogModel& page, UINT code);
+
+    std::vector<ShownPage> pages_;
+    bool isClosed_ = false;
+    bool isAccepted_ = false;
+};
+
+// Shows the pages until the sheet is closed. True when OK was pressed. Without pages there is
+// nothing to show, and the result is false.
+QOLF_HOST_API bool RunPropertySheet(const std::vector<zeio::IoPropertyPage*>& pages,
+                                    DialogPresenter& presenter);
+
+}  // namespace standalone

@@ -1,0 +1,44 @@
+#include "standalone/Text.h"
+
+#include "standalone/Utf8.h"
+#include "standalone/shr/CodePages.h"
+
+namespace standalone {
+
+bool SetCodePage0(const std::string& name) {
+    return shr::detail::SetHostCodePage(name);
+}
+
+std::string CodePage0() {
+    return shr::detail::HostCodePage();
+}
+
+std::wstring Widen(std::string_view utf8) {
+    std::wstring text;
+    text.reserve(utf8.size());
+    for (std::size_t position = 0; position < utf8.size();) {
+        if (const auto codePoint = DecodeUtf8(utf8, position)) {
+            AppendWide(text, *codePoint);
+        } else {
+            AppendWide(text, kReplacementCharacter);
+            ++position;
+        }
+    }
+    return text;
+}
+
+std::string Narrow(std::wstring_view text) {
+    std::string utf8;
+    utf8.reserve(text.size());
+    for (std::size_t position = 0; position < text.size();) {
+        const char32_t codePoint = DecodeWide(text, position);
+        if (IsSurrogate(codePoint) || codePoint > 0x10FFFF) {
+            utf8 += '?';
+        } else {
+            AppendUtf8(utf8, codePoint);
+        }
+    }
+    return utf8;
+}
+
+}  // namespace standalone

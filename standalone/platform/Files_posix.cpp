@@ -1,0 +1,33 @@
+#include "host/shr/Files.h"
+
+#include "host/platform/Stdio.h"
+#include "standalone/platform/PathLookup.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace shr {
+
+bool IsFileReadable(const std::wstring& path) {
+    std::FILE* stream = platform::OpenFile(path, platform::OpenMode::ReadBinary);
+    if (stream == nullptr) {
+        return false;
+    }
+    static_cast<void>(std::fclose(stream));  // nothing was written
+    return true;
+}
+
+long long GetFileSize(const std::wstring& path) {
+    struct stat status;
+    const std::string found = standalone::FindIgnoringCase(platform::PathToBytes(path));
+    if (found.empty() || stat(found.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return 0;
+    }
+    return status.st_size;
+}
+
+bool RemoveFile(const std::wstring& path) {
+    return unlink(platform::PathToBytes(path).c_str()) == 0;
+}
+
+}  // namespace shr

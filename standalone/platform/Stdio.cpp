@@ -1,0 +1,55 @@
+// What of the C runtime's interface is the same on every system.
+#include "host/platform/Stdio.h"
+
+#include "host/shr/Text.h"
+
+namespace platform {
+
+namespace {
+
+int Compare(int left, int right) {
+    return left < right ? -1 : static_cast<int>(left > right);
+}
+
+int Lower(int character) {
+    return character >= 'A' && character <= 'Z' ? character - 'A' + 'a' : character;
+}
+
+}  // namespace
+
+void SetBufferSize(std::FILE* stream, std::size_t bytes) {
+    // A refusal leaves the stream with its own buffer, which is only slower.
+    static_cast<void>(std::setvbuf(stream, nullptr, _IOFBF, bytes));
+}
+
+bool WriteBytes(std::FILE* stream, const char* bytes, std::size_t count) {
+    return std::fwrite(bytes, 1, count, stream) == count;
+}
+
+bool WriteWide(std::FILE* stream, const std::wstring& text) {
+    const std::string bytes = shr::WtoAN(text);
+    return WriteBytes(stream, bytes.data(), bytes.size());
+}
+
+int CompareNoCase(const char* left, const char* right) {
+    for (;; ++left, ++right) {
+        const int l = Lower(static_cast<unsigned char>(*left));
+        const int r = Lower(static_cast<unsigned char>(*right));
+        if (l != r || l == 0) {
+            return Compare(l, r);
+        }
+    }
+}
+
+int CompareNoCase(const wchar_t* left, const wchar_t* right, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const int l = Lower(static_cast<int>(left[i]));
+        const int r = Lower(static_cast<int>(right[i]));
+        if (l != r || l == 0) {
+            return Compare(l, r);
+        }
+    }
+    return 0;
+}
+
+}  // namespace platform

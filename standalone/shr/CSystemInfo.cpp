@@ -1,0 +1,9 @@
+#include "host/shr/CSystemInfo.h"
+
+namespace shr {
+
+std::wstring CSystemInfo::DefVariablePitchFace() {
+    return L"Arial";
+}
+
+}  // namespace shr

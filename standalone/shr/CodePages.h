@@ -1,0 +1,12 @@
+// Which code page the number 0 stands for. Internal to the host library.
+#pragma once
+
+#include <string>
+
+namespace shr::detail {
+
+// False, and nothing changed, when the system has no such code page.
+bool SetHostCodePage(const std::string& name);
+const std::string& HostCodePage();
+
+}  // namespace shr::detail
