@@ -1,0 +1,51 @@
+#include "tests/support/TemporaryFolder.h"
+
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <stdexcept>
+#include <system_error>
+
+namespace support {
+
+TemporaryFolder::TemporaryFolder() {
+    std::random_device random;
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        path_ = std::filesystem::temp_directory_path() /
+                ("qolf-test-" + std::to_string(random()) + std::to_string(random()));
+        if (std::filesystem::create_directory(path_)) {
+            return;
+        }
+    }
+    throw std::runtime_error("no temporary folder could be made");
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::wstring TemporaryFolder::PathOf(const std::string& name) const {
+    return (path_ / name).wstring();
+}
+
+std::wstring TemporaryFolder::Write(const std::string& name, std::string_view bytes) const {
+    std::ofstream stream(path_ / name, std::ios::binary);
+    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    stream.close();
+    if (!stream) {
+        throw std::runtime_error("can't write " + name);
+    }
+    return PathOf(name);
+}
+
+std::string TemporaryFolder::Read(const std::string& name) const {
+    std::ifstream stream(path_ / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+bool TemporaryFolder::Has(const std::string& name) const {
+    return std::filesystem::exists(path_ / name);
+}
+
+}  // namespace support
