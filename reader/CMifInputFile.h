@@ -86,11 +86,11 @@ public:
 
 private:
     int Fetch();
-    int FetchFromBlock();
     bool ReadQuoted();
-    bool ReadWord(int current);
-    void AppendToToken(std::size_t& length, int character);
-    void SetToken(std::size_t length);
+    bool ReadWord(int character);
+    bool ReadSeparator(int character);
+    void Terminate(char* end);
+    char* Grow(char* end);
 
     std::wstring path_;                 // empty when closed, and for a memory block
     std::uint64_t size_ = 0;            // bytes of the source when it was opened; 0 when closed
@@ -98,8 +98,8 @@ private:
     std::vector<unsigned char> block_;  // empty unless the source is in memory
     std::uint64_t blockPos_ = 0;        // index of the next byte to take from block_
     int current_ = 0;                   // the look-ahead, 0 to 255; -1 at the end of the input
-    std::vector<char> token_;           // the token, a NUL and room for longer ones
-    std::size_t tokenLength_ = 0;
+    std::vector<char> token_;           // the token, a NUL, and room for longer tokens
+    std::size_t tokenLength_ = 0;       // bytes of the token in token_
 };
 
 }  // namespace mif

@@ -100,27 +100,28 @@ public:
     const std::wstring& errorMessage() const { return errorMessage_; }
 
 private:
-    struct HeaderState;
-    enum class LineResult;
-    struct HeaderKeyword;
-    static const HeaderKeyword kHeaderKeywords[];
+    struct HeaderRun;
+    struct HeaderClause;
+    enum class AfterClause;
 
-    LineResult ReadHeaderLine(HeaderState& state);
-    LineResult ReadVersion(HeaderState& state);
-    LineResult ReadCharset(HeaderState& state);
-    LineResult ReadDelimiter(HeaderState& state);
-    LineResult ReadCoordSys(HeaderState& state);
-    LineResult ReadBounds(HeaderState& state);
-    LineResult ReadTransform(HeaderState& state);
-    LineResult ReadColumns(HeaderState& state);
-    LineResult SkipIndex(HeaderState& state);
-    LineResult WarnOfUnique(HeaderState& state);
-    LineResult FinishAtData(HeaderState& state);
-    LineResult SkipUnknown(HeaderState& state);
+    AfterClause ReadHeaderClause(HeaderRun& run);
+    AfterClause ReadVersion(HeaderRun& run);
+    AfterClause ReadCharset(HeaderRun& run);
+    AfterClause ReadDelimiter(HeaderRun& run);
+    AfterClause ReadCoordSys(HeaderRun& run);
+    AfterClause ReadBounds(HeaderRun& run);
+    AfterClause ReadTransform(HeaderRun& run);
+    AfterClause ReadColumns(HeaderRun& run);
+    AfterClause SkipIndex(HeaderRun& run);
+    AfterClause WarnOfUnique(HeaderRun& run);
+    AfterClause FinishAtData(HeaderRun& run);
+    AfterClause SkipUnknown();
+    void ReadCorners();
     bool NextTokenIs(const char* text);
-    bool CheckVersion(std::wstring& warnings);
-    void ForgetMidRow();
+    void OpenMid(const std::wstring& path);
     void CloseMid();
+    bool CheckVersion(std::wstring& warnings);
+    bool FindField(std::size_t index);
 
     std::FILE* midStream_ = nullptr;  // owned; null when there is no .mid file
     std::string midRow_;
@@ -139,8 +140,8 @@ private:
     MifBounds bounds_;
     MifTransform transform_;
 
-    // Where the field last asked for begins, so that asking for the fields of a row one after the
-    // other walks it once.
+    // The last field found in the row and where it begins, so that taking the fields one after the
+    // other walks the row once.
     std::size_t fieldIndex_ = 0;
     std::size_t fieldOffset_ = 0;
 };

@@ -1,0 +1,273 @@
+#include "reader/Numbers.h"
+
+#include "host/shr/Text.h"
+
+#include <algorithm>
+#include <bit>
+#include <cassert>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <system_error>
+
+namespace mif {
+
+namespace {
+
+bool IsDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
+// White space of the C locale.
+bool IsSpace(char character) {
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+char ToLower(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
+                                                : character;
+}
+
+char ToUpper(char character) {
+    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
+                                                : character;
+}
+
+bool IsHexDigit(char character) {
+    const char lower = ToLower(character);
+    return IsDigit(character) || (lower >= 'a' && lower <= 'f');
+}
+
+bool StartsWith(std::string_view text, std::string_view lowerCasePrefix) {
+    if (text.size() < lowerCasePrefix.size()) {
+        return false;
+    }
+    for (std::size_t index = 0; index < lowerCasePrefix.size(); ++index) {
+        if (ToLower(text[index]) != lowerCasePrefix[index]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// True for a digit, or a full stop and a digit.
+bool StartsWithDecimal(std::string_view text) {
+    const std::size_t digit = !text.empty() && text.front() == '.' ? 1 : 0;
+    return text.size() > digit && IsDigit(text[digit]);
+}
+
+bool StartsWithHexadecimal(std::string_view text) {
+    if (!StartsWith(text, "0x")) {
+        return false;
+    }
+    const std::size_t digit = text.size() > 2 && text[2] == '.' ? 3 : 2;
+    return text.size() > digit && IsHexDigit(text[digit]);
+}
+
+// Cuts leading white space and one sign off the text. True for a minus.
+bool TakeSign(std::string_view& text) {
+    while (!text.empty() && IsSpace(text.front())) {
+        text.remove_prefix(1);
+    }
+    const bool isNegative = !text.empty() && text.front() == '-';
+    if (isNegative || (!text.empty() && text.front() == '+')) {
+        text.remove_prefix(1);
+    }
+    return isNegative;
+}
+
+// The exponent that the text begins with (behind its letter), clamped; 0 when there is none.
+long long ReadExponent(std::string_view text) {
+    constexpr long long kClamp = 1'000'000'000'000'000;
+    const bool isNegative = !text.empty() && text.front() == '-';
+    if (isNegative || (!text.empty() && text.front() == '+')) {
+        text.remove_prefix(1);
+    }
+    long long exponent = 0;
+    for (const char character : text) {
+        if (!IsDigit(character)) {
+            break;
+        }
+        exponent = std::min(kClamp, exponent * 10 + (character - '0'));
+    }
+    return isNegative ? -exponent : exponent;
+}
+
+// What a decimal number that no double can hold becomes: whether it is too large or too small
+// shows in the decimal place of its first digit other than 0.
+double OutOfRangeValue(std::string_view text) {
+    long long place = 0;  // of the first such digit: 1 for units, 0 for tenths
+    bool isPastPoint = false;
+    bool isPastFirst = false;
+    std::size_t index = 0;
+    for (; index < text.size(); ++index) {
+        if (text[index] == '.' && !isPastPoint) {
+            isPastPoint = true;
+        } else if (IsDigit(text[index])) {
+            isPastFirst = isPastFirst || text[index] != '0';
+            place += isPastPoint ? (isPastFirst ? 0 : -1) : (isPastFirst ? 1 : 0);
+        } else {
+            break;
+        }
+    }
+    if (index < text.size() && ToLower(text[index]) == 'e') {
+        place += ReadExponent(text.substr(index + 1));
+    }
+    return place > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+double ReadDecimal(std::string_view text) {
+    double value = 0.0;
+    const auto result =
+        std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::general);
+    if (result.ec == std::errc::result_out_of_range) {
+        return OutOfRangeValue(text);
+    }
+    return result.ec == std::errc() ? value : 0.0;
+}
+
+// mantissa * 2^exponent, rounded once, to the nearest double, ties to even. The mantissa has at
+// most 62 bits.
+double ScaleByPowerOfTwo(std::uint64_t mantissa, long long exponent) {
+    constexpr long long kFarthest = 10'000;  // beyond it all is infinite or 0
+    constexpr long long kSmallestBit = -1074;
+    constexpr long long kSmallestNormal = -1022;
+    const long long scale = std::clamp(exponent, -kFarthest, kFarthest);
+    const long long topBit = std::bit_width(mantissa) - 1 + scale;
+    if (topBit >= kSmallestNormal || scale >= kSmallestBit) {
+        return std::ldexp(static_cast<double>(mantissa), static_cast<int>(scale));
+    }
+    const long long dropped = kSmallestBit - scale;
+    if (dropped > 62) {
+        return 0.0;
+    }
+    const std::uint64_t unit = std::uint64_t{1} << dropped;
+    const std::uint64_t rest = mantissa & (unit - 1);
+    std::uint64_t kept = mantissa >> dropped;
+    if (rest > unit / 2 || (rest == unit / 2 && kept % 2 == 1)) {
+        ++kept;
+    }
+    return std::ldexp(static_cast<double>(kept), static_cast<int>(kSmallestBit));
+}
+
+// The number whose hexadecimal digits these are ("0x" is cut off). std::from_chars would do, but
+// for subnormal numbers some libraries round it wrongly.
+double ReadHexadecimal(std::string_view text) {
+    constexpr int kDigits = 15;  // 60 bits: more than a double holds, and room for a sticky bit
+    std::uint64_t mantissa = 0;
+    int digitCount = 0;
+    long long exponent = 0;  // of two
+    bool isPastPoint = false;
+    bool hasLowerBits = false;
+    std::size_t index = 0;
+    for (; index < text.size(); ++index) {
+        const char character = ToLower(text[index]);
+        if (character == '.' && !isPastPoint) {
+            isPastPoint = true;
+            continue;
+        }
+        if (!IsHexDigit(character)) {
+            break;
+        }
+        const int digit = IsDigit(character) ? character - '0' : character - 'a' + 10;
+        if (digitCount < kDigits) {
+            mantissa = mantissa * 16 + static_cast<unsigned>(digit);
+            digitCount += mantissa != 0 ? 1 : 0;
+            exponent -= isPastPoint ? 4 : 0;
+        } else {
+            hasLowerBits = hasLowerBits || digit != 0;
+            exponent += isPastPoint ? 0 : 4;
+        }
+    }
+    if (index < text.size() && ToLower(text[index]) == 'p') {
+        exponent += ReadExponent(text.substr(index + 1));
+    }
+    return ScaleByPowerOfTwo(mantissa * 2 + (hasLowerBits ? 1 : 0), exponent - 1);
+}
+
+// Every form that from_chars reads differently from atof, or not at all.
+double ReadUnusualDouble(std::string_view text) {
+    const bool isNegative = TakeSign(text);
+    double value = 0.0;
+    if (StartsWith(text, "inf")) {
+        value = std::numeric_limits<double>::infinity();
+    } else if (StartsWith(text, "nan")) {
+        value = std::numeric_limits<double>::quiet_NaN();
+    } else if (StartsWithHexadecimal(text)) {
+        value = ReadHexadecimal(text.substr(2));
+    } else if (StartsWithDecimal(text)) {
+        value = ReadDecimal(text);
+    } else {
+        return 0.0;  // no number: not even a minus counts
+    }
+    return isNegative ? -value : value;
+}
+
+void AppendFormatted(std::string& text, double value, const char* format) {
+    text += shr::ToString(value, format);
+}
+
+}  // namespace
+
+double ReadDouble(std::string_view text) {
+    const char* const begin = text.data();
+    const char* const end = begin + text.size();
+    const char* const digits = begin != end && *begin == '-' ? begin + 1 : begin;
+    if (digits == end || !IsDigit(*digits)) {
+        return ReadUnusualDouble(text);
+    }
+    double value = 0.0;
+    const auto result = std::from_chars(begin, end, value, std::chars_format::general);
+    const bool mayBeHexadecimal = result.ptr != end && ToLower(*result.ptr) == 'x';
+    if (result.ec != std::errc() || mayBeHexadecimal) {
+        return ReadUnusualDouble(text);
+    }
+    return value;
+}
+
+int ReadInt(std::string_view text) {
+    const bool isNegative = TakeSign(text);
+    constexpr long long kLargest = std::numeric_limits<int>::max();
+    const long long limit = isNegative ? kLargest + 1 : kLargest;
+    long long value = 0;
+    for (const char character : text) {
+        if (!IsDigit(character)) {
+            break;
+        }
+        value = std::min(limit, value * 10 + (character - '0'));
+    }
+    return static_cast<int>(isNegative ? -value : value);
+}
+
+char* WriteDouble18G(char* out, double value) {
+    constexpr int kSignificantDigits = 18;
+    const auto result = std::to_chars(out, out + kDouble18GSize, value, std::chars_format::general,
+                                      kSignificantDigits);
+    assert(result.ec == std::errc());
+    // Letters stand only at the end: an exponent of at most five characters, or "-inf", "nan".
+    constexpr std::ptrdiff_t kLongestWord = 5;
+    for (char* place = std::max(out, result.ptr - kLongestWord); place != result.ptr; ++place) {
+        *place = ToUpper(*place);
+    }
+    return result.ptr;
+}
+
+void AppendDouble18G(std::string& text, double value) {
+    char buffer[kDouble18GSize];
+    text.append(buffer, WriteDouble18G(buffer, value));
+}
+
+void AppendDouble16g(std::string& text, double value) {
+    AppendFormatted(text, value, "%.16g");
+}
+
+void AppendDouble16G(std::string& text, double value) {
+    AppendFormatted(text, value, "%.16G");
+}
+
+void AppendDouble20f(std::string& text, double value) {
+    AppendFormatted(text, value, "%20.10f");
+}
+
+}  // namespace mif
