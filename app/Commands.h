@@ -1,0 +1,33 @@
+// The list of subcommands. Each one lives in a file of its own and offers one function that adds it
+// to the command line; the list is the only place that knows them all.
+#pragma once
+
+#include "app/Reporter.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <span>
+#include <string>
+
+namespace app {
+
+// What a subcommand shares with main(): where to speak, the module to load, and the work that the
+// command line chose. Parsing opens no file: a subcommand's callback only sets run.
+struct CommandContext {
+    explicit CommandContext(const Reporter& stderrReporter) : reporter(stderrReporter) {}
+
+    Reporter reporter;
+    std::string modulePath;    // --module; empty: the usual places (app/Module.h)
+    std::function<int()> run;  // answers the exit code; errors leave as exceptions
+};
+
+struct CommandEntry {
+    const char* name;
+    void (*add)(CLI::App& app, CommandContext& context);
+};
+
+// In the order of the help text.
+std::span<const CommandEntry> AllCommands();
+
+}  // namespace app

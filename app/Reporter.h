@@ -1,0 +1,55 @@
+// What the command says on stderr: errors, warnings, notes and the progress bar.
+#pragma once
+
+#include <chrono>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+namespace app {
+
+enum class Verbosity { Quiet, Normal, Verbose };
+
+// Errors are always written, warnings and notes unless quiet, details only when verbose. Every
+// line has the form "qolf: warning: text"; line breaks inside a text start new lines of that form.
+class Reporter {
+public:
+    // stream stays the caller's. isTerminal allows the progress bar; useColor allows colours.
+    Reporter(std::FILE* stream, bool isTerminal, bool useColor);
+
+    void SetVerbosity(Verbosity verbosity) { verbosity_ = verbosity; }
+    Verbosity GetVerbosity() const { return verbosity_; }
+
+    // Whether a progress bar may be shown at all. Initially when stream is a terminal.
+    void SetProgress(bool isWanted) { showProgress_ = isWanted; }
+
+    void Error(std::string_view text);
+    void Warning(std::string_view text);
+    void Note(std::string_view text);
+    void Detail(std::string_view text);
+
+    // Moves the bar: a fraction from 0 to 1, or a negative one when the total is not known. The bar
+    // appears once a run has lasted half a second and is redrawn at most ten times a second.
+    void StartProgress(std::string_view title);
+    void Progress(double fraction);
+    void EndProgress();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    void Line(std::string_view kind, std::string_view color, std::string_view text);
+    void DrawBar(double fraction, Clock::time_point now);
+    void ClearBar();
+
+    std::FILE* stream_;
+    bool useColor_;
+    bool showProgress_;
+    Verbosity verbosity_ = Verbosity::Normal;
+    std::string title_;
+    bool isRunning_ = false;
+    bool isDrawn_ = false;
+    Clock::time_point started_;
+    Clock::time_point drawn_;
+};
+
+}  // namespace app
