@@ -40,7 +40,7 @@ std::size_t Scaled(std::size_t count, double scale) {
 void WriteHeader(std::FILE* mif, const char* columns) {
     std::fprintf(mif,
                  "VERSION 300\nCHARSET \"WindowsLatin1\"\nDELIMITER \",\"\n"
-                 "COORDSYS Earth Projection 8, 104, \"m\", 27, 0, 0.9996, 500000, 0\n"
+                 "COORDSYS Earth Projection 1, 104\n\n"
                  "%sDATA\n",
                  columns);
 }
@@ -63,14 +63,14 @@ Pair Regions(const std::filesystem::path& folder, double scale) {
     WriteHeader(mif.get(), "COLUMNS 2\n  ID Integer\n  NAME Char(32)\n");
     Random random(1);
     for (std::size_t region = 0; region < Scaled(kRegionCount, scale); ++region) {
-        const double x = random.Uniform(300000.0, 700000.0);
-        const double y = random.Uniform(6400000.0, 6600000.0);
+        const double x = random.Uniform(101.0, 179.0);
+        const double y = random.Uniform(11.0, 79.0);
         std::fprintf(mif.get(), "REGION 1\n  %zu\n", kRegionVertices);
         for (std::size_t i = 0; i < kRegionVertices; ++i) {
             const std::size_t step = i + 1 == kRegionVertices ? 0 : i;
             const double angle =
                 2.0 * std::numbers::pi * static_cast<double>(step) / (kRegionVertices - 1);
-            const double radius = step == 0 ? 150.0 : random.Uniform(100.0, 200.0);
+            const double radius = step == 0 ? 0.015 : random.Uniform(0.01, 0.02);
             std::fprintf(mif.get(), "%.6f %.6f\n", x + radius * std::cos(angle),
                          y + radius * std::sin(angle));
         }
@@ -91,7 +91,7 @@ Pair Points(const std::filesystem::path& folder, double scale) {
     Random random(2);
     for (std::size_t point = 0; point < Scaled(1000000, scale); ++point) {
         std::fprintf(mif.get(), "POINT %.6f %.6f\n    SYMBOL (35,255,12)\n",
-                     random.Uniform(300000.0, 700000.0), random.Uniform(6400000.0, 6600000.0));
+                     random.Uniform(101.0, 179.0), random.Uniform(11.0, 79.0));
         std::fprintf(mid.get(), "%zu,\"a place name %zu\",\"settlement\"\n", point, point);
     }
     return pair;
@@ -106,14 +106,14 @@ Pair Polylines(const std::filesystem::path& folder, double scale) {
     const File mid = Create(pair.mid);
     WriteHeader(mif.get(), "COLUMNS 1\n  ID Integer\n");
     Random random(3);
-    constexpr std::size_t kVertices = 30;
+    constexpr std::size_t kVertices = 31;
     for (std::size_t line = 0; line < Scaled(200000, scale); ++line) {
-        double x = random.Uniform(300000.0, 700000.0);
-        double y = random.Uniform(6400000.0, 6600000.0);
+        double x = random.Uniform(101.0, 179.0);
+        double y = random.Uniform(11.0, 79.0);
         std::fprintf(mif.get(), "PLINE %zu\n", kVertices);
         for (std::size_t i = 0; i < kVertices; ++i) {
-            x += random.Uniform(-50.0, 50.0);
-            y += random.Uniform(-50.0, 50.0);
+            x += random.Uniform(-0.005, 0.005);
+            y += random.Uniform(-0.005, 0.005);
             std::fprintf(mif.get(), "%.6f %.6f\n", x, y);
         }
         std::fprintf(mif.get(), "    PEN (1,2,255)\n");
