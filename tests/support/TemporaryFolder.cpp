@@ -30,6 +30,9 @@ std::wstring TemporaryFolder::PathOf(const std::string& name) const {
 }
 
 std::wstring TemporaryFolder::Write(const std::string& name, std::string_view bytes) const {
+    // A file that is truncated and written again is flushed to the disk by some file systems; a new
+    // one is not, and tests that write thousands of files are a hundred times faster.
+    std::filesystem::remove(path_ / name);
     std::ofstream stream(path_ / name, std::ios::binary);
     stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     stream.close();
