@@ -24,8 +24,9 @@ struct ExportSettings {
 // One export under way. Construct, Send every object, Finish. Without Finish nothing is left.
 class ExportRun {
 public:
-    // Opens the pair. Throws Failure.
-    ExportRun(const ExportSettings& settings, Reporter& reporter);
+    // Opens the pair. Another host than the run's own sees the filter's calls when it is given; it
+    // must outlive the run. Throws Failure.
+    ExportRun(const ExportSettings& settings, Reporter& reporter, zeio::IoHost* host = nullptr);
     ~ExportRun();
 
     // Hands an object to the filter. Throws Failure when it can't be written.
@@ -35,9 +36,12 @@ public:
     // left then.
     bool Finish();
 
+    zeio::ExportStatus BeginStatus() const { return beginStatus_; }
+
 private:
     struct Parts;
     std::unique_ptr<Parts> parts_;
+    zeio::ExportStatus beginStatus_ = zeio::ExportStatus::Done;
 };
 
 }  // namespace app

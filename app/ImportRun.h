@@ -29,6 +29,14 @@ struct ImportSettings {
 // The options' store of a run: the user's, or with noStore an empty one in memory.
 std::unique_ptr<standalone::OptionStore> OpenOptionStore(bool noStore);
 
+// Whether the object is one that is drawn, and so has a row of attributes.
+bool IsGraphics(const zeio::TrBase& object);
+
+// Sets the host's code page 0 for a file: as --encoding says, else by the header's charset, with a
+// warning when that can't be had. Throws UsageError for an encoding that the system does not know.
+void ChooseCodePage(const std::filesystem::path& path, const std::string& encoding,
+                    Reporter& reporter);
+
 // A host that forwards progress and warnings to a reporter. Objects are dropped; derive for more.
 class ReportingHost : public zeio::IoHost {
 public:

@@ -5,58 +5,69 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace app {
 
 enum class IfExists { Refuse, Overwrite };
 
-// Throws Failure when path names a folder, or exists and may not be overwritten. The message
-// mentions --overwrite.
+// Throws Failure when path names a folder, lies in no folder, or exists and may not be overwritten;
+// the message then mentions --overwrite.
 void CheckOutput(const std::filesystem::path& path, IfExists ifExists);
 
 // Text or bytes for one file, or for standard output with the path "-".
 //
-// A file is written under another name in a private folder beside it and moved into place by
-// Finish. Without Finish nothing is left. Devices and pipes are written to directly.
+// A file is written under its name in a private folder beside its place and moved there by Finish.
+// Without Finish nothing is left. Devices and pipes are written to directly.
 class OutputFile {
 public:
+    // Throws Failure.
     OutputFile(const std::filesystem::path& path, IfExists ifExists);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    // Throws Failure with the system's reason; ClosedPipe when nobody reads any more.
+    // Takes bytes; they may stay in a buffer until Finish. Throws Failure with the system's reason;
+    // ClosedPipe when nobody reads any more.
     void Write(std::string_view bytes);
 
-    // Closes and moves into place. Throws Failure.
+    // Sends what is buffered on its way, for a reader that waits. Throws as Write.
+    void Flush();
+
+    // Closes and moves into place. Throws as Write.
     void Finish();
 
-    // For a library that writes by itself: the name to write to instead of using Write. Finish then
-    // only moves the file. Not for standard output.
+    // For a library that writes by itself: the name to write to instead of calling Write. Finish
+    // then only moves that file. Not for standard output.
     std::filesystem::path PathForLibrary();
 
 private:
     void OpenStream();
+    [[noreturn]] void FailWriting() const;
 
     std::filesystem::path path_;
     std::filesystem::path workPath_;    // empty: written directly
-    std::optional<TempFolder> folder_;  // in the folder of path_
+    std::optional<TempFolder> folder_;  // beside path_; absent when written directly
     std::FILE* stream_ = nullptr;       // null until the first Write
-    bool ownsStream_ = false;
+    std::string buffer_;
+    bool isLibraryWritten_ = false;
 };
 
-// A MIF/MID pair: written by the export filter in a private folder beside its place, moved by
+// A MIF/MID pair: written by the export filter in a private folder beside its place, moved there by
 // Finish.
 class OutputPair {
 public:
     OutputPair(const std::filesystem::path& mifPath, IfExists ifExists);
 
-    // The path to hand to the filter; same name, other folder.
+    // The path to hand to the filter: the same name in another folder.
     const std::filesystem::path& WorkPath() const { return workPath_; }
 
+    // A text of the module with the working path replaced by the user's.
+    std::wstring WithFinalPath(std::wstring text) const;
+
+    // Moves both files into place. Throws Failure.
     void Finish();
 
 private:

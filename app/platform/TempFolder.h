@@ -1,12 +1,14 @@
-// Private folders and files that must not stay behind, whatever ends the program.
+// Private folders that must not stay behind, whatever ends the program.
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 namespace app {
 
-// A folder of its own that only this user can read, removed with everything in it. It is also
-// removed when the program is ended by an interrupt or a request to terminate.
+// A folder of its own that only this user can use, removed with everything in it. The folder and
+// the files that were named by File are also removed when the program is ended by an interrupt, a
+// hang-up or a request to terminate.
 class TempFolder {
 public:
     // Made below parent; an empty parent is the system's folder for temporary files. Throws
@@ -18,9 +20,12 @@ public:
 
     const std::filesystem::path& Path() const { return path_; }
 
+    // The path of a file to be made in the folder. Every file that may be there when a signal comes
+    // is named first.
+    std::filesystem::path File(const std::filesystem::path& name) const;
+
 private:
     std::filesystem::path path_;
-    int slot_;
 };
 
 }  // namespace app

@@ -1,0 +1,79 @@
+#include "app/Module.h"
+
+#include "app/Errors.h"
+#include "app/Paths.h"
+#include "app/platform/System.h"
+
+#include <cstdlib>
+#include <vector>
+
+namespace app {
+namespace {
+
+std::vector<std::filesystem::path> UsualPlaces() {
+    std::vector<std::filesystem::path> places;
+    const std::filesystem::path folder = ProgramFolder();
+    places.push_back(folder / ModuleFileName());
+    places.push_back(folder / ".." / "lib" / "qolf" / ModuleFileName());
+#ifdef QOLF_MODULE_DIR
+    places.push_back(folder / QOLF_MODULE_DIR / ModuleFileName());
+#endif
+    return places;
+}
+
+std::filesystem::path FindModule(const std::string& wanted) {
+    if (!wanted.empty()) {
+        return PathFromArgument(wanted);
+    }
+    if (const char* fromEnvironment = std::getenv("QOLF_MODULE");
+        fromEnvironment != nullptr && *fromEnvironment != '\0') {
+        return PathFromArgument(fromEnvironment);
+    }
+    std::string tried;
+    for (const std::filesystem::path& place : UsualPlaces()) {
+        std::error_code error;
+        if (std::filesystem::exists(place, error)) {
+            return place;
+        }
+        tried += "\n  " + PathText(place.lexically_normal());
+    }
+    throw Failure("the filter module was not found; looked for" + tried +
+                  "\nname it with --module or in QOLF_MODULE");
+}
+
+template <typename Filter>
+Filter* CallFactory(void* library, const std::filesystem::path& path, const char* name,
+                    zeio::IoManager& manager) {
+    using Factory = Filter* (*)(zeio::IoManager&);
+    const auto factory = reinterpret_cast<Factory>(LibrarySymbol(library, name));
+    if (factory == nullptr) {
+        throw Failure(PathText(path) + ": is no filter module: it lacks " + name);
+    }
+    Filter* filter = factory(manager);
+    if (filter == nullptr) {
+        throw Failure(PathText(path) + ": the module made no filter: out of memory");
+    }
+    return filter;
+}
+
+}  // namespace
+
+Module::Module(const std::string& path) : path_(FindModule(path)) {
+    std::string reason;
+    library_ = LoadSharedLibrary(path_, reason);
+    if (library_ == nullptr) {
+        throw Failure(PathText(path_) + ": can't load the filter module: " + reason);
+    }
+}
+
+ImportFilterPtr Module::NewImportFilter(zeio::IoManager& manager) const {
+    auto* filter = CallFactory<zeio::IoImportFilter>(library_.get(), path_, "ImportMIF", manager);
+    return {filter, FilterDeleter<zeio::IoImportFilter>(library_)};
+}
+
+ExportFilterPtr Module::NewExportFilter(zeio::IoManager& manager) const {
+    auto* filter = CallFactory<zeio::IoExportFilter>(library_.get(), path_, "ExportMIF", manager);
+    return {filter, FilterDeleter<zeio::IoExportFilter>(library_)};
+}
+
+}  // namespace app

@@ -1,0 +1,129 @@
+#include "app/Reporter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace app {
+namespace {
+
+constexpr std::chrono::milliseconds kFirstShown{500};
+constexpr std::chrono::milliseconds kRedrawn{100};
+constexpr int kBarWidth = 30;
+
+constexpr std::string_view kRed = "\033[1;31m";
+constexpr std::string_view kYellow = "\033[1;33m";
+constexpr std::string_view kCyan = "\033[36m";
+constexpr std::string_view kPlain = "\033[0m";
+
+// "1:05" or "2:03:09".
+std::string Duration(double seconds) {
+    const long long whole = std::llround(seconds);
+    char text[48];
+    if (whole >= 3600) {
+        std::snprintf(text, sizeof text, "%lld:%02lld:%02lld", whole / 3600, whole / 60 % 60,
+                      whole % 60);
+    } else {
+        std::snprintf(text, sizeof text, "%lld:%02lld", whole / 60, whole % 60);
+    }
+    return text;
+}
+
+}  // namespace
+
+Reporter::Reporter(std::FILE* stream, bool isTerminal, bool useColor)
+    : stream_(stream), useColor_(useColor), showProgress_(isTerminal) {}
+
+void Reporter::Error(std::string_view text) {
+    Line("error", kRed, text);
+}
+
+void Reporter::Warning(std::string_view text) {
+    if (verbosity_ != Verbosity::Quiet) {
+        Line("warning", kYellow, text);
+    }
+}
+
+void Reporter::Note(std::string_view text) {
+    if (verbosity_ != Verbosity::Quiet) {
+        Line("note", kCyan, text);
+    }
+}
+
+void Reporter::Detail(std::string_view text) {
+    if (verbosity_ == Verbosity::Verbose) {
+        Line("detail", "", text);
+    }
+}
+
+void Reporter::Line(std::string_view kind, std::string_view color, std::string_view text) {
+    ClearBar();
+    while (!text.empty() && text.back() == '\n') {
+        text.remove_suffix(1);
+    }
+    std::size_t begin = 0;
+    while (begin <= text.size()) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        std::string line = "qolf: ";
+        const bool isColored = useColor_ && !color.empty();
+        line.append(isColored ? color : "").append(kind).append(isColored ? kPlain : "");
+        line.append(": ").append(text.substr(begin, end - begin)).append("\n");
+        std::fputs(line.c_str(), stream_);
+        begin = end + 1;
+    }
+    std::fflush(stream_);
+}
+
+void Reporter::StartProgress(std::string_view title) {
+    title_ = title;
+    isRunning_ = true;
+    started_ = Clock::now();
+    drawn_ = started_;
+}
+
+void Reporter::Progress(double fraction) {
+    if (!isRunning_ || !showProgress_ || verbosity_ == Verbosity::Quiet) {
+        return;
+    }
+    const Clock::time_point now = Clock::now();
+    if (now - started_ < kFirstShown || now - drawn_ < kRedrawn) {
+        return;
+    }
+    DrawBar(fraction, now);
+}
+
+void Reporter::DrawBar(double fraction, Clock::time_point now) {
+    const double seconds = std::chrono::duration<double>(now - started_).count();
+    std::string line = "\r" + title_ + " ";
+    if (fraction >= 0.0) {
+        const double share = std::clamp(fraction, 0.0, 1.0);
+        const int full = static_cast<int>(share * kBarWidth);
+        line += "[" + std::string(static_cast<std::size_t>(full), '#') +
+                std::string(static_cast<std::size_t>(kBarWidth - full), '.') + "] " +
+                std::to_string(static_cast<int>(share * 100.0)) + "%";
+        if (share > 0.02) {
+            line += ", " + Duration(seconds * (1.0 - share) / share) + " left";
+        }
+    } else {
+        line += "... " + Duration(seconds);
+    }
+    line += "\033[K";
+    std::fputs(line.c_str(), stream_);
+    std::fflush(stream_);
+    drawn_ = now;
+    isDrawn_ = true;
+}
+
+void Reporter::EndProgress() {
+    ClearBar();
+    isRunning_ = false;
+}
+
+void Reporter::ClearBar() {
+    if (isDrawn_) {
+        std::fputs("\r\033[K", stream_);
+        std::fflush(stream_);
+        isDrawn_ = false;
+    }
+}
+
+}  // namespace app
