@@ -14,7 +14,7 @@ namespace {
 constexpr ErrorOrigin kClosingFailed{L"CMifInputFile", 51};
 
 constexpr int kEnd = -1;
-constexpr std::size_t kStreamBufferBytes = 256 * 1024;
+constexpr std::size_t kStreamBufferBytes = 64 * 1024;
 constexpr std::size_t kFirstTokenCapacity = 256;
 
 // What a character does to the word being read.
@@ -54,7 +54,10 @@ bool CMifInputFile::OpenFile(const std::wstring& path) {
     if (stream_ == nullptr) {
         return false;
     }
-    platform::SetBufferSize(stream_, kStreamBufferBytes);
+    // Some C libraries take the size into account only when the memory comes from the caller. A
+    // refusal leaves the stream with a buffer of its own.
+    streamBuffer_.resize(kStreamBufferBytes);
+    static_cast<void>(std::setvbuf(stream_, streamBuffer_.data(), _IOFBF, streamBuffer_.size()));
     path_ = path;
     if (platform::SeekToEnd(stream_)) {
         size_ = platform::Tell(stream_);
@@ -135,22 +138,37 @@ bool CMifInputFile::ReadQuoted() {
 }
 
 bool CMifInputFile::ReadWord(int character) {
+    std::FILE* const stream = stream_;
+    if (stream != nullptr) {
+        ReadWordBy([stream] { return platform::GetByte(stream); }, character);
+    } else {
+        ReadWordBy([this] { return Fetch(); }, character);
+    }
+    return true;
+}
+
+// One loop for each source: a test of the source for every byte would show in the run time.
+template <typename FetchByte> void CMifInputFile::ReadWordBy(FetchByte fetchByte, int character) {
     char* out = token_.data();
     const char* limit = out + token_.size() - 1;
-    std::FILE* const stream = stream_;
-    do {
-        if (out == limit) {
-            out = Grow(out);
-            limit = token_.data() + token_.size() - 1;
-        }
-        *out++ = static_cast<char>(character);
+    for (;;) {
         do {
-            character = stream != nullptr ? platform::GetByte(stream) : Fetch();
-        } while (RoleOf(character) == Role::Vanishes);
-    } while (RoleOf(character) == Role::Belongs);
+            if (out == limit) {
+                out = Grow(out);
+                limit = token_.data() + token_.size() - 1;
+            }
+            *out++ = static_cast<char>(character);
+            character = fetchByte();
+        } while (RoleOf(character) == Role::Belongs);
+        while (RoleOf(character) == Role::Vanishes) {
+            character = fetchByte();
+        }
+        if (RoleOf(character) == Role::Ends) {
+            break;
+        }
+    }
     current_ = character;
     Terminate(out);
-    return true;
 }
 
 // Ends the token at a place in token_.

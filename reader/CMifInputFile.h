@@ -88,6 +88,7 @@ private:
     int Fetch();
     bool ReadQuoted();
     bool ReadWord(int character);
+    template <typename FetchByte> void ReadWordBy(FetchByte fetchByte, int character);
     bool ReadSeparator(int character);
     void Terminate(char* end);
     char* Grow(char* end);
@@ -95,6 +96,7 @@ private:
     std::wstring path_;                 // empty when closed, and for a memory block
     std::uint64_t size_ = 0;            // bytes of the source when it was opened; 0 when closed
     std::FILE* stream_ = nullptr;       // owned; null when closed, and for a memory block
+    std::vector<char> streamBuffer_;    // the memory that the C library's buffer of stream_ uses
     std::vector<unsigned char> block_;  // empty unless the source is in memory
     std::uint64_t blockPos_ = 0;        // index of the next byte to take from block_
     int current_ = 0;                   // the look-ahead, 0 to 255; -1 at the end of the input

@@ -116,7 +116,7 @@ bool CMifReader::ReadHeader(std::wstring& message) {
     }
     Rewind();
     version_ = kDefaultVersion;
-    delimiter_ = "\t";
+    delimiter_.assign(1, '\t');
     hasEarthProjection_ = false;
     bounds_ = {};
     transform_ = {};
@@ -315,7 +315,7 @@ void CMifReader::Reset() {
     fieldOffset_ = 0;
     version_ = 0;
     charset_.clear();
-    delimiter_ = ",";
+    delimiter_.assign(1, ',');
     columnNames_.clear();
     hasEarthProjection_ = false;
 }
