@@ -123,6 +123,8 @@ int MifExportDlg::HandleCommand(HWND window, int command) {
         EndDialog(window, 0);
         return 1;
     case IDC_EXPORT_DEFAULTS:
+        // Kept: the page itself changes at once, so an export after Cancel still takes these. Hosts
+        // give the export up when the sheet is cancelled.
         options_ = {};
         ShowOptions(window);
         return 1;

@@ -164,13 +164,13 @@ void MifExportFilter::OpenFiles(const std::wstring& path) {
         return errno != 0 ? shr::FormatSystemErrorMsg(errno)
                           : std::wstring(L"File write or file create error");
     };
-    const std::wstring midPath = shr::CPath::ChangeExtension(path, L".mid");
-    mid_.Discard();
-    if (!mif_.Open(path)) {
-        Throw_ERR_FILE_OPEN(kCannotOpenMif.source, kCannotOpenMif.line, path, reason());
+    mif_.SetPath(path);
+    mid_.SetPath(shr::CPath::ChangeExtension(path, L".mid"));
+    if (!mif_.Open()) {
+        Throw_ERR_FILE_OPEN(kCannotOpenMif.source, kCannotOpenMif.line, mif_.path(), reason());
     }
-    if (!mid_.Open(midPath)) {
-        Throw_ERR_FILE_OPEN(kCannotOpenMid.source, kCannotOpenMid.line, midPath, reason());
+    if (!mid_.Open()) {
+        Throw_ERR_FILE_OPEN(kCannotOpenMid.source, kCannotOpenMid.line, mid_.path(), reason());
     }
 }
 

@@ -18,11 +18,14 @@ OutputFile::~OutputFile() {
     static_cast<void>(Close());  // whoever wants to know has closed it before
 }
 
-bool OutputFile::Open(const std::wstring& path) {
+void OutputFile::SetPath(const std::wstring& path) {
     Discard();
     path_ = path;
+}
+
+bool OutputFile::Open() {
     errno = 0;
-    stream_ = platform::OpenFile(path, platform::OpenMode::WriteText);
+    stream_ = platform::OpenFile(path_, platform::OpenMode::WriteText);
     if (stream_ == nullptr) {
         return false;
     }

@@ -18,9 +18,11 @@ public:
     OutputFile() = default;
     ~OutputFile();
 
-    // Creates or empties the file. On failure false, with errno set and the path remembered; then
-    // nothing is open. What was open before is discarded first.
-    [[nodiscard]] bool Open(const std::wstring& path);
+    // Names the file, after discarding what was there before.
+    void SetPath(const std::wstring& path);
+
+    // Creates or empties the file. On failure false, with errno set; then nothing is open.
+    [[nodiscard]] bool Open();
 
     // Writes text as it stands, or wide text in code page 0. False when nothing is open or the
     // stream did not take it all.
@@ -48,7 +50,7 @@ public:
     const std::wstring& path() const { return path_; }
 
 private:
-    std::wstring path_;            // empty until the first Open
+    std::wstring path_;            // empty until SetPath
     std::FILE* stream_ = nullptr;  // owned; null when nothing is open
     bool isUnfinished_ = false;    // the file was opened and neither kept nor deleted since
 };
