@@ -1,0 +1,36 @@
+// The character sets that a MIF header names, and which code page a file is read in.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace app {
+
+struct Charset {
+    std::string_view mifName;
+    int windowsCodePage;         // 0 when there is none
+    std::string_view iconvName;  // empty when the system converts no such set
+};
+
+// What code page 0 of the host stands for unless a file says otherwise.
+inline constexpr std::string_view kDefaultCodePage = "CP1252";
+
+// By the name in the header, in any ASCII case; null for an unknown name and for "Neutral".
+const Charset* FindCharset(std::string_view mifName);
+
+struct CodePageChoice {
+    std::string codePage;  // for standalone::SetCodePage0
+    std::string charset;   // as the header has it; empty when it has none
+    std::string warning;   // why the text may come out wrong; empty when all is well
+};
+
+// Windows-1252 for no name, for "Neutral", and with a warning for a name that is unknown or has no
+// conversion.
+CodePageChoice CodePageOfCharset(std::string_view mifName);
+
+// Reads the header of a .mif file up to its CHARSET or DATA line. A byte order mark of UTF-8 wins
+// over the CHARSET. A file that can't be read gives the default.
+CodePageChoice CodePageForFile(const std::filesystem::path& mif);
+
+}  // namespace app

@@ -1,0 +1,24 @@
+#include "app/crs/detail/ProjHandles.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace app::detail {
+
+ContextHandle MakeContext() {
+    ContextHandle context(proj_context_create());
+    proj_log_level(context.get(), PJ_LOG_NONE);
+    proj_context_set_enable_network(context.get(), 0);
+    return context;
+}
+
+int EpsgCodeOf(const PJ* object) {
+    const char* authority = proj_get_id_auth_name(object, 0);
+    const char* code = proj_get_id_code(object, 0);
+    if (authority == nullptr || code == nullptr || std::strcmp(authority, "EPSG") != 0) {
+        return 0;
+    }
+    return std::atoi(code);
+}
+
+}  // namespace app::detail
