@@ -522,10 +522,16 @@ void Build(PJ_CONTEXT* context, const Horizontal& horizontal, CrsForExport& resu
     result.system->SetDatum(chosen.datum);
 }
 
-// A PROJ string means a coordinate system only with this word.
-std::string WithCrsType(const std::string& definition) {
+// What PROJ is given; empty for a text that is neither a code, nor a PROJ string, nor WKT or
+// PROJJSON: PROJ would look for a name that contains it and take the first.
+std::string DefinitionForProj(const std::string& definition) {
     const std::size_t first = definition.find_first_not_of(" \t\r\n");
-    const bool isProjString = first != std::string::npos && definition[first] == '+';
+    if (first == std::string::npos ||
+        definition.find_first_of(":[{+", first) == std::string::npos) {
+        return "";
+    }
+    // A PROJ string means a coordinate system only with this word.
+    const bool isProjString = definition[first] == '+';
     return isProjString && definition.find("+type=crs") == std::string::npos
                ? definition + " +type=crs"
                : definition;
@@ -536,7 +542,7 @@ std::string WithCrsType(const std::string& definition) {
 CrsForExport GcsFromCrs(const std::string& definition) {
     CrsForExport result;
     const detail::ContextHandle context = detail::MakeContext();
-    PjHandle crs(proj_create(context.get(), WithCrsType(definition).c_str()));
+    PjHandle crs(proj_create(context.get(), DefinitionForProj(definition).c_str()));
     if (!crs || proj_is_crs(crs.get()) == 0) {
         result.problem = "\"" + definition + "\" is no coordinate system that PROJ knows";
         return result;
@@ -549,6 +555,7 @@ CrsForExport GcsFromCrs(const std::string& definition) {
         }
         Build(context.get(), horizontal, result);
     } catch (const Inexpressible& inexpressible) {
+        result.warnings.clear();
         result.problem = "MIF can't express " + inexpressible.what + " (" + result.name + ")";
     }
     return result;

@@ -72,10 +72,15 @@ const MethodRow* FindMethod(ProjectionMethod method) {
     return nullptr;
 }
 
-// The shortest text that reads back as the same number.
+// The shortest text that reads back as the same number, without an exponent where one can do
+// without.
 std::string NumberText(double value) {
-    char text[32];
-    const auto result = std::to_chars(std::begin(text), std::end(text), value);
+    const double size = std::fabs(value);
+    const bool isPlain = value == 0.0 || (size >= 1e-6 && size < 1e15);
+    char text[48];
+    const auto result =
+        std::to_chars(std::begin(text), std::end(text), value,
+                      isPlain ? std::chars_format::fixed : std::chars_format::general);
     return {std::begin(text), result.ptr};
 }
 
@@ -114,6 +119,12 @@ std::string EllipsoidText(const gcs::EllipsoidDef& ellipsoid) {
         Add(text, "rf", 1.0 / ellipsoid.GetFlattening());
     }
     return text;
+}
+
+// The factor of a survey foot is cut off in a clause; the foot is meant.
+double MetresPerUnit(double unitsPerMetre) {
+    constexpr double kSurveyFoot = 1200.0 / 3937.0;
+    return unitsPerMetre == kSurveyFeetPerMetre ? kSurveyFoot : 1.0 / unitsPerMetre;
 }
 
 struct FalseOrigin {
@@ -158,8 +169,8 @@ std::string ProjectionText(const MethodRow& row, const ProjectionParameters& p) 
         Add(text, "k_0", p.scaleFactor);
     }
     const FalseOrigin origin = FalseOriginOf(row.method, p);
-    Add(text, "x_0", origin.easting / p.unitsPerMetre);
-    Add(text, "y_0", origin.northing / p.unitsPerMetre);
+    Add(text, "x_0", origin.easting * MetresPerUnit(p.unitsPerMetre));
+    Add(text, "y_0", origin.northing * MetresPerUnit(p.unitsPerMetre));
     return text;
 }
 
@@ -171,7 +182,7 @@ std::string UnitText(double unitsPerMetre) {
         return " +units=us-ft";
     }
     std::string text;
-    Add(text, "to_meter", 1.0 / unitsPerMetre);
+    Add(text, "to_meter", MetresPerUnit(unitsPerMetre));
     return text;
 }
 
@@ -350,6 +361,11 @@ nlohmann::json JsonOf(PJ_CONTEXT* context, const PJ* object) {
     return text == nullptr ? nlohmann::json() : nlohmann::json::parse(text);
 }
 
+detail::PjHandle FromRegister(PJ_CONTEXT* context, int code) {
+    return detail::PjHandle(proj_create_from_database(context, "EPSG", std::to_string(code).c_str(),
+                                                      PJ_CATEGORY_CRS, 0, nullptr));
+}
+
 // The register's geographic system of the datum, when it means the same frame: same ellipsoid (to
 // 1 mm), and degrees as the file has them.
 detail::PjHandle RegisteredFrame(PJ_CONTEXT* context, const gcs::DatumDef& datum) {
@@ -357,9 +373,7 @@ detail::PjHandle RegisteredFrame(PJ_CONTEXT* context, const gcs::DatumDef& datum
     if (code == 0) {
         return nullptr;
     }
-    detail::PjHandle frame(proj_create_from_database(context, "EPSG", std::to_string(code).c_str(),
-                                                     PJ_CATEGORY_CRS,
-                                                     /*usePROJAlternativeGridNames=*/0, nullptr));
+    detail::PjHandle frame = FromRegister(context, code);
     const detail::PjHandle ellipsoid(frame ? proj_get_ellipsoid(context, frame.get()) : nullptr);
     double major = 0.0;
     double minor = 0.0;
@@ -382,27 +396,23 @@ bool HasDegrees(PJ_CONTEXT* context, const PJ* frame) {
            unit != nullptr && std::string_view(unit) == "degree";
 }
 
-// The system on the register's own datum; null where that is not the same.
-detail::PjHandle OnRegisteredFrame(PJ_CONTEXT* context, const Parts& parts,
-                                   const gcs::GCSDef& system) {
-    if (IsWebMap(parts, system.GetDatum())) {
-        return detail::PjHandle(proj_create_from_database(
-            context, "EPSG", std::to_string(kPseudoMercator).c_str(), PJ_CATEGORY_CRS, 0, nullptr));
-    }
-    detail::PjHandle frame = RegisteredFrame(context, system.GetDatum());
-    if (parts.row->method == ProjectionMethod::LongitudeLatitude) {
-        return frame && HasDegrees(context, frame.get()) ? std::move(frame) : nullptr;
-    }
+detail::PjHandle FromJson(PJ_CONTEXT* context, const nlohmann::json& json) {
+    return detail::PjHandle(proj_create(context, json.dump().c_str()));
+}
+
+// The projected system on the register's geographic one; null when PROJ can't make it.
+nlohmann::json OnFrame(PJ_CONTEXT* context, const Parts& parts, const PJ* frame,
+                       const std::string& name) {
     const detail::PjHandle projected(
         proj_create(context, CrsText(parts, /*withShift=*/false).c_str()));
-    if (!frame || !projected) {
-        return nullptr;
+    nlohmann::json json;
+    if (projected) {
+        json = JsonOf(context, projected.get());
+        json["base_crs"] = JsonOf(context, frame);
+        json["base_crs"].erase("$schema");
+        json["name"] = name;
     }
-    nlohmann::json json = JsonOf(context, projected.get());
-    json["base_crs"] = JsonOf(context, frame.get());
-    json["base_crs"].erase("$schema");
-    json["name"] = NameInWords(system);
-    return detail::PjHandle(proj_create(context, json.dump().c_str()));
+    return json;
 }
 
 void IdentifyInRegister(PJ_CONTEXT* context, const PJ* system, CrsIdentity& identity) {
@@ -413,16 +423,15 @@ void IdentifyInRegister(PJ_CONTEXT* context, const PJ* system, CrsIdentity& iden
     int equalDefinitions = 0;
     for (int i = 0; list && i < proj_list_get_count(list.get()); ++i) {
         detail::PjHandle candidate(proj_list_get(context, list.get(), i));
+        const bool isSure = confidences[i] >= kSure;
         if (!candidate || detail::EpsgCodeOf(candidate.get()) == 0 ||
-            proj_is_equivalent_to_with_ctx(context, system, candidate.get(),
-                                           PJ_COMP_EQUIVALENT_EXCEPT_AXIS_ORDER_GEOGCRS) == 0) {
+            (!isSure && proj_is_equivalent_to_with_ctx(context, system, candidate.get(),
+                                                       PJ_COMP_EQUIVALENT) == 0)) {
             continue;
         }
+        best = std::move(candidate);
         ++equalDefinitions;
-        if (!best || confidences[i] >= kSure) {
-            best = std::move(candidate);
-        }
-        if (confidences[i] >= kSure) {
+        if (isSure) {
             equalDefinitions = 1;
             break;
         }
@@ -431,6 +440,29 @@ void IdentifyInRegister(PJ_CONTEXT* context, const PJ* system, CrsIdentity& iden
     if (best && equalDefinitions == 1) {
         identity.epsgCode = detail::EpsgCodeOf(best.get());
         identity.epsgName = proj_get_name(best.get());
+    }
+}
+
+std::string WktOf(PJ_CONTEXT* context, const PJ* system) {
+    const char* wkt =
+        system != nullptr ? proj_as_wkt(context, system, PJ_WKT2_2019, nullptr) : nullptr;
+    return wkt != nullptr ? wkt : "";
+}
+
+// The register has systems with the northing first; those are the same to a file.
+void IdentifyInEitherOrder(PJ_CONTEXT* context, nlohmann::json json, CrsIdentity& identity) {
+    const detail::PjHandle eastingFirst = FromJson(context, json);
+    if (!eastingFirst) {
+        return;
+    }
+    identity.wkt2 = WktOf(context, eastingFirst.get());
+    IdentifyInRegister(context, eastingFirst.get(), identity);
+    nlohmann::json& axes = json["coordinate_system"]["axis"];
+    if (identity.epsgCode == 0 && axes.size() == 2) {
+        std::swap(axes[0], axes[1]);
+        if (const detail::PjHandle northingFirst = FromJson(context, json)) {
+            IdentifyInRegister(context, northingFirst.get(), identity);
+        }
     }
 }
 
@@ -472,14 +504,22 @@ CrsIdentity Identify(const gcs::CSDef& system) {
     }
     const auto& earth = static_cast<const gcs::GCSDef&>(system);
     const detail::ContextHandle context = detail::MakeContext();
-    detail::PjHandle crs = OnRegisteredFrame(context.get(), parts, earth);
-    if (crs) {
-        IdentifyInRegister(context.get(), crs.get(), identity);
+    const bool isGeographic = parts.row->method == ProjectionMethod::LongitudeLatitude;
+    const bool isWebMap = IsWebMap(parts, earth.GetDatum());
+    const detail::PjHandle frame = isWebMap ? FromRegister(context.get(), kPseudoMercator)
+                                            : RegisteredFrame(context.get(), earth.GetDatum());
+    if (frame && !isGeographic && !isWebMap) {
+        const auto json = OnFrame(context.get(), parts, frame.get(), NameInWords(system));
+        IdentifyInEitherOrder(context.get(), json, identity);
+    } else if (frame && (isWebMap || HasDegrees(context.get(), frame.get()))) {
+        identity.wkt2 = WktOf(context.get(), frame.get());
+        identity.epsgCode = detail::EpsgCodeOf(frame.get());
+        identity.epsgName = proj_get_name(frame.get());
     } else {
-        crs.reset(proj_create(context.get(), CrsText(parts, /*withShift=*/true).c_str()));
+        const detail::PjHandle crs(
+            proj_create(context.get(), CrsText(parts, /*withShift=*/true).c_str()));
+        identity.wkt2 = WktOf(context.get(), crs.get());
     }
-    const char* wkt = crs ? proj_as_wkt(context.get(), crs.get(), PJ_WKT2_2019, nullptr) : nullptr;
-    identity.wkt2 = wkt != nullptr ? wkt : "";
     return identity;
 }
 

@@ -180,9 +180,12 @@ ChosenDatum DatumOfFoundShift(PJ_CONTEXT* context, const PJ* frame, const Ellips
         }
         chosen.warnings.push_back("no transformation leads from \"" + name +
                                   "\" to WGS 84; both are taken as the same");
-    } else if (!chosen.datum.IsUnknown()) {
-        chosen.warnings.push_back("the datum of \"" + name + "\" is none of MIF's; it is written " +
-                                  "by the numbers of \"" + found->name + "\"");
+    } else if (chosen.problem.empty()) {
+        chosen.warnings.push_back(
+            "the datum of \"" + name + "\" is none of MIF's; " +
+            (chosen.datum.GetName().empty()
+                 ? "the clause has the numbers of \"" + found->name + "\""
+                 : "\"" + standalone::Narrow(chosen.datum.GetName()) + "\" has the same numbers"));
     }
     return chosen;
 }
