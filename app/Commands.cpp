@@ -1,6 +1,10 @@
 #include "app/Commands.h"
 
 #include "app/InfoCommand.h"
+#include "app/TraceCommand.h"
+#ifdef QOLF_HAS_DRAW
+#include "app/draw/DrawCommand.h"
+#endif
 
 #include <array>
 
@@ -9,6 +13,10 @@ namespace {
 
 constexpr std::array kCommands{
     CommandEntry{"info", AddInfoCommand},
+    CommandEntry{"trace", AddTraceCommand},
+#ifdef QOLF_HAS_DRAW
+    CommandEntry{"draw", AddDrawCommand},
+#endif
 };
 
 }  // namespace
