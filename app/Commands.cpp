@@ -1,6 +1,7 @@
 #include "app/Commands.h"
 
 #include "app/InfoCommand.h"
+#include "app/ReplayCommand.h"
 #include "app/TraceCommand.h"
 #ifdef QOLF_HAS_DRAW
 #include "app/draw/DrawCommand.h"
@@ -14,6 +15,7 @@ namespace {
 constexpr std::array kCommands{
     CommandEntry{"info", AddInfoCommand},
     CommandEntry{"trace", AddTraceCommand},
+    CommandEntry{"replay", AddReplayCommand},
 #ifdef QOLF_HAS_DRAW
     CommandEntry{"draw", AddDrawCommand},
 #endif

@@ -62,6 +62,16 @@ void CheckOutput(const std::filesystem::path& path, IfExists ifExists) {
     }
 }
 
+void CheckMifOutput(const std::string& argument) {
+    if (argument == "-") {
+        throw UsageError("a MIF/MID pair is two files and can't go to standard output; name a .mif "
+                         "file");
+    }
+    if (LowerExtension(PathFromArgument(argument)) != ".mif") {
+        throw UsageError(argument + ": the output must be named .mif");
+    }
+}
+
 OutputFile::OutputFile(const std::filesystem::path& path, IfExists ifExists)
     : path_(BehindLinks(path)) {
     if (path == "-") {
@@ -94,7 +104,8 @@ void OutputFile::OpenStream() {
     }
 }
 
-void OutputFile::FailWriting() const {
+void OutputFile::FailWriting() {
+    hasFailed_ = true;
     if (errno == EPIPE) {
         throw ClosedPipe();
     }
@@ -103,6 +114,9 @@ void OutputFile::FailWriting() const {
 }
 
 void OutputFile::Write(std::string_view bytes) {
+    if (hasFailed_) {
+        return;
+    }
     buffer_.append(bytes);
     if (buffer_.size() < kBufferSize) {
         return;

@@ -17,6 +17,9 @@ enum class IfExists { Refuse, Overwrite };
 // the message then mentions --overwrite.
 void CheckOutput(const std::filesystem::path& path, IfExists ifExists);
 
+// Throws UsageError when a MIF/MID pair can't have that name: "-", or an extension other than .mif.
+void CheckMifOutput(const std::string& argument);
+
 // Text or bytes for one file, or for standard output with the path "-".
 //
 // A file is written under its name in a private folder beside its place and moved there by Finish.
@@ -45,13 +48,14 @@ public:
 
 private:
     void OpenStream();
-    [[noreturn]] void FailWriting() const;
+    [[noreturn]] void FailWriting();
 
     std::filesystem::path path_;
     std::filesystem::path workPath_;    // empty: written directly
     std::optional<TempFolder> folder_;  // beside path_; absent when written directly
     std::FILE* stream_ = nullptr;       // null until the first Write
     std::string buffer_;
+    bool hasFailed_ = false;  // the failure was thrown; what comes after it is dropped
     bool isLibraryWritten_ = false;
 };
 

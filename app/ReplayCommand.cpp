@@ -1,0 +1,179 @@
+#include "app/ReplayCommand.h"
+
+#include "app/Errors.h"
+#include "app/ExportRun.h"
+#include "app/ExtentOfObjects.h"
+#include "app/InputLines.h"
+#include "app/Json.h"
+#include "app/ObjectReader.h"
+#include "app/Paths.h"
+#include "app/TraceHost.h"
+#include "app/TraceJson.h"
+
+#include <nlohmann/json.hpp>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace app {
+namespace {
+
+using Json = nlohmann::json;
+
+constexpr const char* kFooter = R"(
+The input is one JSON object a line, as qolf trace prints it; lines that are no objects of an import
+are passed over.
+
+Examples:
+  qolf trace a.mif | qolf replay - b.mif
+  qolf replay --trace --no-store objects.jsonl out.mif)";
+
+// The object of a line; null for a call that hands over none. Throws ObjectError.
+std::unique_ptr<zeio::TrBase> ObjectOfLine(const std::string& line) {
+    const Json json = Json::parse(line, nullptr, /*allow_exceptions=*/false);
+    if (json.is_discarded() || !json.is_object()) {
+        throw ObjectError("is no JSON object");
+    }
+    const auto call = json.find("call");
+    if (call == json.end()) {
+        return ObjectFromJson(json);
+    }
+    if (*call != "ImportObject") {
+        return nullptr;
+    }
+    const auto object = json.find("object");
+    if (object == json.end()) {
+        throw ObjectError("the call has no \"object\"");
+    }
+    return ObjectFromJson(*object);
+}
+
+// Hands every object of the input to take, in order. Throws Failure, naming the line.
+void ForEachObject(const RereadableInput& input, Reporter& reporter,
+                   const std::function<void(zeio::TrBase&)>& take) {
+    InputStream stream(input);
+    std::string line;
+    while (stream.NextLine(line)) {
+        if (line.find_first_not_of(" \t") == std::string::npos) {
+            continue;
+        }
+        std::unique_ptr<zeio::TrBase> object;
+        try {
+            object = ObjectOfLine(line);
+        } catch (const ObjectError& error) {
+            throw Failure(input.Name() + ": line " + std::to_string(stream.LineNumber()) + ": " +
+                          error.what());
+        }
+        if (object != nullptr) {
+            take(*object);
+        }
+        reporter.Progress(stream.Fraction());
+    }
+}
+
+// What the host would send in place of the object.
+zeio::ExportStatus SendAsHost(ExportRun& run, zeio::TrBase& object, const shr::Box3d& extent) {
+    if (object.GetTypeId() != zeio::TrInitGraphicsImp::GetClassTypeId()) {
+        return run.Send(object);
+    }
+    zeio::TrInitGraphicsExp questions;
+    questions.extent = extent;
+    return run.Send(questions);
+}
+
+std::string ResultLine(const ExportRun& run, const std::vector<zeio::ExportStatus>& statuses,
+                       bool isWritten) {
+    std::string line = "{\"result\":{\"BeginExport\":";
+    AppendJsonNumber(line, static_cast<std::int64_t>(run.BeginStatus()));
+    line += ",\"ExportObject\":[";
+    for (const zeio::ExportStatus& status : statuses) {
+        line += &status == statuses.data() ? "" : ",";
+        AppendJsonNumber(line, static_cast<std::int64_t>(status));
+    }
+    line += "],\"EndExport\":";
+    line += isWritten ? "0}}\n" : "1}}\n";
+    return line;
+}
+
+ExportSettings SettingsOf(const ReplayOptions& options) {
+    ExportSettings settings;
+    settings.path = PathFromArgument(options.output);
+    settings.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
+    settings.noStore = options.noStore;
+    settings.optionString = options.optionString;
+    settings.modulePath = options.modulePath;
+    return settings;
+}
+
+}  // namespace
+
+int RunReplay(const ReplayOptions& options, Reporter& reporter) {
+    CheckMifOutput(options.output);
+    if (!options.encoding.empty()) {
+        ChooseCodePage({}, options.encoding, reporter);
+    }
+    const ExportSettings settings = SettingsOf(options);
+    CheckOutput(settings.path, settings.ifExists);
+    const RereadableInput input(PathFromArgument(options.input));
+
+    // The first pass finds the extent, and every faulty line before anything is written.
+    ExtentOfObjects extent;
+    reporter.StartProgress("reading");
+    ForEachObject(input, reporter, [&](zeio::TrBase& object) { extent.Add(object); });
+
+    const auto store = OpenOptionStore(options.noStore);
+    OutputFile output("-", IfExists::Overwrite);
+    TraceHost traceHost(*store, output);
+    ExportRun run(settings, reporter, options.trace ? &traceHost : nullptr);
+    std::vector<zeio::ExportStatus> statuses;
+    reporter.StartProgress(options.output);
+    ForEachObject(input, reporter, [&](zeio::TrBase& object) {
+        const shr::Box3d box = options.noExtent ? ExtentOfObjects().Box() : extent.Box();
+        const zeio::ExportStatus status = SendAsHost(run, object, box);
+        if (options.trace) {
+            statuses.push_back(status);
+        }
+    });
+    const bool isWritten = run.Finish();
+    reporter.EndProgress();
+    if (options.trace) {
+        output.Write(ResultLine(run, statuses, isWritten));
+        output.Finish();
+    }
+    if (!isWritten) {
+        reporter.Warning(input.Name() + ": holds no objects that are drawn; nothing was written");
+    }
+    return 0;
+}
+
+void AddReplayCommand(CLI::App& program, CommandContext& context) {
+    auto options = std::make_shared<ReplayOptions>();
+    CLI::App* command =
+        program.add_subcommand("replay", "Write translation objects to a MIF/MID pair");
+    command->add_option("input", options->input, "Objects as JSON Lines; - is standard input")
+        ->type_name("FILE")
+        ->required();
+    command->add_option("output", options->output, "The .mif file to write")
+        ->type_name("OUT.mif")
+        ->required();
+    command->add_flag("--trace", options->trace, "Print what the export filter tells its host");
+    command->add_flag("--no-extent", options->noExtent, "Do not tell the filter the extent");
+    command
+        ->add_option("--option-string", options->optionString,
+                     "Options for the filter: \"AreasToCurves=1;RenderText=0\"")
+        ->type_name("TEXT");
+    command->add_flag("--no-store", options->noStore, "Neither read nor write stored options");
+    command->add_flag("--overwrite", options->overwrite, "Replace files that exist");
+    command->add_option("--encoding", options->encoding, "Encoding of the texts written")
+        ->type_name("NAME");
+    command->footer(kFooter);
+    command->callback([options, &context] {
+        context.run = [options, &context] {
+            options->modulePath = context.modulePath;
+            return RunReplay(*options, context.reporter);
+        };
+    });
+}
+
+}  // namespace app
