@@ -91,6 +91,8 @@ int MifExportDlg::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM
         ShowHelp();
         return 1;
     case WM_NOTIFY:
+        // The window system passes the address as a number.
+        // NOLINTNEXTLINE(performance-no-int-to-ptr)
         return HandleNotification(window, reinterpret_cast<const NMHDR*>(lParam)->code);
     default:
         return 0;

@@ -39,7 +39,7 @@ constexpr std::uint32_t kCapabilities = 0x013E0100;
 constexpr std::uint32_t kRendersText = 0x1;
 constexpr std::uint32_t kRendersMarkers = 0x2;
 
-constexpr std::size_t kFlushBytes = 32 * 1024;
+constexpr std::size_t kFlushBytes = std::size_t{32} * 1024;
 
 // The polygon's rings, in order. Sizes that are negative or run past the vertex list are clamped
 // to what is there.

@@ -10,7 +10,7 @@ namespace mif {
 
 namespace {
 
-constexpr std::size_t kStreamBufferBytes = 64 * 1024;
+constexpr std::size_t kStreamBufferBytes = std::size_t{64} * 1024;
 
 }  // namespace
 

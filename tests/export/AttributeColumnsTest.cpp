@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,6 +39,18 @@ AttributeColumns ColumnsOfWidth(std::size_t count, std::size_t width) {
     AttributeColumns columns;
     columns.Replace(std::vector<std::wstring>(count, L"A"));
     Row(columns, {{L"A", std::wstring(width, L'x')}});
+    return columns;
+}
+
+// Columns A0, A1, ..., of which each row fills another one.
+AttributeColumns ColumnsOfOneValueARow(int count, std::size_t width) {
+    std::vector<std::wstring> names(static_cast<std::size_t>(count));
+    std::generate(names.begin(), names.end(),
+                  [number = 0]() mutable { return L"A" + std::to_wstring(number++); });
+    AttributeColumns columns = ColumnsOf(names);
+    for (const std::wstring& name : names) {
+        Row(columns, {{name, std::wstring(width, L'x')}});
+    }
     return columns;
 }
 
@@ -182,15 +195,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return row.param.name; });
 
 TEST(LimitWarningOfARow, KeptAddsUpTheWidestValuesOfDifferentRows) {
-    AttributeColumns columns;
-    std::vector<std::wstring> names;
-    for (int i = 0; i < 17; ++i) {
-        names.push_back(L"A" + std::to_wstring(i));
-    }
-    columns.Replace(names);
-    for (const std::wstring& name : names) {
-        Row(columns, {{name, std::wstring(250, L'x')}});
-    }
+    AttributeColumns columns = ColumnsOfOneValueARow(17, 250);
 
     EXPECT_EQ(std::wstring(columns.LimitWarning()), kRowWarning);
 }

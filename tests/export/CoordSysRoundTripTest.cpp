@@ -161,7 +161,7 @@ const std::map<std::string, std::string> kTokensReadOtherwise = {
 // The datum of a row, made up when no list has it.
 gcs::DatumDef DatumOf(const DatumRow& row) {
     const std::wstring token = shr::AtoW(row.token);
-    const gcs::DatumDef known = KnownDatum(token.c_str());
+    gcs::DatumDef known = KnownDatum(token.c_str());
     if (!known.IsUnknown()) {
         return known;
     }

@@ -17,7 +17,6 @@ namespace mif::test {
 
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 // Lowers the largest size that a file of this process may have, for a while.

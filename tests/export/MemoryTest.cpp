@@ -15,7 +15,7 @@ namespace mif::test {
 namespace {
 
 constexpr std::size_t kVertices = 2'000'000;
-constexpr long kMostKibibytes = 64 * 1024;
+constexpr long kMostKibibytes = 64L * 1024;
 
 long PeakKibibytes() {
     rusage usage{};
