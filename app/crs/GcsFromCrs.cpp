@@ -468,12 +468,27 @@ void Append(std::vector<std::string>& to, const std::vector<std::string>& from) 
     to.insert(to.end(), from.begin(), from.end());
 }
 
+// The geographic system behind a system; the flat one where it has heights, since a system with
+// heights has a code of its own but the same name.
+PjHandle FrameOf(PJ_CONTEXT* context, const PJ* crs) {
+    PjHandle frame(proj_crs_get_geodetic_crs(context, crs));
+    if (!frame || proj_get_type(frame.get()) != PJ_TYPE_GEOGRAPHIC_3D_CRS) {
+        return frame;
+    }
+    constexpr PJ_TYPE kFlat = PJ_TYPE_GEOGRAPHIC_2D_CRS;
+    const detail::PjListHandle list(
+        proj_create_from_name(context, "EPSG", NameOf(frame.get()).c_str(), &kFlat, 1,
+                              /*approximateMatch=*/0, /*limitResultCount=*/1, nullptr));
+    if (list && proj_list_get_count(list.get()) == 1) {
+        frame.reset(proj_list_get(context, list.get(), 0));
+    }
+    return frame;
+}
+
 detail::ChosenDatum DatumFor(PJ_CONTEXT* context, const Horizontal& horizontal, bool isProjected,
                              int frameCode) {
-    PjHandle frame(frameCode != 0 ? proj_create_from_database(context, "EPSG",
-                                                              std::to_string(frameCode).c_str(),
-                                                              PJ_CATEGORY_CRS, 0, nullptr)
-                                  : proj_crs_get_geodetic_crs(context, horizontal.crs.get()));
+    const PjHandle frame = frameCode != 0 ? detail::FromRegister(context, frameCode)
+                                          : FrameOf(context, horizontal.crs.get());
     if (!frame) {
         throw Inexpressible{"a system without a datum"};
     }

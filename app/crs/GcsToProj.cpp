@@ -361,11 +361,6 @@ nlohmann::json JsonOf(PJ_CONTEXT* context, const PJ* object) {
     return text == nullptr ? nlohmann::json() : nlohmann::json::parse(text);
 }
 
-detail::PjHandle FromRegister(PJ_CONTEXT* context, int code) {
-    return detail::PjHandle(proj_create_from_database(context, "EPSG", std::to_string(code).c_str(),
-                                                      PJ_CATEGORY_CRS, 0, nullptr));
-}
-
 // The register's geographic system of the datum, when it means the same frame: same ellipsoid (to
 // 1 mm), and degrees as the file has them.
 detail::PjHandle RegisteredFrame(PJ_CONTEXT* context, const gcs::DatumDef& datum) {
@@ -373,7 +368,7 @@ detail::PjHandle RegisteredFrame(PJ_CONTEXT* context, const gcs::DatumDef& datum
     if (code == 0) {
         return nullptr;
     }
-    detail::PjHandle frame = FromRegister(context, code);
+    detail::PjHandle frame = detail::FromRegister(context, code);
     const detail::PjHandle ellipsoid(frame ? proj_get_ellipsoid(context, frame.get()) : nullptr);
     double major = 0.0;
     double minor = 0.0;
@@ -506,7 +501,7 @@ CrsIdentity Identify(const gcs::CSDef& system) {
     const detail::ContextHandle context = detail::MakeContext();
     const bool isGeographic = parts.row->method == ProjectionMethod::LongitudeLatitude;
     const bool isWebMap = IsWebMap(parts, earth.GetDatum());
-    const detail::PjHandle frame = isWebMap ? FromRegister(context.get(), kPseudoMercator)
+    const detail::PjHandle frame = isWebMap ? detail::FromRegister(context.get(), kPseudoMercator)
                                             : RegisteredFrame(context.get(), earth.GetDatum());
     if (frame && !isGeographic && !isWebMap) {
         const auto json = OnFrame(context.get(), parts, frame.get(), NameInWords(system));

@@ -32,4 +32,6 @@ inline gcs::GCSDef System(const gcs::ProjectionDef& projection, const gcs::Datum
     return system;
 }
 
-inline gcs::ProjectionDef LongitudeLatitude() { return Projection(1, {{3, 1.0}}); }
+inline gcs::ProjectionDef LongitudeLatitude() {
+    return Projection(1, {{3, 1.0}});
+}

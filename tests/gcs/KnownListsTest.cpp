@@ -8,8 +8,12 @@
 
 namespace {
 
-const gcs::DatumList& Datums() { return gcs::GCSKnownDatumsList; }
-const gcs::EllipsoidList& Ellipsoids() { return gcs::GCSKnownEllipsoidsList; }
+const gcs::DatumList& Datums() {
+    return gcs::GCSKnownDatumsList;
+}
+const gcs::EllipsoidList& Ellipsoids() {
+    return gcs::GCSKnownEllipsoidsList;
+}
 
 std::set<std::wstring> Tokens() {
     std::set<std::wstring> tokens;
@@ -83,7 +87,9 @@ TEST(KnownDatums, OfTheWebMapAreASphereWithoutAShift) {
     EXPECT_EQ(datum.GetEllipsoid(), gcs::EllipsoidDef(6378137.0, 0.0));
 }
 
-TEST(KnownEllipsoids, Are53) { EXPECT_EQ(Ellipsoids().Count(), 54); }
+TEST(KnownEllipsoids, Are53) {
+    EXPECT_EQ(Ellipsoids().Count(), 54);
+}
 
 TEST(KnownEllipsoids, AreFoundByTheirDimensions) {
     const int index = Ellipsoids().FindByDimensions(6378206.4, 0.0033900753040885176);
@@ -101,11 +107,11 @@ TEST(KnownEllipsoids, OfEqualDimensionsGiveTheFirst) {
 }
 
 TEST(KnownEllipsoids, TellGrs80FromWgs84) {
-    EXPECT_EQ(std::wstring(Ellipsoids().Name(
-                  Ellipsoids().FindByDimensions(6378137.0, 1.0 / 298.257222101))),
+    EXPECT_EQ(std::wstring(
+                  Ellipsoids().Name(Ellipsoids().FindByDimensions(6378137.0, 1.0 / 298.257222101))),
               L"GRS 80");
-    EXPECT_EQ(std::wstring(Ellipsoids().Name(
-                  Ellipsoids().FindByDimensions(6378137.0, 1.0 / 298.257223563))),
+    EXPECT_EQ(std::wstring(
+                  Ellipsoids().Name(Ellipsoids().FindByDimensions(6378137.0, 1.0 / 298.257223563))),
               L"WGS 84");
 }
 

@@ -25,7 +25,9 @@ struct PointRow {
     double x;
     double y;
 };
-void PrintTo(const PointRow& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const PointRow& row, std::ostream* out) {
+    *out << row.name;
+}
 
 gcs::GCSDef SystemOf(const PointRow& row) {
     gcs::ProjectionDef projection = Projection(row.method, {{3, 1.0}});

@@ -93,11 +93,13 @@ struct ProblemRow {
     gcs::GCSDef system;
     std::string problem;
 };
-void PrintTo(const ProblemRow& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const ProblemRow& row, std::ostream* out) {
+    *out << row.name;
+}
 
-class ASystem : public testing::TestWithParam<ProblemRow> {};
+class ASystemWithoutAWay : public testing::TestWithParam<ProblemRow> {};
 
-TEST_P(ASystem, ThatCantBeTransformedSaysWhyAndFailsEveryPoint) {
+TEST_P(ASystemWithoutAWay, ThatCantBeTransformedSaysWhyAndFailsEveryPoint) {
     const app::CoordinateTransformer transformer(GetParam().system);
     std::vector<double> x{1.0, 2.0};
     std::vector<double> y{1.0, 2.0};
@@ -116,7 +118,7 @@ gcs::DatumDef DatumWithoutNumbers() {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    , ASystem,
+    , ASystemWithoutAWay,
     testing::Values(
         ProblemRow{"ThatIsUnknown", gcs::GCSDef(), "the coordinate system is not known"},
         ProblemRow{"OnAnArbitraryPlane", System(Projection(2, {}), KnownDatum(L"DATUM_WGS84")),

@@ -95,8 +95,7 @@ struct FoundShift {
 
 // The first operation to WGS 84, in PROJ's order of merit, that is a Helmert transformation.
 std::optional<FoundShift> FindShift(PJ_CONTEXT* context, const PJ* frame) {
-    const PjHandle wgs84(
-        proj_create_from_database(context, "EPSG", "4326", PJ_CATEGORY_CRS, 0, nullptr));
+    const PjHandle wgs84 = FromRegister(context, 4326);
     const OperationFactoryHandle factory(proj_create_operation_factory_context(context, "EPSG"));
     proj_operation_factory_context_set_spatial_criterion(
         context, factory.get(), PROJ_SPATIAL_CRITERION_PARTIAL_INTERSECTION);

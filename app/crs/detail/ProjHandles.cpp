@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 namespace app::detail {
 
@@ -19,6 +20,12 @@ int EpsgCodeOf(const PJ* object) {
         return 0;
     }
     return std::atoi(code);
+}
+
+PjHandle FromRegister(PJ_CONTEXT* context, int code) {
+    return PjHandle(proj_create_from_database(context, "EPSG", std::to_string(code).c_str(),
+                                              PJ_CATEGORY_CRS, /*usePROJAlternativeGridNames=*/0,
+                                              nullptr));
 }
 
 }  // namespace app::detail

@@ -37,4 +37,7 @@ ContextHandle MakeContext();
 // The object's EPSG code; 0 when it has none.
 int EpsgCodeOf(const PJ* object);
 
+// The EPSG register's system of a code; null when it has none.
+PjHandle FromRegister(PJ_CONTEXT* context, int code);
+
 }  // namespace app::detail
