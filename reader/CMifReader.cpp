@@ -224,9 +224,10 @@ CMifReader::AfterClause CMifReader::ReadColumns(HeaderRun& run) {
     NextToken();
     const int count = TokenAsInt();
     NextLine();
-    // Kept: the names are added to those of an earlier clause. A count that the file does not
-    // keep ends with the file.
-    for (int column = 0; column < count && !(IsEOF() && token().empty()); ++column) {
+    const auto isPastTheFile = [this] { return IsEOF() && (token().empty() || TokenIsLineEnd()); };
+    // Kept: the names are added to those of an earlier clause. A count beyond the lines that the
+    // file has ends with the file.
+    for (int column = 0; column < count && !isPastTheFile(); ++column) {
         columnNames_.emplace_back(token());
         NextLine();
     }

@@ -4,11 +4,9 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cassert>
 #include <cfloat>
 #include <charconv>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <system_error>
@@ -96,96 +94,50 @@ long long ReadExponent(std::string_view text) {
     return isNegative ? -exponent : exponent;
 }
 
-// What a decimal number that no double can hold becomes: whether it is too large or too small
-// shows in the decimal place of its first digit other than 0.
-double OutOfRangeValue(std::string_view text) {
-    long long place = 0;  // of the first such digit: 1 for units, 0 for tenths
+// What a number that no double can hold becomes: whether it is too large or too small shows in the
+// place of its first digit other than 0.
+double OutOfRangeValue(std::string_view text, std::chars_format format) {
+    const bool isHexadecimal = format == std::chars_format::hex;
+    long long place = 0;  // of the first such digit: 1 for units, 0 for the first behind the point
     bool isPastPoint = false;
     bool isPastFirst = false;
     std::size_t index = 0;
     for (; index < text.size(); ++index) {
         if (text[index] == '.' && !isPastPoint) {
             isPastPoint = true;
-        } else if (IsDigit(text[index])) {
+        } else if (isHexadecimal ? IsHexDigit(text[index]) : IsDigit(text[index])) {
             isPastFirst = isPastFirst || text[index] != '0';
             place += isPastPoint ? (isPastFirst ? 0 : -1) : (isPastFirst ? 1 : 0);
         } else {
             break;
         }
     }
-    if (index < text.size() && ToLower(text[index]) == 'e') {
+    place *= isHexadecimal ? 4 : 1;  // the exponent of a hexadecimal number is one of two
+    if (index < text.size() && ToLower(text[index]) == (isHexadecimal ? 'p' : 'e')) {
         place += ReadExponent(text.substr(index + 1));
     }
     return place > 0 ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
-double ReadDecimal(std::string_view text) {
+// The text up to a second sign in its exponent, which makes it none ("0x1p+-8"): from_chars of some
+// libraries accepts it in hexadecimal numbers.
+std::string_view WithoutDoubleSign(std::string_view text) {
+    const std::size_t letter = text.find_first_of("pP");
+    if (letter == std::string_view::npos || letter + 2 >= text.size()) {
+        return text;
+    }
+    const auto isSign = [](char character) { return character == '+' || character == '-'; };
+    return isSign(text[letter + 1]) && isSign(text[letter + 2]) ? text.substr(0, letter) : text;
+}
+
+// Reads digits, without a sign and without "0x".
+double ReadDigits(std::string_view text, std::chars_format format) {
     double value = 0.0;
-    const auto result =
-        std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::general);
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value, format);
     if (result.ec == std::errc::result_out_of_range) {
-        return OutOfRangeValue(text);
+        return OutOfRangeValue(text, format);
     }
     return result.ec == std::errc() ? value : 0.0;
-}
-
-// mantissa * 2^exponent, rounded once, to the nearest double, ties to even. The mantissa has at
-// most 62 bits.
-double ScaleByPowerOfTwo(std::uint64_t mantissa, long long exponent) {
-    constexpr long long kFarthest = 10'000;  // beyond it all is infinite or 0
-    constexpr long long kSmallestBit = -1074;
-    constexpr long long kSmallestNormal = -1022;
-    const long long scale = std::clamp(exponent, -kFarthest, kFarthest);
-    const long long topBit = std::bit_width(mantissa) - 1 + scale;
-    if (topBit >= kSmallestNormal || scale >= kSmallestBit) {
-        return std::ldexp(static_cast<double>(mantissa), static_cast<int>(scale));
-    }
-    const long long dropped = kSmallestBit - scale;
-    if (dropped > 62) {
-        return 0.0;
-    }
-    const std::uint64_t unit = std::uint64_t{1} << dropped;
-    const std::uint64_t rest = mantissa & (unit - 1);
-    std::uint64_t kept = mantissa >> dropped;
-    if (rest > unit / 2 || (rest == unit / 2 && kept % 2 == 1)) {
-        ++kept;
-    }
-    return std::ldexp(static_cast<double>(kept), static_cast<int>(kSmallestBit));
-}
-
-// The number whose hexadecimal digits these are ("0x" is cut off). std::from_chars would do, but
-// for subnormal numbers some libraries round it wrongly.
-double ReadHexadecimal(std::string_view text) {
-    constexpr int kDigits = 15;  // 60 bits: more than a double holds, and room for a sticky bit
-    std::uint64_t mantissa = 0;
-    int digitCount = 0;
-    long long exponent = 0;  // of two
-    bool isPastPoint = false;
-    bool hasLowerBits = false;
-    std::size_t index = 0;
-    for (; index < text.size(); ++index) {
-        const char character = ToLower(text[index]);
-        if (character == '.' && !isPastPoint) {
-            isPastPoint = true;
-            continue;
-        }
-        if (!IsHexDigit(character)) {
-            break;
-        }
-        const int digit = IsDigit(character) ? character - '0' : character - 'a' + 10;
-        if (digitCount < kDigits) {
-            mantissa = mantissa * 16 + static_cast<unsigned>(digit);
-            digitCount += mantissa != 0 ? 1 : 0;
-            exponent -= isPastPoint ? 4 : 0;
-        } else {
-            hasLowerBits = hasLowerBits || digit != 0;
-            exponent += isPastPoint ? 0 : 4;
-        }
-    }
-    if (index < text.size() && ToLower(text[index]) == 'p') {
-        exponent += ReadExponent(text.substr(index + 1));
-    }
-    return ScaleByPowerOfTwo(mantissa * 2 + (hasLowerBits ? 1 : 0), exponent - 1);
 }
 
 // Reads a plain decimal ("-123.456789") of at most 15 digits. They make an integer that a double
@@ -234,9 +186,9 @@ double ReadUnusualDouble(std::string_view text) {
     } else if (StartsWith(text, "nan")) {
         value = std::numeric_limits<double>::quiet_NaN();
     } else if (StartsWithHexadecimal(text)) {
-        value = ReadHexadecimal(text.substr(2));
+        value = ReadDigits(WithoutDoubleSign(text.substr(2)), std::chars_format::hex);
     } else if (StartsWithDecimal(text)) {
-        value = ReadDecimal(text);
+        value = ReadDigits(text, std::chars_format::general);
     } else {
         return 0.0;  // no number: not even a minus counts
     }
