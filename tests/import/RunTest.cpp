@@ -11,7 +11,6 @@ namespace {
 using import_test::Importing;
 using import_test::Lines;
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 constexpr char kMarker[] = "MarkerSet style=1 size=0 font=\"ZEI Default Symbols\" index=0 ";
 

@@ -10,7 +10,6 @@ namespace {
 
 using import_test::Importing;
 using import_test::kBounds3200;
-using import_test::ObjectsOf;
 using testing::ElementsAre;
 
 constexpr char kNoLine[] = "Pen style=2 color=0,0,0,0 relative width=0";

@@ -16,6 +16,26 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <new>
+
+namespace {
+
+// While true, an allocation that may fail without an exception does.
+bool g_outOfMemory = false;
+
+}  // namespace
+
+// Replaces the C++ library's own, for the module too.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    if (g_outOfMemory) {
+        return nullptr;
+    }
+    try {
+        return ::operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 
 namespace {
 
@@ -85,6 +105,16 @@ TEST_F(TheModule, ReturnsADistinctFilterFromEachCall) {
     EXPECT_NE(first, nullptr);
     EXPECT_NE(second, nullptr);
     EXPECT_NE(first, second);
+}
+
+TEST_F(TheModule, ReturnsNullWithoutMemoryForAFilter) {
+    g_outOfMemory = true;
+    const auto importFilter = NewImportFilter();
+    const auto exportFilter = NewExportFilter();
+    g_outOfMemory = false;
+
+    EXPECT_EQ(importFilter, nullptr);
+    EXPECT_EQ(exportFilter, nullptr);
 }
 
 TEST_F(TheModule, GivesEachFilterOptionsOfItsOwn) {
