@@ -22,9 +22,9 @@ struct Vec3d {
 
     bool operator==(const Vec3d&) const = default;
 
-    static const Vec3d ZERO;
+    static const Vec3d ZERO;  // NOLINT(readability-identifier-naming): the host's own name
 };
-inline constexpr Vec3d Vec3d::ZERO{};
+inline constexpr Vec3d Vec3d::ZERO{};  // NOLINT(readability-identifier-naming)
 
 struct Box2d {
     double minX = 0.0;

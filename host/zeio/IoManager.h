@@ -16,7 +16,7 @@ class QOLF_HOST_API IoManager : public shr::NonCopyable {
 public:
     // The host must outlive the manager.
     explicit IoManager(IoHost& host);
-    ~IoManager();
+    ~IoManager() = default;
 
     // Stores the remembered value of a boolean option and returns true; leaves value alone and
     // returns false when there is none. A value is found whatever persistent says.

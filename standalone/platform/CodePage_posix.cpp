@@ -3,6 +3,7 @@
 #include "standalone/Utf8.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <iconv.h>
 #include <map>
 #include <memory>
@@ -12,7 +13,7 @@ namespace standalone {
 namespace {
 
 constexpr const char* kWide = "WCHAR_T";
-const iconv_t kNoConverter = reinterpret_cast<iconv_t>(-1);  // what iconv_open gives on failure
+constexpr std::intptr_t kNoConverter = -1;  // what iconv_open gives on failure
 constexpr std::size_t kFailed = static_cast<std::size_t>(-1);
 
 class Converter {
@@ -26,7 +27,7 @@ public:
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    bool IsOpen() const { return handle_ != kNoConverter; }
+    bool IsOpen() const { return reinterpret_cast<std::intptr_t>(handle_) != kNoConverter; }
 
     // Back to the initial shift state.
     void Reset() { iconv(handle_, nullptr, nullptr, nullptr, nullptr); }

@@ -8,6 +8,16 @@
 
 namespace shr {
 
+namespace {
+
+// The path as the system takes it; "", which names nothing, for one that the system would cut
+// short.
+std::string SystemPath(const std::wstring& path) {
+    return path.find(L'\0') == std::wstring::npos ? platform::PathToBytes(path) : std::string();
+}
+
+}  // namespace
+
 bool IsFileReadable(const std::wstring& path) {
     std::FILE* stream = platform::OpenFile(path, platform::OpenMode::ReadBinary);
     if (stream == nullptr) {
@@ -19,7 +29,7 @@ bool IsFileReadable(const std::wstring& path) {
 
 long long GetFileSize(const std::wstring& path) {
     struct stat status;
-    const std::string found = standalone::FindIgnoringCase(platform::PathToBytes(path));
+    const std::string found = standalone::FindIgnoringCase(SystemPath(path));
     if (found.empty() || stat(found.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return 0;
     }
@@ -27,7 +37,7 @@ long long GetFileSize(const std::wstring& path) {
 }
 
 bool RemoveFile(const std::wstring& path) {
-    return unlink(platform::PathToBytes(path).c_str()) == 0;
+    return unlink(SystemPath(path).c_str()) == 0;
 }
 
 }  // namespace shr

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <cwchar>
 #include <optional>
 #include <vector>
@@ -28,7 +27,7 @@ struct Conversion {
     wchar_t letter = 0;
 };
 
-std::string FormatTemplate(const Conversion& conversion, const char* length) {
+std::string FormatTemplate(const Conversion& conversion, const std::string& length) {
     std::string format = "%" + conversion.flags;
     if (conversion.width) {
         format += std::to_string(*conversion.width);
@@ -47,46 +46,23 @@ template <typename Value> std::wstring FormatValue(const std::string& format, Va
     return {buffer.begin(), buffer.end() - 1};
 }
 
-std::wstring FormatSigned(const Conversion& conversion, Arguments& arguments) {
-    long long value = 0;
-    if (conversion.length == "ll" || conversion.length == "I64") {
-        value = va_arg(arguments.list, long long);
-    } else if (conversion.length == "l") {
-        value = va_arg(arguments.list, long);
-    } else if (conversion.length == "j") {
-        value = va_arg(arguments.list, std::intmax_t);
-    } else if (conversion.length == "z" || conversion.length == "t") {
-        value = va_arg(arguments.list, std::ptrdiff_t);
-    } else {
-        value = va_arg(arguments.list, int);
+// How many bytes an integer argument has; those smaller than int arrive as int.
+std::size_t IntegerSize(const std::string& length) {
+    if (length == "ll" || length == "I64" || length == "j") {
+        return sizeof(long long);
     }
-    if (conversion.length == "hh") {
-        value = static_cast<signed char>(value);
-    } else if (conversion.length == "h") {
-        value = static_cast<short>(value);
+    if (length == "z" || length == "t") {
+        return sizeof(std::size_t);
     }
-    return FormatValue(FormatTemplate(conversion, "ll"), value);
+    return length == "l" ? sizeof(long) : sizeof(int);
 }
 
-std::wstring FormatUnsigned(const Conversion& conversion, Arguments& arguments) {
-    unsigned long long value = 0;
-    if (conversion.length == "ll" || conversion.length == "I64") {
-        value = va_arg(arguments.list, unsigned long long);
-    } else if (conversion.length == "l") {
-        value = va_arg(arguments.list, unsigned long);
-    } else if (conversion.length == "j") {
-        value = va_arg(arguments.list, std::uintmax_t);
-    } else if (conversion.length == "z" || conversion.length == "t") {
-        value = va_arg(arguments.list, std::size_t);
-    } else {
-        value = va_arg(arguments.list, unsigned int);
+std::wstring FormatInteger(const Conversion& conversion, Arguments& arguments) {
+    if (IntegerSize(conversion.length) == sizeof(int)) {
+        const std::string length = conversion.length[0] == 'h' ? conversion.length : "";
+        return FormatValue(FormatTemplate(conversion, length), va_arg(arguments.list, int));
     }
-    if (conversion.length == "hh") {
-        value = static_cast<unsigned char>(value);
-    } else if (conversion.length == "h") {
-        value = static_cast<unsigned short>(value);
-    }
-    return FormatValue(FormatTemplate(conversion, "ll"), value);
+    return FormatValue(FormatTemplate(conversion, "ll"), va_arg(arguments.list, long long));
 }
 
 std::wstring FormatFloating(const Conversion& conversion, Arguments& arguments) {
@@ -192,12 +168,11 @@ std::optional<std::wstring> Convert(const Conversion& conversion, Arguments& arg
     switch (conversion.letter) {
     case L'd':
     case L'i':
-        return FormatSigned(conversion, arguments);
     case L'u':
     case L'o':
     case L'x':
     case L'X':
-        return FormatUnsigned(conversion, arguments);
+        return FormatInteger(conversion, arguments);
     case L'e':
     case L'E':
     case L'f':

@@ -6,8 +6,6 @@ namespace zeio {
 
 IoManager::IoManager(IoHost& host) : host_(host) {}
 
-IoManager::~IoManager() = default;
-
 bool IoManager::GetOption(const std::wstring& name, bool& value, bool persistent) const {
     return host_.GetOption(name, value, persistent);
 }

@@ -41,11 +41,15 @@ int IoPropertyPage::CallDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM
 }
 
 LONG_PTR IoPropPageDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    // Messages and windows carry pointers as numbers.
+    // NOLINTBEGIN(performance-no-int-to-ptr)
     if (message == WM_INITDIALOG) {
         const auto* description = reinterpret_cast<const PROPSHEETPAGEW*>(lParam);
         SetWindowLongPtrW(window, GWLP_USERDATA, description->lParam);
     }
     auto* page = reinterpret_cast<IoPropertyPage*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    // NOLINTEND(performance-no-int-to-ptr)
+
     // The system sends a few messages before WM_INITDIALOG.
     return page == nullptr ? 0 : page->ForwardDlgProc(window, message, wParam, lParam);
 }

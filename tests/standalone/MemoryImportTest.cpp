@@ -7,9 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -47,9 +47,8 @@ public:
 class ImportFromMemory : public testing::Test {
 protected:
     void Import(const std::string& bytes) {
-        const std::unique_ptr<unsigned char[]> block(new unsigned char[bytes.size()]);
-        std::copy(bytes.begin(), bytes.end(), block.get());
-        filter_.ImportFromMemory(block.get(), static_cast<unsigned>(bytes.size()),
+        const std::vector<unsigned char> block(bytes.begin(), bytes.end());
+        filter_.ImportFromMemory(block.data(), static_cast<unsigned>(block.size()),
                                  /*isLast=*/true);
     }
 

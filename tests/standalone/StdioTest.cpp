@@ -199,6 +199,16 @@ TEST(RemoveFile, DeletesAFileOnce) {
     EXPECT_FALSE(shr::RemoveFile(path));
 }
 
+TEST(RemoveFile, RefusesAPathWithANul) {
+    const support::TemporaryFolder folder;
+    const std::wstring path = folder.Write("a.mif", "x") + std::wstring(L"\0z", 2);
+
+    EXPECT_FALSE(shr::RemoveFile(path));
+
+    EXPECT_TRUE(folder.Has("a.mif"));
+    EXPECT_EQ(shr::GetFileSize(path), 0);
+}
+
 TEST(RemoveFile, LeavesFolders) {
     const support::TemporaryFolder folder;
 
