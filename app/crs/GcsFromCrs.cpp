@@ -286,42 +286,42 @@ void ObliqueMercatorAtCentre(const Conversion& from, gcs::ProjectionDef& to) {
 // Found by the code, or by the name where the register has no code.
 struct MethodRow {
     int code;
-    const char* name;
     ProjectionMethod method;
+    const char* name;
     Convert convert;
 };
 
 // clang-format off
 constexpr MethodRow kMethods[] = {
-    {9807, "Transverse Mercator", ProjectionMethod::TransverseMercator, NaturalOriginWithScale},
-    {9801, "Lambert Conic Conformal (1SP)", ProjectionMethod::LambertConformalConic, OneParallelCone},
-    {9802, "Lambert Conic Conformal (2SP)", ProjectionMethod::LambertConformalConic, TwoParallelCone},
-    {9822, "Albers Equal Area", ProjectionMethod::AlbersEqualAreaConic, Albers},
-    {9820, "Lambert Azimuthal Equal Area", ProjectionMethod::LambertAzimuthalEqualArea, Azimuthal},
-    {1027, "Lambert Azimuthal Equal Area (Spherical)", ProjectionMethod::LambertAzimuthalEqualArea, Azimuthal},
-    {9832, "Modified Azimuthal Equidistant", ProjectionMethod::AzimuthalEquidistant, Azimuthal},
-    {1125, "Azimuthal Equidistant", ProjectionMethod::AzimuthalEquidistant, Azimuthal},
-    {1119, "Equidistant Conic", ProjectionMethod::EquidistantConic, EquidistantConic},
-    {9812, "Hotine Oblique Mercator (variant A)", ProjectionMethod::HotineObliqueMercator, ObliqueMercator},
-    {9815, "Hotine Oblique Mercator (variant B)", ProjectionMethod::HotineObliqueMercator, ObliqueMercatorAtCentre},
-    {9804, "Mercator (variant A)", ProjectionMethod::Mercator, PlainMercator},
-    {9805, "Mercator (variant B)", ProjectionMethod::Mercator, PlainMercator},
-    {1026, "Mercator (Spherical)", ProjectionMethod::Mercator, PlainMercator},
-    {1024, "Popular Visualisation Pseudo Mercator", ProjectionMethod::Mercator, PlainMercator},
-    {9806, "Cassini-Soldner", ProjectionMethod::CassiniSoldner, NaturalOrigin},
-    {9818, "American Polyconic", ProjectionMethod::Polyconic, NaturalOrigin},
-    {9811, "New Zealand Map Grid", ProjectionMethod::NewZealandMapGrid, MapGrid},
-    {9810, "Polar Stereographic (variant A)", ProjectionMethod::Stereographic, Stereographic},
-    {9829, "Polar Stereographic (variant B)", ProjectionMethod::Stereographic, PolarStereographicWithParallel},
-    {0, "Stereographic", ProjectionMethod::Stereographic, Stereographic},
-    {1028, "Equidistant Cylindrical", ProjectionMethod::EquidistantCylindrical, EquidistantCylindrical},
-    {1029, "Equidistant Cylindrical (Spherical)", ProjectionMethod::EquidistantCylindrical, EquidistantCylindrical},
-    {0, "Eckert IV", ProjectionMethod::EckertIV, WorldMap},
-    {0, "Eckert VI", ProjectionMethod::EckertVI, WorldMap},
-    {0, "Mollweide", ProjectionMethod::Mollweide, WorldMap},
-    {0, "Miller Cylindrical", ProjectionMethod::MillerCylindrical, WorldMap},
-    {0, "Robinson", ProjectionMethod::Robinson, WorldMap},
-    {0, "Sinusoidal", ProjectionMethod::Sinusoidal, WorldMap},
+    {9807, ProjectionMethod::TransverseMercator, "Transverse Mercator", NaturalOriginWithScale},
+    {9801, ProjectionMethod::LambertConformalConic, "Lambert Conic Conformal (1SP)", OneParallelCone},
+    {9802, ProjectionMethod::LambertConformalConic, "Lambert Conic Conformal (2SP)", TwoParallelCone},
+    {9822, ProjectionMethod::AlbersEqualAreaConic, "Albers Equal Area", Albers},
+    {9820, ProjectionMethod::LambertAzimuthalEqualArea, "Lambert Azimuthal Equal Area", Azimuthal},
+    {1027, ProjectionMethod::LambertAzimuthalEqualArea, "Lambert Azimuthal Equal Area (Spherical)", Azimuthal},
+    {9832, ProjectionMethod::AzimuthalEquidistant, "Modified Azimuthal Equidistant", Azimuthal},
+    {1125, ProjectionMethod::AzimuthalEquidistant, "Azimuthal Equidistant", Azimuthal},
+    {1119, ProjectionMethod::EquidistantConic, "Equidistant Conic", EquidistantConic},
+    {9812, ProjectionMethod::HotineObliqueMercator, "Hotine Oblique Mercator (variant A)", ObliqueMercator},
+    {9815, ProjectionMethod::HotineObliqueMercator, "Hotine Oblique Mercator (variant B)", ObliqueMercatorAtCentre},
+    {9804, ProjectionMethod::Mercator, "Mercator (variant A)", PlainMercator},
+    {9805, ProjectionMethod::Mercator, "Mercator (variant B)", PlainMercator},
+    {1026, ProjectionMethod::Mercator, "Mercator (Spherical)", PlainMercator},
+    {1024, ProjectionMethod::Mercator, "Popular Visualisation Pseudo Mercator", PlainMercator},
+    {9806, ProjectionMethod::CassiniSoldner, "Cassini-Soldner", NaturalOrigin},
+    {9818, ProjectionMethod::Polyconic, "American Polyconic", NaturalOrigin},
+    {9811, ProjectionMethod::NewZealandMapGrid, "New Zealand Map Grid", MapGrid},
+    {9810, ProjectionMethod::Stereographic, "Polar Stereographic (variant A)", Stereographic},
+    {9829, ProjectionMethod::Stereographic, "Polar Stereographic (variant B)", PolarStereographicWithParallel},
+    {0, ProjectionMethod::Stereographic, "Stereographic", Stereographic},
+    {1028, ProjectionMethod::EquidistantCylindrical, "Equidistant Cylindrical", EquidistantCylindrical},
+    {1029, ProjectionMethod::EquidistantCylindrical, "Equidistant Cylindrical (Spherical)", EquidistantCylindrical},
+    {0, ProjectionMethod::EckertIV, "Eckert IV", WorldMap},
+    {0, ProjectionMethod::EckertVI, "Eckert VI", WorldMap},
+    {0, ProjectionMethod::Mollweide, "Mollweide", WorldMap},
+    {0, ProjectionMethod::MillerCylindrical, "Miller Cylindrical", WorldMap},
+    {0, ProjectionMethod::Robinson, "Robinson", WorldMap},
+    {0, ProjectionMethod::Sinusoidal, "Sinusoidal", WorldMap},
 };
 // clang-format on
 

@@ -27,39 +27,42 @@ constexpr double kSurveyFeetPerMetre = 3.28083333333333;
 // null are not passed on.
 struct MethodRow {
     ProjectionMethod method;
+    bool hasScaleFactor;
     const char* projName;  // null: no counterpart
     const char* words;
     const char* latitudeOfOrigin = nullptr;   // key that takes parameter 9
     const char* standardParallel1 = nullptr;  // key that takes parameter 10
     const char* standardParallel2 = nullptr;
-    bool hasScaleFactor = false;
 };
+
+constexpr bool kScaled = true;
+constexpr bool kUnscaled = false;
 
 // clang-format off
 constexpr MethodRow kMethods[] = {
-    {ProjectionMethod::LongitudeLatitude, "longlat", "Longitude/Latitude"},
-    {ProjectionMethod::ArbitraryPlane, nullptr, "Arbitrary Plane"},
-    {ProjectionMethod::AlbersEqualAreaConic, "aea", "Albers Equal-Area Conic", "lat_0", "lat_1", "lat_2"},
-    {ProjectionMethod::AzimuthalEquidistant, "aeqd", "Azimuthal Equidistant", nullptr, "lat_0"},
-    {ProjectionMethod::CassiniSoldner, "cass", "Cassini-Soldner", "lat_0"},
-    {ProjectionMethod::EckertIV, "eck4", "Eckert IV"},
-    {ProjectionMethod::EckertVI, "eck6", "Eckert VI"},
-    {ProjectionMethod::EquidistantCylindrical, "eqc", "Equidistant Cylindrical", nullptr, "lat_ts"},
-    {ProjectionMethod::EquidistantConic, "eqdc", "Equidistant Conic", "lat_0", "lat_1", "lat_2"},
-    {ProjectionMethod::HotineObliqueMercator, "omerc", "Hotine Oblique Mercator", "lat_0", nullptr, nullptr, true},
-    {ProjectionMethod::Mercator, "merc", "Mercator"},
-    {ProjectionMethod::Mollweide, "moll", "Mollweide"},
-    {ProjectionMethod::LambertConformalConic, "lcc", "Lambert Conformal Conic", "lat_0", "lat_1", "lat_2"},
-    {ProjectionMethod::LambertAzimuthalEqualArea, "laea", "Lambert Azimuthal Equal-Area", nullptr, "lat_0"},
-    {ProjectionMethod::MillerCylindrical, "mill", "Miller Cylindrical"},
-    {ProjectionMethod::Stereographic, "stere", "Stereographic", "lat_0", nullptr, nullptr, true},
-    {ProjectionMethod::Polyconic, "poly", "Polyconic", "lat_0"},
-    {ProjectionMethod::Robinson, "robin", "Robinson"},
-    {ProjectionMethod::Sinusoidal, "sinu", "Sinusoidal"},
-    {ProjectionMethod::TransverseMercator, "tmerc", "Transverse Mercator", "lat_0", nullptr, nullptr, true},
-    {ProjectionMethod::GaussKrueger, "tmerc", "Gauss-Krueger", "lat_0", nullptr, nullptr, true},
-    {ProjectionMethod::ObliqueMercatorOther, nullptr, "Oblique Mercator of another kind"},
-    {ProjectionMethod::NewZealandMapGrid, "nzmg", "New Zealand Map Grid"},
+    {ProjectionMethod::LongitudeLatitude, kUnscaled, "longlat", "Longitude/Latitude"},
+    {ProjectionMethod::ArbitraryPlane, kUnscaled, nullptr, "Arbitrary Plane"},
+    {ProjectionMethod::AlbersEqualAreaConic, kUnscaled, "aea", "Albers Equal-Area Conic", "lat_0", "lat_1", "lat_2"},
+    {ProjectionMethod::AzimuthalEquidistant, kUnscaled, "aeqd", "Azimuthal Equidistant", nullptr, "lat_0"},
+    {ProjectionMethod::CassiniSoldner, kUnscaled, "cass", "Cassini-Soldner", "lat_0"},
+    {ProjectionMethod::EckertIV, kUnscaled, "eck4", "Eckert IV"},
+    {ProjectionMethod::EckertVI, kUnscaled, "eck6", "Eckert VI"},
+    {ProjectionMethod::EquidistantCylindrical, kUnscaled, "eqc", "Equidistant Cylindrical", nullptr, "lat_ts"},
+    {ProjectionMethod::EquidistantConic, kUnscaled, "eqdc", "Equidistant Conic", "lat_0", "lat_1", "lat_2"},
+    {ProjectionMethod::HotineObliqueMercator, kScaled, "omerc", "Hotine Oblique Mercator", "lat_0"},
+    {ProjectionMethod::Mercator, kUnscaled, "merc", "Mercator"},
+    {ProjectionMethod::Mollweide, kUnscaled, "moll", "Mollweide"},
+    {ProjectionMethod::LambertConformalConic, kUnscaled, "lcc", "Lambert Conformal Conic", "lat_0", "lat_1", "lat_2"},
+    {ProjectionMethod::LambertAzimuthalEqualArea, kUnscaled, "laea", "Lambert Azimuthal Equal-Area", nullptr, "lat_0"},
+    {ProjectionMethod::MillerCylindrical, kUnscaled, "mill", "Miller Cylindrical"},
+    {ProjectionMethod::Stereographic, kScaled, "stere", "Stereographic", "lat_0"},
+    {ProjectionMethod::Polyconic, kUnscaled, "poly", "Polyconic", "lat_0"},
+    {ProjectionMethod::Robinson, kUnscaled, "robin", "Robinson"},
+    {ProjectionMethod::Sinusoidal, kUnscaled, "sinu", "Sinusoidal"},
+    {ProjectionMethod::TransverseMercator, kScaled, "tmerc", "Transverse Mercator", "lat_0"},
+    {ProjectionMethod::GaussKrueger, kScaled, "tmerc", "Gauss-Krueger", "lat_0"},
+    {ProjectionMethod::ObliqueMercatorOther, kUnscaled, nullptr, "Oblique Mercator of another kind"},
+    {ProjectionMethod::NewZealandMapGrid, kUnscaled, "nzmg", "New Zealand Map Grid"},
 };
 // clang-format on
 
@@ -268,11 +271,16 @@ struct Parts {
 };
 
 std::string ProblemOfProjection(const gcs::ProjectionDef& projection, const MethodRow* row) {
-    if (row == nullptr || row->projName == nullptr) {
-        return std::string("no projection of PROJ's corresponds to ") +
-               (row == nullptr
-                    ? "method " + std::to_string(static_cast<int>(projection.GetMethod()))
-                    : std::string("\"") + row->words + "\"");
+    if (row == nullptr) {
+        return "no projection of PROJ's corresponds to method " +
+               std::to_string(static_cast<int>(projection.GetMethod()));
+    }
+    if (row->method == ProjectionMethod::ArbitraryPlane) {
+        return "an arbitrary plane has no place on the Earth (a projection with faulty parameters "
+               "becomes one)";
+    }
+    if (row->projName == nullptr) {
+        return std::string("no projection of PROJ's corresponds to \"") + row->words + "\"";
     }
     const gcs::ProjectionParameterID faulty = projection.CheckParameters();
     if (faulty != gcs::ProjectionParameterID::None) {

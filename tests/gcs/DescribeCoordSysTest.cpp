@@ -28,8 +28,9 @@ TEST(ADescription, SaysWhyThereIsNoDefinition) {
 
     const auto description = app::DescribeCoordSys(&system);
 
-    EXPECT_EQ(description.notes, std::vector<std::string>{
-                                     "no projection of PROJ's corresponds to \"Arbitrary Plane\""});
+    EXPECT_EQ(description.notes,
+              std::vector<std::string>{"an arbitrary plane has no place on the Earth (a projection "
+                                       "with faulty parameters becomes one)"});
     EXPECT_EQ(description.proj, "");
 }
 

@@ -122,7 +122,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         ProblemRow{"ThatIsUnknown", gcs::GCSDef(), "the coordinate system is not known"},
         ProblemRow{"OnAnArbitraryPlane", System(Projection(2, {}), KnownDatum(L"DATUM_WGS84")),
-                   "no projection of PROJ's corresponds to \"Arbitrary Plane\""},
+                   "an arbitrary plane has no place on the Earth (a projection with faulty "
+                   "parameters becomes one)"},
         ProblemRow{"OfTheOtherObliqueMercator", System(Projection(28, {}), gcs::DatumDef()),
                    "no projection of PROJ's corresponds to \"Oblique Mercator of another kind\""},
         ProblemRow{"OfAMethodWithoutAName", System(Projection(99, {}), gcs::DatumDef()),
