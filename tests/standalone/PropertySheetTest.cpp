@@ -41,6 +41,7 @@ public:
         if (message != WM_NOTIFY) {
             return 0;
         }
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): a message carries a pointer as a number
         const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
         if (code == PSN_APPLY) {
             ++applied;
