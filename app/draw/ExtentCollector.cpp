@@ -9,7 +9,7 @@
 
 namespace app {
 
-void ExtentCollector::BeginLayer() {
+void ExtentCollector::BeginLayer(std::size_t) {
     transform_ = {};
     font_ = zeio::TrFont();
 }

@@ -1,22 +1,21 @@
 // The extent of a map in the picture's coordinates, from the objects of its imports.
 #pragma once
 
-#include "app/draw/LayerView.h"
+#include "app/draw/LayerTarget.h"
 #include "host/zeio/TrObjects.h"
 
 #include <optional>
 
 namespace app {
 
-class ExtentCollector {
+class ExtentCollector : public LayerTarget {
 public:
-    // Starts a layer, whose coordinates are the picture's until SetTransform says otherwise.
-    void BeginLayer();
-    void SetTransform(PointTransform transform);
+    void BeginLayer(std::size_t layer) override;
+    void SetTransform(PointTransform transform) override;
 
     // Takes an object into account: its vertices, corners and positions that can be drawn, and for
     // a text the corners of its box. Objects without a place don't count.
-    void Add(const zeio::TrBase& object);
+    void Add(const zeio::TrBase& object) override;
 
     // Nothing when no object had a place.
     std::optional<shr::Box2d> Extent() const { return extent_; }

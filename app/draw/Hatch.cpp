@@ -11,7 +11,7 @@ namespace {
 
 using Pattern = zeio::TrBrush::Pattern;
 
-constexpr double kSpacing = 7.0;
+constexpr double kSpacing = 8.0;
 constexpr double kDotSpacing = 5.0;
 constexpr double kLineWidth = 1.0;
 constexpr double kDotWidth = 1.6;

@@ -6,6 +6,7 @@
 #include "app/draw/PolygonRings.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace app {
@@ -179,31 +180,57 @@ void MapPainter::FillArea(const std::vector<PagePath>& rings, const zeio::TrBrus
     if (pattern.fill == AreaFill::None) {
         return;
     }
-    if (pattern.fill == AreaFill::Solid) {
-        SetColor(context_, brush.fore);
-    } else {
-        SetColor(context_, brush.back);
-    }
-    cairo_new_path(context_);
-    for (const PagePath& ring : rings) {
-        AppendPath(ring);
-        cairo_close_path(context_);
-    }
-    if (pattern.fill == AreaFill::Solid || brush.back.alpha > 0) {
-        cairo_fill_preserve(context_);
+    const bool isSolid = pattern.fill == AreaFill::Solid;
+    const shr::Color4b& ground = isSolid ? brush.fore : brush.back;
+    if (ground.alpha > 0) {
+        SetColor(context_, ground);
+        AppendRings(rings);
+        cairo_fill(context_);
     }
     if (pattern.fill == AreaFill::Tint) {
         SetColor(context_, brush.fore, pattern.opacity);
-        cairo_fill_preserve(context_);
+        AppendRings(rings);
+        cairo_fill(context_);
     } else if (pattern.fill == AreaFill::Lines) {
-        const SavedState state(context_);
-        cairo_clip(context_);
-        DrawHatch(rings, brush);
+        FillWithHatch(rings, brush);
     }
-    cairo_new_path(context_);
 }
 
-void MapPainter::DrawHatch(const std::vector<PagePath>& rings, const zeio::TrBrush& brush) const {
+void MapPainter::FillWithHatch(const std::vector<PagePath>& rings,
+                               const zeio::TrBrush& brush) const {
+    const std::optional<PageBox> box = VisibleBoundsOf(rings);
+    if (!box) {
+        return;
+    }
+    const SavedState state(context_);
+    if (cairo_surface_get_type(cairo_get_target(context_)) != CAIRO_SURFACE_TYPE_IMAGE) {
+        AppendRings(rings);
+        cairo_clip(context_);
+        DrawHatch(*box, brush);
+        return;
+    }
+    // To cut lines out along a path of many points is slow on a raster; to fill the path with a
+    // picture of the lines is not.
+    cairo_pattern_t* const picture = PictureOfHatch(*box, brush);
+    cairo_set_source(context_, picture);
+    cairo_pattern_destroy(picture);
+    AppendRings(rings);
+    cairo_fill(context_);
+}
+
+cairo_pattern_t* MapPainter::PictureOfHatch(const PageBox& box, const zeio::TrBrush& brush) const {
+    const SavedState state(context_);
+    const double left = std::floor(box.left);
+    const double top = std::floor(box.top);
+    cairo_new_path(context_);
+    cairo_rectangle(context_, left, top, std::ceil(box.right) - left, std::ceil(box.bottom) - top);
+    cairo_clip(context_);
+    cairo_push_group(context_);
+    DrawHatch(box, brush);
+    return cairo_pop_group(context_);
+}
+
+std::optional<PageBox> MapPainter::VisibleBoundsOf(const std::vector<PagePath>& rings) const {
     const PageBox page = BoxOf(view_.Page());
     PageBox box{page.right, page.bottom, page.left, page.top};
     for (const PagePath& ring : rings) {
@@ -214,9 +241,14 @@ void MapPainter::DrawHatch(const std::vector<PagePath>& rings, const zeio::TrBru
     box = {std::max(box.left, page.left), std::max(box.top, page.top),
            std::min(box.right, page.right), std::min(box.bottom, page.bottom)};
     if (box.left > box.right || box.top > box.bottom) {
-        return;
+        return std::nullopt;
     }
+    return box;
+}
+
+void MapPainter::DrawHatch(const PageBox& box, const zeio::TrBrush& brush) const {
     SetColor(context_, brush.fore);
+    cairo_new_path(context_);
     for (const HatchLines& lines : HatchPatternOf(brush.pattern).lines) {
         const double dots[] = {0.0, lines.spacing};
         cairo_set_dash(context_, dots, lines.isDotted ? 2 : 0, 0.0);
@@ -276,6 +308,14 @@ void MapPainter::StrokeInPieces(const PagePath& path, bool isClosed) const {
         cairo_line_to(context_, path.front().x, path.front().y);
     }
     cairo_stroke(context_);
+}
+
+void MapPainter::AppendRings(const std::vector<PagePath>& rings) const {
+    cairo_new_path(context_);
+    for (const PagePath& ring : rings) {
+        AppendPath(ring);
+        cairo_close_path(context_);
+    }
 }
 
 void MapPainter::AppendPath(const PagePath& path) const {

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "app/draw/DrawingColors.h"
-#include "app/draw/LayerView.h"
+#include "app/draw/LayerTarget.h"
 #include "app/draw/MarkerPainter.h"
 #include "app/draw/PagePath.h"
 #include "app/draw/TextPainter.h"
@@ -26,19 +26,16 @@ enum class StyleSource {
     Layers,   // the layers' colours alone
 };
 
-class MapPainter {
+class MapPainter : public LayerTarget {
 public:
     // The context draws in page coordinates and must outlive the painter.
     MapPainter(cairo_t* context, const Viewport& viewport, StyleSource styleSource);
 
-    // Starts a layer: forgets all styles.
-    void BeginLayer(std::size_t layer);
-
-    // How the layer's coordinates come into the picture's; at the layer's start they are the same.
-    void SetTransform(PointTransform transform);
+    void BeginLayer(std::size_t layer) override;
+    void SetTransform(PointTransform transform) override;
 
     // Draws the object, or remembers the style. Objects of other kinds are passed over.
-    void Add(const zeio::TrBase& object);
+    void Add(const zeio::TrBase& object) override;
 
 private:
     // How a line is drawn. A width of 0 is no line.
@@ -71,9 +68,15 @@ private:
     Stroke StrokeAt(const shr::Vec2d& place, double usualWidth) const;
     void DrawArea(const std::vector<PagePath>& rings, const shr::Vec2d& place);
     void FillArea(const std::vector<PagePath>& rings, const zeio::TrBrush& brush) const;
-    void DrawHatch(const std::vector<PagePath>& rings, const zeio::TrBrush& brush) const;
+    void FillWithHatch(const std::vector<PagePath>& rings, const zeio::TrBrush& brush) const;
+
+    // The hatch over the box alone; the caller destroys it.
+    cairo_pattern_t* PictureOfHatch(const PageBox& box, const zeio::TrBrush& brush) const;
+    std::optional<PageBox> VisibleBoundsOf(const std::vector<PagePath>& rings) const;
+    void DrawHatch(const PageBox& box, const zeio::TrBrush& brush) const;
     void DrawLines(const std::vector<PagePath>& paths, const Stroke& stroke) const;
     void StrokeInPieces(const PagePath& path, bool isClosed) const;
+    void AppendRings(const std::vector<PagePath>& rings) const;
     void AppendPath(const PagePath& path) const;
 
     cairo_t* context_;

@@ -20,7 +20,7 @@ constexpr double kLargestDiameter = 200.0;
 
 // The thin light edge that sets symbols off against areas and each other.
 constexpr shr::Color4b kEdgeColor{255, 255, 255, 220};
-constexpr double kEdgeWidth = 0.75;
+constexpr double kEdgeWidth = 0.75;  // pixels
 
 // Symbol fonts begin with the blank: symbol 0 is character 32.
 constexpr int kFirstCharacter = 32;
@@ -91,18 +91,20 @@ void MarkerPainter::Draw(const zeio::TrMarkerSet& markers, const LayerView& view
         }
         const double diameter =
             MarkerDiameter(view.LengthOnPage({position.x, position.y}, markers.size));
-        SetColor(context_, color);
         if (character.empty()) {
-            DrawShape(MarkerShapeOf(markers.symbolIndex), *at, diameter);
+            const MarkerShape& shape = MarkerShapeOf(markers.symbolIndex);
+            SetColor(context_, kEdgeColor);
+            DrawShape(shape, *at, diameter / 2.0 + kEdgeWidth);
+            SetColor(context_, color);
+            DrawShape(shape, *at, diameter / 2.0);
         } else {
+            SetColor(context_, color);
             DrawCharacter(character, *at, diameter);
         }
     }
 }
 
-void MarkerPainter::DrawShape(const MarkerShape& shape, const PagePoint& at,
-                              double diameter) const {
-    const double radius = diameter / 2.0;
+void MarkerPainter::DrawShape(const MarkerShape& shape, const PagePoint& at, double radius) const {
     cairo_new_path(context_);
     if (shape.outline.empty()) {
         cairo_arc(context_, at.x, at.y, radius, 0.0, 2.0 * std::numbers::pi);
@@ -111,10 +113,7 @@ void MarkerPainter::DrawShape(const MarkerShape& shape, const PagePoint& at,
         cairo_line_to(context_, at.x + point.x * radius, at.y + point.y * radius);
     }
     cairo_close_path(context_);
-    cairo_fill_preserve(context_);
-    SetColor(context_, kEdgeColor);
-    cairo_set_line_width(context_, kEdgeWidth);
-    cairo_stroke(context_);
+    cairo_fill(context_);
 }
 
 void MarkerPainter::DrawCharacter(const std::string& character, const PagePoint& at,

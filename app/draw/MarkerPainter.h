@@ -34,7 +34,7 @@ public:
     void Draw(const zeio::TrMarkerSet& markers, const LayerView& view, const shr::Color4b& color);
 
 private:
-    void DrawShape(const MarkerShape& shape, const PagePoint& at, double diameter) const;
+    void DrawShape(const MarkerShape& shape, const PagePoint& at, double radius) const;
     void DrawCharacter(const std::string& character, const PagePoint& at, double diameter) const;
 
     cairo_t* context_;

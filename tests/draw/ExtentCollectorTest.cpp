@@ -16,7 +16,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 std::optional<Box2d> ExtentOf(const std::vector<const zeio::TrBase*>& objects) {
     app::ExtentCollector collector;
-    collector.BeginLayer();
+    collector.BeginLayer(0);
     for (const zeio::TrBase* object : objects) {
         collector.Add(*object);
     }
@@ -85,7 +85,7 @@ TEST(Extent, PassesOverPointsThatCannotBeDrawn) {
 TEST(Extent, IsInTransformedCoordinates) {
     const zeio::TrPolyline line = draw_test::Line({{1, 1}, {2, 3}});
     app::ExtentCollector collector;
-    collector.BeginLayer();
+    collector.BeginLayer(0);
     collector.SetTransform([](const shr::Vec2d& point) {
         return shr::Vec2d{point.x * 10, point.y + 100};
     });
@@ -98,7 +98,7 @@ TEST(Extent, IsInTransformedCoordinates) {
 TEST(Extent, LeavesOutPointsThatTheTransformationCannotPlace) {
     const zeio::TrPolyline line = draw_test::Line({{1, 1}, {2, 3}, {-1, 0}});
     app::ExtentCollector collector;
-    collector.BeginLayer();
+    collector.BeginLayer(0);
     collector.SetTransform([](const shr::Vec2d& point) {
         return point.x > 0 ? std::optional<shr::Vec2d>(point) : std::nullopt;
     });

@@ -1,0 +1,158 @@
+#include "app/draw/DrawRun.h"
+
+#include "app/Errors.h"
+#include "app/ImportRun.h"
+#include "app/Paths.h"
+#include "app/crs/GcsFromCrs.h"
+#include "app/draw/ExtentCollector.h"
+#include "app/draw/LayerSystems.h"
+
+#include <memory>
+
+namespace app {
+
+namespace {
+
+// Sent through an import that has told all that is asked of it.
+struct EnoughRead {};
+
+ImportSettings SettingsFor(const std::string& file, const DrawOptions& options) {
+    ImportSettings settings;
+    settings.path = PathFromArgument(file);
+    settings.asIs = options.asIs;
+    settings.noStore = true;  // a picture does not depend on what an earlier run remembered
+    settings.encoding = options.encoding;
+    settings.modulePath = options.modulePath;
+    return settings;
+}
+
+const gcs::CSDef* SystemIn(const zeio::TrBase& object) {
+    return object.GetTypeId() == zeio::TrCRS::GetClassTypeId()
+               ? static_cast<const zeio::TrCRS&>(object).GetCS()
+               : nullptr;
+}
+
+// The picture's system while no object is read, from the first input that has one.
+void SettleSystem(const DrawOptions& options, Reporter& reporter, LayerSystems& systems) {
+    for (const std::string& file : options.inputs) {
+        if (systems.HasTarget()) {
+            return;
+        }
+        try {
+            RunImport(SettingsFor(file, options), reporter, [&systems](const zeio::TrBase& object) {
+                if (const gcs::CSDef* system = SystemIn(object)) {
+                    static_cast<void>(systems.TransformFrom(*system));
+                    throw EnoughRead();
+                }
+                if (IsGraphics(object)) {
+                    throw EnoughRead();
+                }
+            });
+        } catch (const EnoughRead&) {
+        }
+    }
+}
+
+// Hands the objects of every input to a target, each input as a layer.
+class LayerReader {
+public:
+    LayerReader(const DrawOptions& options, LayerSystems& systems)
+        : options_(options), systems_(systems) {}
+
+    void Read(LayerTarget& target, Reporter& reporter) {
+        bool isAnyPlaced = !options_.crs.empty();
+        std::vector<std::string> unplaced;
+        for (std::size_t layer = 0; layer < options_.inputs.size(); ++layer) {
+            const std::string& file = options_.inputs[layer];
+            bool isPlaced = false;
+            target.BeginLayer(layer);
+            RunImport(SettingsFor(file, options_), reporter, [&](const zeio::TrBase& object) {
+                if (const gcs::CSDef* system = SystemIn(object)) {
+                    isPlaced = true;
+                    target.SetTransform(TransformOf(file, *system, reporter));
+                }
+                target.Add(object);
+            });
+            isAnyPlaced = isAnyPlaced || isPlaced;
+            if (!isPlaced) {
+                unplaced.push_back(file);
+            }
+        }
+        for (const std::string& file : isAnyPlaced ? unplaced : std::vector<std::string>()) {
+            reporter.Warning(PathText(PathFromArgument(file)) +
+                             ": has no coordinate system of the Earth; drawn as it stands");
+        }
+    }
+
+private:
+    PointTransform TransformOf(const std::string& file, const gcs::CSDef& system,
+                               Reporter& reporter) {
+        LayerTransform transform = systems_.TransformFrom(system);
+        if (!transform.problem.empty()) {
+            reporter.Warning(PathText(PathFromArgument(file)) +
+                             ": can't be moved into the picture's coordinate system (" +
+                             transform.problem + "); drawn as it stands");
+        }
+        return transform.transform;
+    }
+
+    const DrawOptions& options_;
+    LayerSystems& systems_;
+};
+
+shr::Box2d ExtentOf(const DrawOptions& options, LayerReader& reader, Reporter& reporter) {
+    ExtentCollector collector;
+    reader.Read(collector, reporter);
+    if (!collector.Extent()) {
+        throw Failure(PathText(PathFromArgument(options.inputs.front())) +
+                      ": no object to draw; with --bbox the picture is made all the same");
+    }
+    return *collector.Extent();
+}
+
+std::unique_ptr<gcs::CSDef> NamedSystem(const std::string& definition, Reporter& reporter) {
+    if (definition.empty()) {
+        return nullptr;
+    }
+    CrsForExport crs = GcsFromCrs(definition);
+    if (!crs) {
+        throw Failure("--crs " + definition + ": " + crs.problem);
+    }
+    for (const std::string& warning : crs.warnings) {
+        reporter.Detail("--crs " + definition + ": " + warning);
+    }
+    return std::move(crs.system);
+}
+
+}  // namespace
+
+int RunDraw(const DrawOptions& options, Reporter& reporter) {
+    OutputFile output(PathFromArgument(options.output), options.ifExists);
+    LayerSystems systems(NamedSystem(options.crs, reporter));
+    LayerReader reader(options, systems);
+
+    // What is read twice has its say once.
+    Reporter silent = reporter;
+    silent.SetVerbosity(Verbosity::Quiet);
+    shr::Box2d world;
+    if (options.bbox) {
+        world = *options.bbox;
+        SettleSystem(options, silent, systems);
+    } else {
+        world = ExtentOf(options, reader, reporter);
+    }
+    const double stretchX = systems.IsGeographic() ? LongitudeStretch(world) : 1.0;
+    const PageSize page = ChoosePageSize(world, stretchX, options.page);
+    Canvas canvas(options.format, page, [&output](std::string_view bytes) { output.Write(bytes); });
+    canvas.Fill(options.background);
+    MapPainter painter(canvas.Context(), Viewport(world, stretchX, page, options.page.margin),
+                       options.styleSource);
+    reader.Read(painter, options.bbox ? reporter : silent);
+    canvas.Finish();
+    output.Finish();
+    reporter.Detail(options.output + ": " + std::to_string(page.width) + " x " +
+                    std::to_string(page.height) + " pixels");
+    return 0;
+}
+
+}  // namespace app
