@@ -14,7 +14,6 @@ namespace {
 constexpr ErrorOrigin kClosingFailed{L"CMifInputFile", 51};
 
 constexpr int kEnd = -1;
-constexpr std::size_t kStreamBufferBytes = 64 * 1024;
 constexpr std::size_t kFirstTokenCapacity = 256;
 
 // What a character does to the word being read.
@@ -25,7 +24,7 @@ constexpr std::array<Role, 257> MakeRoles() {
     std::array<Role, 257> roles{};
     for (const int separator :
          {kEnd, int{'\t'}, int{'\n'}, int{' '}, int{'"'}, int{'('}, int{')'}, int{','}}) {
-        roles[static_cast<std::size_t>(separator + 1)] = Role::Ends;
+        roles[static_cast<std::size_t>(separator) + 1] = Role::Ends;
     }
     roles['\r' + 1] = Role::Vanishes;
     return roles;
@@ -33,7 +32,7 @@ constexpr std::array<Role, 257> MakeRoles() {
 constexpr std::array<Role, 257> kRoles = MakeRoles();
 
 Role RoleOf(int character) {
-    return kRoles[static_cast<std::size_t>(character + 1)];
+    return kRoles[static_cast<std::size_t>(character) + 1];
 }
 
 }  // namespace
@@ -54,10 +53,7 @@ bool CMifInputFile::OpenFile(const std::wstring& path) {
     if (stream_ == nullptr) {
         return false;
     }
-    // Some C libraries take the size into account only when the memory comes from the caller. A
-    // refusal leaves the stream with a buffer of its own.
-    streamBuffer_.resize(kStreamBufferBytes);
-    static_cast<void>(std::setvbuf(stream_, streamBuffer_.data(), _IOFBF, streamBuffer_.size()));
+    LendBuffer(stream_, streamBuffer_);
     path_ = path;
     if (platform::SeekToEnd(stream_)) {
         size_ = platform::Tell(stream_);
@@ -235,6 +231,13 @@ void CMifInputFile::Close() {
     block_ = {};
     Terminate(token_.data());
     current_ = 0;
+}
+
+void CMifInputFile::LendBuffer(std::FILE* stream, std::vector<char>& memory) {
+    constexpr std::size_t kBytes = 65536;
+    memory.resize(kBytes);
+    // A refusal leaves the stream with a buffer of its own, which is only slower.
+    static_cast<void>(std::setvbuf(stream, memory.data(), _IOFBF, memory.size()));
 }
 
 double CMifInputFile::GetProgress() const {

@@ -84,6 +84,11 @@ public:
     const std::wstring& path() const { return path_; }
     std::uint64_t size() const { return size_; }
 
+protected:
+    // Gives a stream that was just opened a larger buffer. The memory has to outlive the stream:
+    // the C library takes a size into account only together with memory.
+    static void LendBuffer(std::FILE* stream, std::vector<char>& memory);
+
 private:
     int Fetch();
     bool ReadQuoted();

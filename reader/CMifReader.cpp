@@ -93,7 +93,9 @@ void CMifReader::OpenMid(const std::wstring& path) {
     midStream_ = platform::OpenFile(midPath_, platform::OpenMode::ReadBinary);
     if (midStream_ == nullptr) {
         midPath_.clear();
+        return;
     }
+    LendBuffer(midStream_, midBuffer_);
 }
 
 bool CMifReader::CheckVersion(std::wstring& warnings) {

@@ -124,6 +124,7 @@ private:
     bool FindField(std::size_t index);
 
     std::FILE* midStream_ = nullptr;  // owned; null when there is no .mid file
+    std::vector<char> midBuffer_;     // the memory that the C library's buffer of midStream_ uses
     std::string midRow_;
     std::wstring mifPath_;
     std::wstring midPath_;  // empty when the .mid file could not be opened
