@@ -53,8 +53,8 @@ RereadableInput::RereadableInput(const std::filesystem::path& path)
 }
 
 InputStream::InputStream(const RereadableInput& input)
-    : name_(input.Name()), stream_(OpenForReading(input.Path(), input.Name())) {
-    platform::SetBufferSize(stream_, 1 << 18);
+    : name_(input.Name()), buffer_(1 << 18), stream_(OpenForReading(input.Path(), input.Name())) {
+    platform::LendBuffer(stream_, buffer_);
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(input.Path(), error);
     size_ = error ? 0 : static_cast<std::uint64_t>(size);

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace app {
 
@@ -49,6 +50,7 @@ public:
 
 private:
     std::string name_;
+    std::vector<char> buffer_;  // the stream's
     std::FILE* stream_;
     std::uint64_t size_ = 0;  // bytes
     std::uint64_t lineNumber_ = 0;

@@ -29,8 +29,9 @@ bool OutputFile::Open() {
     if (stream_ == nullptr) {
         return false;
     }
-    platform::SetBufferSize(stream_, kStreamBufferBytes);
-    isUnfinished_ = true;
+    isUnfinished_ = true;  // from here on the file is there, whatever else fails
+    buffer_.resize(kStreamBufferBytes);
+    platform::LendBuffer(stream_, buffer_);
     return true;
 }
 

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mif {
 
@@ -51,6 +52,7 @@ public:
 
 private:
     std::wstring path_;            // empty until SetPath
+    std::vector<char> buffer_;     // the stream's
     std::FILE* stream_ = nullptr;  // owned; null when nothing is open
     bool isUnfinished_ = false;    // the file was opened and neither kept nor deleted since
 };

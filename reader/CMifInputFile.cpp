@@ -236,8 +236,7 @@ void CMifInputFile::Close() {
 void CMifInputFile::LendBuffer(std::FILE* stream, std::vector<char>& memory) {
     constexpr std::size_t kBytes = 65536;
     memory.resize(kBytes);
-    // A refusal leaves the stream with a buffer of its own, which is only slower.
-    static_cast<void>(std::setvbuf(stream, memory.data(), _IOFBF, memory.size()));
+    platform::LendBuffer(stream, memory);
 }
 
 double CMifInputFile::GetProgress() const {

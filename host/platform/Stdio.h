@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <span>
 #include <string>
 
 namespace platform {
@@ -32,8 +33,9 @@ QOLF_HOST_API bool SeekToEnd(std::FILE* stream);
 // The offset in bytes from the start; 0 when the stream can't tell.
 QOLF_HOST_API std::uint64_t Tell(std::FILE* stream);
 
-// Gives the stream a buffer of the given size; call it right after opening.
-QOLF_HOST_API void SetBufferSize(std::FILE* stream, std::size_t bytes);
+// Lends the stream this memory as its buffer; call it right after opening. The memory must stay
+// until the stream is closed. (Some C libraries ignore a size without memory.)
+QOLF_HOST_API void LendBuffer(std::FILE* stream, std::span<char> memory);
 
 // One byte (0 to 255) from the stream's own buffer without taking its lock, or EOF (-1).
 // A stream belongs to one filter and a filter to one thread, so there is nothing to lock.

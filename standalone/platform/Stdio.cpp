@@ -17,9 +17,9 @@ int Lower(int character) {
 
 }  // namespace
 
-void SetBufferSize(std::FILE* stream, std::size_t bytes) {
+void LendBuffer(std::FILE* stream, std::span<char> memory) {
     // A refusal leaves the stream with its own buffer, which is only slower.
-    static_cast<void>(std::setvbuf(stream, nullptr, _IOFBF, bytes));
+    static_cast<void>(std::setvbuf(stream, memory.data(), _IOFBF, memory.size()));
 }
 
 bool WriteBytes(std::FILE* stream, const char* bytes, std::size_t count) {

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -106,14 +107,16 @@ TEST(SeekTo, RefusesAnOffsetThatNoFileHas) {
     EXPECT_FALSE(platform::SeekTo(stream.get(), ~std::uint64_t{0}));
 }
 
-TEST(SetBufferSize, LeavesTheBytesAlone) {
+TEST(LendBuffer, MakesTheStreamReadIntoTheMemory) {
     const support::TemporaryFolder folder;
+    std::vector<char> memory(1 << 16);
     const Stream stream = OpenToRead(folder.Write("a.mif", "abc"));
     ASSERT_TRUE(stream);
 
-    platform::SetBufferSize(stream.get(), 1 << 16);
+    platform::LendBuffer(stream.get(), memory);
 
     EXPECT_EQ(platform::GetByte(stream.get()), 'a');
+    EXPECT_EQ(memory[2], 'c');
 }
 
 TEST(WriteWide, WritesTheTextInCodePage0) {
