@@ -215,7 +215,7 @@ void RegisterAll(const Settings& settings, const std::vector<double>& coordinate
     for (const char* extension : {"geojson", "gpkg"}) {
         const std::string target = (settings.folder / "out.").string() + extension;
         Register(std::string("convert/") + extension, [=, qolf = settings.qolf.string()] {
-            bench::RunOrThrow({qolf, "convert", "--quiet", "--overwrite", "--no-store", "--crs",
+            bench::RunOrThrow({qolf, "convert", "--quiet", "--overwrite", "--crs",
                                "keep", regions.mif.string(), target});
         });
         rows.push_back({std::string("convert regions to ") + extension, "the bare import", 0.0,
@@ -256,16 +256,16 @@ int main(int argc, char** argv) {
     }
     if (!settings.qolf.empty()) {
         const double small = bench::PeakMebibytes(
-            {settings.qolf.string(), "info", "--count", "--no-store",
+            {settings.qolf.string(), "info", "--count",
              bench::Regions(settings.folder, settings.scale / 10.0).mif.string()});
         const double large =
-            bench::PeakMebibytes({settings.qolf.string(), "info", "--count", "--no-store",
+            bench::PeakMebibytes({settings.qolf.string(), "info", "--count",
                                   bench::Regions(settings.folder, settings.scale).mif.string()});
         rows.push_back({"peak memory of an import of 10 times the file", "the smaller file's peak",
                         large - small, 1.0, "MiB more"});
         rows.push_back(
             {"start-up: info on a small file", "/bin/true",
-             bench::StartUpMilliseconds({settings.qolf.string(), "info", "--no-store",
+             bench::StartUpMilliseconds({settings.qolf.string(), "info",
                                          bench::Points(settings.folder, 0.0).mif.string()}) -
                  bench::StartUpMilliseconds({"/bin/true"}),
              10.0, "ms more"});
