@@ -92,8 +92,13 @@ void MapPainter::SetFont(const zeio::TrFont& font) {
     beforeText_ = StyleBeforeText{pen_, brush_};
 }
 
-void MapPainter::DrawPolyline(const zeio::TrPolyline& polyline) {
+void MapPainter::BeginGeometry() {
     beforeText_.reset();
+    markerPainter_.Forget();
+}
+
+void MapPainter::DrawPolyline(const zeio::TrPolyline& polyline) {
+    BeginGeometry();
     const Stroke stroke = StrokeAt(FirstOf(polyline.vertices), kUsualLineWidth);
     const PagePath path = PathOf(std::span<const shr::Vec3d>(polyline.vertices));
     DrawLines(CutLine(path, GuardBoxOf(view_.Page())), stroke);
@@ -125,6 +130,7 @@ void MapPainter::DrawMarkers(const zeio::TrMarkerSet& markers) {
 }
 
 void MapPainter::DrawText(const zeio::TrText& text) {
+    markerPainter_.Forget();
     textPainter_.Draw(text, font_, view_, textColor_.value_or(colors_.text));
     if (beforeText_) {
         pen_ = beforeText_->pen;
@@ -165,7 +171,7 @@ MapPainter::Stroke MapPainter::StrokeAt(const shr::Vec2d& place, double usualWid
 }
 
 void MapPainter::DrawArea(const std::vector<PagePath>& rings, const shr::Vec2d& place) {
-    beforeText_.reset();
+    BeginGeometry();
     zeio::TrBrush layerBrush(zeio::TrBrush::Pattern::Solid);
     layerBrush.fore = colors_.area;
     FillArea(rings, brush_ ? *brush_ : layerBrush);

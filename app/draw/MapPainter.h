@@ -56,6 +56,7 @@ private:
     void SetPen(const zeio::TrPen& pen);
     void SetBrush(const zeio::TrBrush& brush);
     void SetFont(const zeio::TrFont& font);
+    void BeginGeometry();
     void DrawPolyline(const zeio::TrPolyline& polyline);
     void DrawPolygon(const zeio::TrPolygon& polygon);
     void DrawRectangle(const zeio::TrRectangle& rectangle);

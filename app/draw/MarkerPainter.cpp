@@ -83,25 +83,34 @@ void MarkerPainter::Draw(const zeio::TrMarkerSet& markers, const LayerView& view
         cairo_select_font_face(context_, family.c_str(), CAIRO_FONT_SLANT_NORMAL,
                                CAIRO_FONT_WEIGHT_NORMAL);
     }
+    MarkerLook look{.color = color,
+                    .symbolIndex = markers.symbolIndex,
+                    .character = character,
+                    .family = character.empty() ? "" : family};
     const PageBox guard = GuardBoxOf(view.Page());
     for (const shr::Vec3d& position : markers.positions) {
         const auto at = view.ToPage({position.x, position.y});
         if (!at || !guard.Contains(*at)) {
             continue;
         }
-        const double diameter =
-            MarkerDiameter(view.LengthOnPage({position.x, position.y}, markers.size));
-        if (character.empty()) {
-            const MarkerShape& shape = MarkerShapeOf(markers.symbolIndex);
-            SetColor(context_, kEdgeColor);
-            DrawShape(shape, *at, diameter / 2.0 + kEdgeWidth);
-            SetColor(context_, color);
-            DrawShape(shape, *at, diameter / 2.0);
-        } else {
-            SetColor(context_, color);
-            DrawCharacter(character, *at, diameter);
+        look.diameter = MarkerDiameter(view.LengthOnPage({position.x, position.y}, markers.size));
+        if (grid_.Take(look, *at, view.Page())) {
+            DrawMarker(look, *at);
         }
     }
+}
+
+void MarkerPainter::DrawMarker(const MarkerLook& look, const PagePoint& at) const {
+    if (!look.character.empty()) {
+        SetColor(context_, look.color);
+        DrawCharacter(look.character, at, look.diameter);
+        return;
+    }
+    const MarkerShape& shape = MarkerShapeOf(look.symbolIndex);
+    SetColor(context_, kEdgeColor);
+    DrawShape(shape, at, look.diameter / 2.0 + kEdgeWidth);
+    SetColor(context_, look.color);
+    DrawShape(shape, at, look.diameter / 2.0);
 }
 
 void MarkerPainter::DrawShape(const MarkerShape& shape, const PagePoint& at, double radius) const {

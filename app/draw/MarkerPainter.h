@@ -3,6 +3,7 @@
 
 #include "app/draw/FontCatalogue.h"
 #include "app/draw/LayerView.h"
+#include "app/draw/MarkerGrid.h"
 #include "host/shr/Color4b.h"
 #include "host/zeio/TrObjects.h"
 
@@ -31,14 +32,20 @@ class MarkerPainter {
 public:
     explicit MarkerPainter(cairo_t* context) : context_(context) {}
 
+    // A symbol that would hide behind one of the same look is left out (app/draw/MarkerGrid.h).
     void Draw(const zeio::TrMarkerSet& markers, const LayerView& view, const shr::Color4b& color);
 
+    // Something else was drawn: symbols from now on stand on top of it.
+    void Forget() { grid_.Forget(); }
+
 private:
+    void DrawMarker(const MarkerLook& look, const PagePoint& at) const;
     void DrawShape(const MarkerShape& shape, const PagePoint& at, double radius) const;
     void DrawCharacter(const std::string& character, const PagePoint& at, double diameter) const;
 
     cairo_t* context_;
     FontCatalogue fonts_;
+    MarkerGrid grid_;
 };
 
 }  // namespace app
