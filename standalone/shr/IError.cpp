@@ -3,19 +3,20 @@
 #include "standalone/Log.h"
 #include "standalone/Text.h"
 
+#include <string_view>
 #include <utility>
 
 namespace shr {
 
 namespace {
 
-// What an exception under way says of itself, in UTF-8.
-std::string DescribeCurrentException() {
-    if (!std::current_exception()) {
+// What an exception says of itself, in UTF-8.
+std::string Describe(const std::exception_ptr& exception) {
+    if (exception == nullptr) {
         return "no exception is under way";
     }
     try {
-        throw;
+        std::rethrow_exception(exception);
     } catch (const std::exception& error) {
         return error.what();
     } catch (...) {
@@ -23,13 +24,13 @@ std::string DescribeCurrentException() {
     }
 }
 
-// Never throws: the callers are destructors and dialog procedures.
-void LogCurrentException(const std::wstring& context, const std::wstring& sourceFile,
-                         int line) noexcept {
+bool IsHosts(const std::exception_ptr& exception) {
     try {
-        standalone::WriteLog({context, sourceFile, line, DescribeCurrentException()});
+        std::rethrow_exception(exception);
+    } catch (const IError&) {
+        return true;
     } catch (...) {
-        // A log that fails has nowhere to go.
+        return false;
     }
 }
 
@@ -44,21 +45,14 @@ IError::~IError() = default;
 
 IError::IError(const IError&) = default;
 
-void LogExceptionInfo(const wchar_t* module, const wchar_t* sourceFile, int line) {
-    LogCurrentException(module, sourceFile, line);
-}
-
-void LogExceptionInfoAndRethrowIfUnknown(const std::wstring& context,
-                                         const std::wstring& sourceFile, int line) {
-    LogCurrentException(context, sourceFile, line);
-    if (!std::current_exception()) {
-        return;
-    }
+bool LogException(const std::exception_ptr& exception, const std::wstring& context,
+                  const std::wstring& sourceFile, int line) noexcept {
     try {
-        throw;
-    } catch (const IError&) {
-        // The host's own kind was logged, and that is all.
+        standalone::WriteLog({context, sourceFile, line, Describe(exception)});
+    } catch (...) {
+        // The callers are destructors and dialog procedures: a log that fails has nowhere to go.
     }
+    return exception == nullptr || IsHosts(exception);
 }
 
 int WinProcReturnCodeAfterException(HWND /*window*/, UINT /*message*/) {
