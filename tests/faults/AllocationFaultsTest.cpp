@@ -1,0 +1,180 @@
+// Every allocation in turn fails, in one import and one export of each kind of object.
+#include "host/zeio/IoImportFilter.h"
+#include "host/zeio/IoManager.h"
+#include "module/Module.h"
+#include "standalone/IoHost.h"
+#include "tests/faults/Drawings.h"
+#include "tests/faults/FailingAllocations.h"
+#include "tests/faults/OpenFiles.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <new>
+#include <string>
+#include <vector>
+
+namespace fault_test {
+
+namespace {
+
+using testing::IsEmpty;
+
+enum class Ending { Done, NoFilter, OutOfMemory, HostError };
+
+// A host without memory of its own: whatever it would record would fail as well.
+struct PlainHost {
+    standalone::OptionStore store;
+    zeio::IoHost host{store};
+    zeio::IoManager manager{host};
+};
+
+Ending EndingOf(const std::function<bool(zeio::IoManager&)>& run, zeio::IoManager& manager) {
+    try {
+        return run(manager) ? Ending::Done : Ending::NoFilter;
+    } catch (const std::bad_alloc&) {
+        return Ending::OutOfMemory;
+    } catch (const shr::IError&) {
+        return Ending::HostError;
+    }
+}
+
+struct Outcome {
+    Ending ending = Ending::Done;
+    bool hasFailed = false;
+    long blocksLeft = 0;
+};
+
+Outcome RunWithFault(const std::function<bool(zeio::IoManager&)>& run, long number,
+                     Failing failing) {
+    Outcome outcome;
+    const long before = LiveBlocks();
+    {
+        PlainHost host;
+        const FailingAllocations faults(number, failing);
+        outcome.ending = EndingOf(run, host.manager);
+        outcome.hasFailed = FailingAllocations::HasFailed();
+    }
+    outcome.blocksLeft = LiveBlocks() - before;
+    return outcome;
+}
+
+// What went wrong when each allocation of a run failed in turn. run makes a filter, uses it and
+// deletes it, and gives false when there was none; isClean says whether no file was left.
+std::vector<std::string> Objections(const std::function<bool(zeio::IoManager&)>& run,
+                                    Failing failing, const std::function<bool()>& isClean) {
+    {
+        PlainHost first;  // what the libraries keep for good is allocated by now
+        static_cast<void>(EndingOf(run, first.manager));
+        static_cast<void>(isClean());
+    }
+    const std::size_t openFiles = OpenFileCount();
+    std::vector<std::string> objections;
+    for (long number = 1;; ++number) {
+        const Outcome outcome = RunWithFault(run, number, failing);
+        const std::string where = " at allocation " + std::to_string(number);
+        if (!outcome.hasFailed) {
+            return outcome.ending == Ending::Done ? objections : std::vector{"error" + where};
+        }
+        if (outcome.ending == Ending::Done) {
+            objections.push_back("swallowed" + where);
+        }
+        if (outcome.blocksLeft != 0) {
+            objections.push_back("leak" + where);
+        }
+        if (OpenFileCount() != openFiles) {
+            objections.push_back("open file" + where);
+        }
+        if (!isClean()) {
+            objections.push_back("file left" + where);
+        }
+    }
+}
+
+class ImportWithoutMemory : public testing::TestWithParam<ImportRow> {
+protected:
+    std::vector<std::string> ObjectionsTo(Failing failing) {
+        const std::wstring path = folder_.Write("map.mif", MifWith(GetParam().objects));
+        static_cast<void>(folder_.Write("map.mid", MidRows()));
+        const auto run = [&path](zeio::IoManager& manager) {
+            const std::unique_ptr<zeio::IoImportFilter> filter(ImportMIF(manager));
+            if (filter != nullptr) {
+                filter->Import(path);
+            }
+            return filter != nullptr;
+        };
+        return Objections(run, failing, [] { return true; });
+    }
+
+private:
+    support::TemporaryFolder folder_;
+};
+
+class ExportWithoutMemory : public testing::TestWithParam<ExportRow> {
+protected:
+    std::vector<std::string> ObjectionsTo(Failing failing) {
+        const Objects objects = GetParam().make();
+        const std::wstring path = folder_.PathOf("out.mif");
+        const auto run = [&path, &objects](zeio::IoManager& manager) {
+            const std::unique_ptr<zeio::IoExportFilter> filter(ExportMIF(manager));
+            if (filter != nullptr) {
+                ExportAll(*filter, path, objects);
+            }
+            return filter != nullptr;
+        };
+        return Objections(run, failing, [this, failing] {
+            // Deleting a file takes memory for its path; where there is none left it stays.
+            const bool isClean = failing == Failing::ThatAndAllLater ||
+                                 (!folder_.Has("out.mif") && !folder_.Has("out.mid"));
+            std::filesystem::remove(folder_.path() / "out.mif");
+            std::filesystem::remove(folder_.path() / "out.mid");
+            return isClean;
+        });
+    }
+
+private:
+    support::TemporaryFolder folder_;
+};
+
+}  // namespace
+
+TEST_P(ImportWithoutMemory, OfOneBlockThrowsAndLeavesNothing) {
+    EXPECT_THAT(ObjectionsTo(Failing::OnlyOne), IsEmpty());
+}
+
+TEST_P(ImportWithoutMemory, FromABlockOnThrowsAndLeavesNothing) {
+    EXPECT_THAT(ObjectionsTo(Failing::ThatAndAllLater), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(, ImportWithoutMemory, testing::ValuesIn(ImportRows()),
+                         [](const auto& row) { return row.param.name; });
+
+TEST_P(ExportWithoutMemory, OfOneBlockThrowsAndLeavesNothing) {
+    EXPECT_THAT(ObjectionsTo(Failing::OnlyOne), IsEmpty());
+}
+
+TEST_P(ExportWithoutMemory, FromABlockOnThrowsAndLeaksNothing) {
+    EXPECT_THAT(ObjectionsTo(Failing::ThatAndAllLater), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(, ExportWithoutMemory, testing::ValuesIn(ExportRows()),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(TheFactories, GiveNullWithoutMemoryForAFilter) {
+    PlainHost host;
+    zeio::IoImportFilter* importFilter = nullptr;
+    zeio::IoExportFilter* exportFilter = nullptr;
+    {
+        const FailingAllocations faults(1, Failing::ThatAndAllLater);
+        importFilter = ImportMIF(host.manager);
+        exportFilter = ExportMIF(host.manager);
+    }
+
+    EXPECT_EQ(importFilter, nullptr);
+    EXPECT_EQ(exportFilter, nullptr);
+}
+
+}  // namespace fault_test

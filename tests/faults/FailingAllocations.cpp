@@ -1,0 +1,81 @@
+#include "tests/faults/FailingAllocations.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace fault_test {
+
+namespace {
+
+std::atomic<long> g_liveBlocks = 0;
+std::atomic<bool> g_isCounting = false;
+std::atomic<bool> g_hasFailed = false;
+long g_count = 0;
+long g_failingNumber = 0;
+Failing g_failing = Failing::OnlyOne;
+
+bool FailsNow() {
+    if (!g_isCounting) {
+        return false;
+    }
+    ++g_count;
+    const bool fails = g_failing == Failing::OnlyOne
+                           ? g_count == g_failingNumber
+                           : g_failingNumber != 0 && g_count >= g_failingNumber;
+    g_hasFailed = g_hasFailed || fails;
+    return fails;
+}
+
+void* Allocate(std::size_t size) {
+    void* const block = FailsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    ++g_liveBlocks;
+    return block;
+}
+
+void Free(void* block) {
+    if (block != nullptr) {
+        --g_liveBlocks;
+        std::free(block);
+    }
+}
+
+}  // namespace
+
+FailingAllocations::FailingAllocations(long number, Failing failing) {
+    g_count = 0;
+    g_failingNumber = number;
+    g_failing = failing;
+    g_hasFailed = false;
+    g_isCounting = true;
+}
+
+FailingAllocations::~FailingAllocations() {
+    g_isCounting = false;
+}
+
+bool FailingAllocations::HasFailed() {
+    return g_hasFailed;
+}
+
+long LiveBlocks() {
+    return g_liveBlocks;
+}
+
+}  // namespace fault_test
+
+// The forms that are not here (arrays, without an exception) call these.
+void* operator new(std::size_t size) {
+    return fault_test::Allocate(size);
+}
+
+void operator delete(void* block) noexcept {
+    fault_test::Free(block);
+}
+
+void operator delete(void* block, std::size_t /*size*/) noexcept {
+    fault_test::Free(block);
+}
