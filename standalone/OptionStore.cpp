@@ -108,7 +108,7 @@ bool OptionStore::WriteFile() const {
             text += Narrow(name) + (*entry.inFile ? "=true\n" : "=false\n");
         }
     }
-    return ReplaceFile(file_, text);
+    return ReplaceContents(file_, text);
 }
 
 }  // namespace standalone

@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <string>
+#include <string_view>
 
 namespace shr {
 
@@ -36,13 +37,29 @@ private:
 // The text of an errno value, without a full stop.
 QOLF_HOST_API std::wstring FormatSystemErrorMsg(int errorNumber);
 
-// Inside a catch block: logs the exception under way with its origin, and swallows it.
-QOLF_HOST_API void LogExceptionInfo(const wchar_t* module, const wchar_t* sourceFile, int line);
+// Logs an exception with its origin. True when it is of the host's own kind (an IError), or null.
+//
+// The names are views, so that a destructor without memory for a string can log as well.
+[[nodiscard]] QOLF_HOST_API bool LogException(const std::exception_ptr& exception,
+                                              std::wstring_view context,
+                                              std::wstring_view sourceFile, int line) noexcept;
 
-// Inside a catch block: the same, but an exception that is not the host's own kind (an IError) is
-// rethrown after logging.
-QOLF_HOST_API void LogExceptionInfoAndRethrowIfUnknown(const std::wstring& context,
-                                                       const std::wstring& sourceFile, int line);
+// Inside a catch block: logs the exception under way with its origin, and swallows it.
+//
+// This and the next one are inline, because a C++ runtime that is linked into each library on its
+// own knows an exception only in the library that caught it.
+inline void LogExceptionInfo(const wchar_t* module, const wchar_t* sourceFile, int line) {
+    static_cast<void>(LogException(std::current_exception(), module, sourceFile, line));
+}
+
+// Inside a catch block: the same, but an exception that is not the host's own kind is rethrown
+// after logging.
+inline void LogExceptionInfoAndRethrowIfUnknown(const std::wstring& context,
+                                                const std::wstring& sourceFile, int line) {
+    if (!LogException(std::current_exception(), context, sourceFile, line)) {
+        throw;
+    }
+}
 
 // What a dialog procedure returns after a caught exception: 0, the message was not handled.
 QOLF_HOST_API int WinProcReturnCodeAfterException(HWND window, UINT message);

@@ -32,7 +32,7 @@ void WritePrivateFile(const std::filesystem::path& path, std::string_view bytes)
 // Puts bytes in the place of a file, or makes the file and its folders: at every moment there is
 // the old file or the whole new one. A link stays a link to what it names. False on failure, with
 // the old file as it was and nothing else left.
-bool ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
+bool ReplaceContents(const std::filesystem::path& path, std::string_view bytes);
 
 // The folder for a user's settings; empty when the user has none.
 std::filesystem::path UserConfigFolder();

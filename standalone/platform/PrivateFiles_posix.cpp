@@ -116,7 +116,7 @@ void WritePrivateFile(const fs::path& path, std::string_view bytes) {
     }
 }
 
-bool ReplaceFile(const fs::path& path, std::string_view bytes) {
+bool ReplaceContents(const fs::path& path, std::string_view bytes) {
     const fs::path target = LinkTarget(path);
     if (!MakeFolders(target.parent_path())) {
         return false;

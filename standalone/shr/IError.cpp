@@ -45,10 +45,11 @@ IError::~IError() = default;
 
 IError::IError(const IError&) = default;
 
-bool LogException(const std::exception_ptr& exception, const std::wstring& context,
-                  const std::wstring& sourceFile, int line) noexcept {
+bool LogException(const std::exception_ptr& exception, std::wstring_view context,
+                  std::wstring_view sourceFile, int line) noexcept {
     try {
-        standalone::WriteLog({context, sourceFile, line, Describe(exception)});
+        standalone::WriteLog(
+            {std::wstring(context), std::wstring(sourceFile), line, Describe(exception)});
     } catch (...) {
         // The callers are destructors and dialog procedures: a log that fails has nowhere to go.
     }
