@@ -1,0 +1,52 @@
+# What `cmake --install` puts where:
+#
+#   bin/qolf                       the command
+#   lib/qolf/qolf.so               the module, in a folder of its own: nothing links with it
+#   lib/libqolfhost.so*            the host library, beside which both look for it
+#   include/qolf/{host,standalone} headers, included as "host/zeio/IoManager.h"
+#   lib/cmake/qolf                 find_package(qolf), which gives qolf::host
+#   share                          man pages (docs/man/), completion, documents
+#
+# Run paths are relative, so an installed tree may be moved as a whole.
+include_guard(GLOBAL)
+include(CMakePackageConfigHelpers)
+
+set(QOLF_INSTALL_MODULE_DIR "${CMAKE_INSTALL_LIBDIR}/qolf")
+set(QOLF_INSTALL_CONFIG_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/qolf")
+set(QOLF_INSTALL_INCLUDE_DIR "${CMAKE_INSTALL_INCLUDEDIR}/qolf")
+
+install(TARGETS qolf_module LIBRARY DESTINATION "${QOLF_INSTALL_MODULE_DIR}")
+if(TARGET qolf_app)
+  install(TARGETS qolf_app RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+  install(FILES "${PROJECT_SOURCE_DIR}/docs/completion/qolf.bash"
+          DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME qolf)
+endif()
+install(FILES
+  "${PROJECT_SOURCE_DIR}/README.md"
+  "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+  "${PROJECT_SOURCE_DIR}/LICENSE"
+  "${PROJECT_SOURCE_DIR}/docs/integrating.md"
+  DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+
+# Another host brings a library and headers of its own.
+if(NOT TARGET qolfhost)
+  return()
+endif()
+install(TARGETS qolfhost host_headers EXPORT qolf
+  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
+  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+  ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+  FILE_SET HEADERS DESTINATION "${QOLF_INSTALL_INCLUDE_DIR}")
+install(EXPORT qolf NAMESPACE qolf:: FILE qolf-targets.cmake
+        DESTINATION "${QOLF_INSTALL_CONFIG_DIR}")
+configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/qolf-config.cmake.in"
+  "${PROJECT_BINARY_DIR}/qolf-config.cmake"
+  INSTALL_DESTINATION "${QOLF_INSTALL_CONFIG_DIR}"
+  PATH_VARS QOLF_INSTALL_MODULE_DIR)
+# Slots and layouts may change from one 0.x to the next.
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/qolf-config-version.cmake"
+  COMPATIBILITY SameMinorVersion)
+install(FILES
+  "${PROJECT_BINARY_DIR}/qolf-config.cmake"
+  "${PROJECT_BINARY_DIR}/qolf-config-version.cmake"
+  DESTINATION "${QOLF_INSTALL_CONFIG_DIR}")

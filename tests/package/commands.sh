@@ -1,0 +1,13 @@
+# Sourced by the tests here: what a program's help says.
+
+# The subcommands, but for help, which has no page of its own.
+commands_of() {  # program
+    "$1" --help | awk '/^Subcommands:/ { inside = 1; next }
+                       inside && /^  [a-z]/ && $1 != "help" { print $1 }
+                       inside && !/^  / { exit }'
+}
+
+# The options of one command, or of the program itself, in their short and long forms.
+options_of() {  # program [command]
+    "$@" --help | awk '/^  -/ { gsub(",", "\n", $1); print $1 }' | LC_ALL=C sort -u
+}
