@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 
 namespace shr {
 
@@ -21,6 +22,23 @@ std::array<double, Count> Product(const std::array<double, Count>& left,
         }
     }
     return result;
+}
+
+// A rotation by a whole number of degrees has been through sine, cosine and arc tangent, and comes
+// out a little less as easily as a little more. A file format that keeps whole degrees only would
+// lose one on each round, so such an angle becomes one that is not less than its degrees.
+double OnWholeDegree(double angleRadians) {
+    const auto degreesOf = [](double radians) { return radians * 180.0 / std::numbers::pi; };
+    const double whole = std::round(degreesOf(angleRadians));
+    constexpr double kRoundingError = 1e-9;  // degrees
+    if (whole == 0.0 || std::fabs(degreesOf(angleRadians) - whole) > kRoundingError) {
+        return angleRadians;
+    }
+    double angle = whole / 180.0 * std::numbers::pi;
+    while (std::fabs(degreesOf(angle)) < std::fabs(whole)) {
+        angle = std::nextafter(angle, 2.0 * angle);
+    }
+    return angle;
 }
 
 }  // namespace
@@ -67,7 +85,7 @@ Vec3d Mat4d::Transform(const Vec3d& point) const {
 }
 
 double Mat4d::GetRotation2() const {
-    return std::atan2(values_[4], values_[0]);
+    return OnWholeDegree(std::atan2(values_[4], values_[0]));
 }
 
 }  // namespace shr

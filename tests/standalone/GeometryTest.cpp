@@ -95,4 +95,18 @@ TEST(Box2d, IsEmptyWhenAMinimumIsAboveItsMaximum) {
     EXPECT_TRUE((shr::Box2d{0, 1, 0, 0}.IsEmpty()));
 }
 
+class WholeDegrees : public testing::TestWithParam<int> {};
+
+TEST_P(WholeDegrees, AreNotLostOnTheWayThroughTheMatrix) {
+    shr::Mat4d matrix;
+    matrix.RotateZ(GetParam() / 180.0 * std::numbers::pi);
+
+    const double degrees = matrix.GetRotation2() * 180.0 / std::numbers::pi;
+
+    EXPECT_EQ(static_cast<int>(degrees), GetParam());
+    EXPECT_NEAR(degrees, GetParam(), 1e-12);
+}
+
+INSTANTIATE_TEST_SUITE_P(, WholeDegrees, testing::Range(-179, 181));
+
 }  // namespace
