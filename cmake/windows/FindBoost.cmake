@@ -1,0 +1,5 @@
+include(HeaderFolder)
+if(NOT TARGET Boost::boost)
+  qolf_header_library(Boost::boost boost)
+endif()
+set(Boost_FOUND TRUE)

@@ -1,0 +1,5 @@
+include(HeaderFolder)
+if(NOT TARGET CLI11::CLI11)
+  qolf_header_library(CLI11::CLI11 CLI)
+endif()
+set(CLI11_FOUND TRUE)

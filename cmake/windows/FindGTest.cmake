@@ -1,0 +1,13 @@
+# Built from Debian's package googletest: there is no binary for another system.
+if(NOT TARGET gtest)
+  set(CMAKE_COMPILE_WARNING_AS_ERROR OFF)
+  set(BUILD_SHARED_LIBS OFF)
+  set(INSTALL_GTEST OFF)
+  add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
+  foreach(library IN ITEMS gtest gtest_main gmock)
+    if(NOT TARGET GTest::${library})
+      add_library(GTest::${library} ALIAS ${library})
+    endif()
+  endforeach()
+endif()
+set(GTest_FOUND TRUE)

@@ -1,0 +1,5 @@
+include(HeaderFolder)
+if(NOT TARGET nlohmann_json::nlohmann_json)
+  qolf_header_library(nlohmann_json::nlohmann_json nlohmann)
+endif()
+set(nlohmann_json_FOUND TRUE)
