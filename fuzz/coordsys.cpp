@@ -1,0 +1,54 @@
+// A COORDSYS clause there and back: what is written for a clause that was read reads as the same
+// system, and is written the same again.
+#include "export/CoordSysWriter.h"
+#include "fuzz/FuzzInput.h"
+#include "host/gcs/CSDef.h"
+#include "reader/CMifInputFile.h"
+#include "reader/CoordSysParser.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace {
+
+mif::CoordSysClause Read(const std::string& text) {
+    mif::CMifInputFile input;
+    input.OpenMemory(std::vector<unsigned char>(text.begin(), text.end()));
+    input.Rewind();
+    return mif::ReadCoordSysClause(input);
+}
+
+std::string Write(const mif::CoordSysClause& clause) {
+    gcs::GCSDef definition;
+    definition.SetProjection(clause.projection);
+    definition.SetDatum(clause.datum);
+    std::string text;
+    unsigned minVersion = 300;
+    mif::WriteCoordSys(&definition, text, minVersion, /*inlineForm=*/true);
+    static_cast<void>(text.size());
+    mif::WriteCoordSys(&definition, text, minVersion, /*inlineForm=*/false);
+    fuzz::Require(minVersion >= 300 && minVersion <= 1100, "the version is one that there is");
+    return text;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const mif::CoordSysClause clause =
+        Read("CoordSys " + std::string(fuzz::TextOf(data, size)) + "\n\n");
+    if (!clause.isValid || !clause.hasEarthProjection) {
+        return 0;
+    }
+    const std::string written = Write(clause);
+    if (clause.projection.CheckParameters() != gcs::ProjectionParameterID::None ||
+        written.empty()) {
+        return 0;
+    }
+    const mif::CoordSysClause again = Read(written + "\n");
+    fuzz::Require(again.isValid && again.hasEarthProjection, "a written clause can be read");
+    fuzz::Require(again.projection.GetMethod() == clause.projection.GetMethod(),
+                  "the method stays");
+    fuzz::Require(Write(again) == written, "a clause is written the same again");
+    return 0;
+}
