@@ -23,10 +23,12 @@ if(TARGET qolf_app)
 endif()
 install(FILES
   "${PROJECT_SOURCE_DIR}/README.md"
-  "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
-  "${PROJECT_SOURCE_DIR}/LICENSE"
   "${PROJECT_SOURCE_DIR}/docs/integrating.md"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+
+# The Debian package has these two under names and in forms of its own (cmake/QolfPackage.cmake).
+install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT not_debian)
 
 # Another host brings a library and headers of its own.
 if(NOT TARGET qolfhost)
