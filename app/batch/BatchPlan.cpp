@@ -1,0 +1,144 @@
+#include "app/batch/BatchPlan.h"
+
+#include "app/Errors.h"
+#include "app/Paths.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace app {
+namespace {
+
+using std::filesystem::path;
+
+bool HasExtension(const path& file, std::span<const std::string_view> extensions) {
+    return std::find(extensions.begin(), extensions.end(), LowerExtension(file)) !=
+           extensions.end();
+}
+
+// The folder that a run of ours may have left when it was killed.
+bool IsPrivateFolder(const path& folder) {
+    return folder.filename().string().starts_with(".qolf-");
+}
+
+std::vector<path> FilesBelow(const path& folder, std::span<const std::string_view> extensions) {
+    std::vector<path> files;
+    std::error_code error;
+    std::filesystem::recursive_directory_iterator entries(folder, error);
+    for (; !error && entries != std::filesystem::recursive_directory_iterator();
+         entries.increment(error)) {
+        if (entries->is_directory(error) && IsPrivateFolder(entries->path())) {
+            entries.disable_recursion_pending();
+        } else if (entries->is_regular_file(error) && HasExtension(entries->path(), extensions)) {
+            files.push_back(entries->path());
+        }
+    }
+    if (error) {
+        throw Failure(PathText(folder) + ": can't list the folder: " + error.message());
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+path Canonical(const path& file) {
+    std::error_code error;
+    path canonical = std::filesystem::weakly_canonical(file, error);
+    return error ? file : canonical;
+}
+
+class Planner {
+public:
+    Planner(const path& folder, const std::string& extension)
+        : folder_(folder), extension_(extension) {}
+
+    void Add(const path& input, const path& relative) {
+        const path canonical = Canonical(input);
+        if (!inputs_.insert(canonical).second) {
+            return;
+        }
+        path output = folder_ / relative;
+        output.replace_extension(extension_);
+        const auto [other, isNew] = inputOf_.try_emplace(output, input);
+        if (!isNew) {
+            throw UsageError(PathText(other->second) + " and " + PathText(input) +
+                             " would both be written to " + PathText(output) +
+                             "; convert them into different folders");
+        }
+        items_.push_back({input, std::move(output)});
+    }
+
+    std::vector<BatchItem> Take() {
+        for (const BatchItem& item : items_) {
+            if (inputs_.contains(Canonical(item.output))) {
+                throw UsageError(PathText(item.output) +
+                                 " is an input as well; name another --output-dir");
+            }
+        }
+        return std::move(items_);
+    }
+
+private:
+    const path& folder_;
+    const std::string& extension_;
+    std::set<path> inputs_;         // canonical
+    std::map<path, path> inputOf_;  // by output
+    std::vector<BatchItem> items_;
+};
+
+// No time for a file that isn't there.
+bool IsOlder(const path& output, const path& input) {
+    std::error_code error;
+    const auto inputTime = std::filesystem::last_write_time(input, error);
+    if (error) {
+        return false;
+    }
+    const auto outputTime = std::filesystem::last_write_time(output, error);
+    return error || outputTime < inputTime;
+}
+
+}  // namespace
+
+std::vector<BatchItem> PlanBatch(std::span<const std::string> inputs,
+                                 const std::filesystem::path& folder, const std::string& extension,
+                                 std::span<const std::string_view> inputExtensions) {
+    Planner planner(folder, extension);
+    for (const std::string& argument : inputs) {
+        const path input = PathFromArgument(argument);
+        std::error_code error;
+        if (!std::filesystem::is_directory(input, error)) {
+            if (!std::filesystem::exists(input, error)) {
+                throw Failure(argument + ": there is no such file");
+            }
+            planner.Add(input, input.filename());
+            continue;
+        }
+        const std::vector<path> files = FilesBelow(input, inputExtensions);
+        if (files.empty()) {
+            throw Failure(argument + ": holds no file to convert (looked for *" +
+                          std::string(inputExtensions.front()) + ")");
+        }
+        for (const path& file : files) {
+            planner.Add(file, file.lexically_relative(input));
+        }
+    }
+    return planner.Take();
+}
+
+bool IsDone(const BatchItem& item) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(item.output, error)) {
+        return false;
+    }
+    if (LowerExtension(item.output) == ".mif" && FindCompanion(item.output, ".mid").empty()) {
+        return false;
+    }
+    if (IsOlder(item.output, item.input)) {
+        return false;
+    }
+    const path rows =
+        LowerExtension(item.input) == ".mif" ? FindCompanion(item.input, ".mid") : path();
+    return rows.empty() || !IsOlder(item.output, rows);
+}
+
+}  // namespace app

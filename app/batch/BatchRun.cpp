@@ -1,0 +1,131 @@
+#include "app/batch/BatchRun.h"
+
+#include "app/Errors.h"
+#include "app/Paths.h"
+
+#include <algorithm>
+#include <string_view>
+#include <thread>
+#include <utility>
+
+namespace app {
+namespace {
+
+constexpr std::string_view kErrorPrefix = "qolf: error: ";
+constexpr std::string_view kWarningPrefix = "qolf: warning: ";
+
+struct Tally {
+    std::size_t converted = 0;
+    std::size_t failed = 0;
+    std::size_t doneBefore = 0;
+};
+
+// A path that can't be taken for an option.
+std::string Argument(const std::filesystem::path& path) {
+    const std::string text = path.string();
+    return text.starts_with('-') ? "./" + text : text;
+}
+
+void MakeFolderOf(const std::filesystem::path& file) {
+    const std::filesystem::path folder = file.parent_path();
+    std::error_code error;
+    if (!folder.empty() && !std::filesystem::is_directory(folder, error)) {
+        std::filesystem::create_directories(folder, error);
+        if (error) {
+            throw Failure(PathText(folder) + ": can't make the folder: " + error.message());
+        }
+    }
+}
+
+ChildCommand CommandFor(const BatchOptions& options, const BatchItem& item) {
+    ChildCommand command = options.command;
+    if (options.resume || options.ifExists == IfExists::Overwrite) {
+        command.push_back("--overwrite");
+    }
+    command.push_back(Argument(item.input));
+    command.push_back(Argument(item.output));
+    return command;
+}
+
+// The warnings of a process again, as our own. Its error, which may have several lines, as one.
+std::string ForwardMessages(std::string_view messages, Reporter& reporter) {
+    std::string error;
+    while (!messages.empty()) {
+        const std::size_t end = std::min(messages.find('\n'), messages.size());
+        std::string_view line = messages.substr(0, end);
+        messages.remove_prefix(std::min(end + 1, messages.size()));
+        if (line.starts_with(kErrorPrefix)) {
+            line.remove_prefix(kErrorPrefix.size());
+            error += (error.empty() ? "" : " ") + std::string(line);
+        } else if (line.starts_with(kWarningPrefix)) {
+            reporter.Warning(line.substr(kWarningPrefix.size()));
+        }
+    }
+    return error;
+}
+
+void ReportEnd(const BatchItem& item, const ChildResult& result, Reporter& reporter, Tally& tally) {
+    std::string error = ForwardMessages(result.messages, reporter);
+    if (result.exitCode == 0 && result.signal == 0) {
+        ++tally.converted;
+        return;
+    }
+    ++tally.failed;
+    if (result.signal != 0) {
+        error = "ended by signal " + std::to_string(result.signal);
+    } else if (error.empty()) {
+        error = "ended with exit code " + std::to_string(result.exitCode);
+    }
+    const std::string name = PathText(item.input);
+    reporter.Error(error.find(name) == std::string::npos ? name + ": " + error : error);
+}
+
+std::string Summary(const Tally& tally, std::size_t total) {
+    std::string text = "converted " + std::to_string(tally.converted) + " of " +
+                       std::to_string(total) + (total == 1 ? " file" : " files");
+    if (tally.doneBefore > 0) {
+        text += ", " + std::to_string(tally.doneBefore) + " done before";
+    }
+    if (tally.failed > 0) {
+        text += ", " + std::to_string(tally.failed) + " failed";
+    }
+    return text;
+}
+
+std::vector<BatchItem> ItemsToDo(const BatchOptions& options) {
+    std::vector<BatchItem> items;
+    std::copy_if(options.items.begin(), options.items.end(), std::back_inserter(items),
+                 [&](const BatchItem& item) { return !options.resume || !IsDone(item); });
+    return items;
+}
+
+}  // namespace
+
+int RunBatch(const BatchOptions& options, Reporter& reporter) {
+    const std::vector<BatchItem> items = ItemsToDo(options);
+    Tally tally;
+    tally.doneBefore = options.items.size() - items.size();
+    for (const BatchItem& item : items) {
+        MakeFolderOf(item.output);
+    }
+    const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
+    reporter.StartProgress("converting");
+    const int signalNumber = RunChildren(
+        items.size(), options.jobs == 0 ? processors : options.jobs,
+        [&](std::size_t number) { return CommandFor(options, items[number]); },
+        [&](std::size_t number, const ChildResult& result) {
+            ReportEnd(items[number], result, reporter, tally);
+            reporter.Progress(static_cast<double>(tally.converted + tally.failed) /
+                              static_cast<double>(items.size()));
+        });
+    reporter.EndProgress();
+    if (signalNumber != 0) {
+        reporter.Note("interrupted: " + Summary(tally, options.items.size()) +
+                      "; --resume goes on from here");
+        EndBySignal(signalNumber);
+    }
+    reporter.Note(Summary(tally, options.items.size()));
+    return tally.failed == 0 ? 0 : 1;
+}
+
+}  // namespace app

@@ -1,0 +1,30 @@
+// Converts many files in processes of their own.
+#pragma once
+
+#include "app/Output.h"
+#include "app/Reporter.h"
+#include "app/batch/BatchPlan.h"
+#include "app/batch/ChildProcesses.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace app {
+
+struct BatchOptions {
+    std::vector<BatchItem> items;
+    std::size_t jobs = 0;  // processes at a time; 0: one a processor
+    bool resume = false;   // leave out what is done already, redo the rest
+    IfExists ifExists = IfExists::Refuse;
+
+    // The command that converts one file; the input and the output are put behind it.
+    ChildCommand command;
+};
+
+// Makes the folders of the outputs and converts the items. A file that fails is one line on the
+// reporter and hinders no other; a note at the end counts. 0 when all were converted, else 1. A
+// signal that ends the program ends the processes first, and then this one. Throws Failure.
+int RunBatch(const BatchOptions& options, Reporter& reporter);
+
+}  // namespace app

@@ -1,0 +1,235 @@
+#include "app/batch/ChildProcesses.h"
+
+#include "app/Errors.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <utility>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace app {
+namespace {
+
+constexpr std::array kEndingSignals{SIGINT, SIGTERM, SIGHUP};
+constexpr std::size_t kMostMessageBytes = std::size_t{1} << 20;
+
+volatile std::sig_atomic_t pendingSignal = 0;
+
+extern "C" void NoteSignal(int signalNumber) {
+    pendingSignal = signalNumber;
+}
+
+// While it lives, the signals that end a program are only noted, and only during Wait.
+class SignalWatch {
+public:
+    SignalWatch() {
+        pendingSignal = 0;
+        sigset_t blocked;
+        sigemptyset(&blocked);
+        for (const int signalNumber : kEndingSignals) {
+            sigaddset(&blocked, signalNumber);
+        }
+        sigprocmask(SIG_BLOCK, &blocked, &original_);
+        for (std::size_t i = 0; i < kEndingSignals.size(); ++i) {
+            sigaction(kEndingSignals[i], nullptr, &actions_[i]);
+            if (actions_[i].sa_handler == SIG_IGN) {
+                continue;  // as under nohup: the program is meant to live on
+            }
+            struct sigaction action {};
+            action.sa_handler = NoteSignal;
+            sigemptyset(&action.sa_mask);
+            sigaction(kEndingSignals[i], &action, nullptr);
+        }
+    }
+    ~SignalWatch() {
+        for (std::size_t i = 0; i < kEndingSignals.size(); ++i) {
+            sigaction(kEndingSignals[i], &actions_[i], nullptr);
+        }
+        sigprocmask(SIG_SETMASK, &original_, nullptr);
+    }
+    SignalWatch(const SignalWatch&) = delete;
+    SignalWatch& operator=(const SignalWatch&) = delete;
+
+    // Until a descriptor is ready, or a signal has come.
+    void Wait(std::vector<pollfd>& descriptors) const {
+        static_cast<void>(ppoll(descriptors.data(), descriptors.size(), nullptr, &original_));
+    }
+
+    const sigset_t& Original() const { return original_; }
+
+private:
+    sigset_t original_{};
+    std::array<struct sigaction, kEndingSignals.size()> actions_{};
+};
+
+struct Child {
+    std::size_t number;
+    pid_t process;
+    int messages;  // the reading end of its standard error
+    ChildResult result;
+};
+
+// What the child gets: no input, the pipe as standard error, and the signals as they were.
+class SpawnSettings {
+public:
+    SpawnSettings(int errorPipe, const sigset_t& signalMask) {
+        posix_spawn_file_actions_init(&files_);
+        posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_adddup2(&files_, errorPipe, STDERR_FILENO);
+        posix_spawnattr_init(&attributes_);
+        posix_spawnattr_setsigmask(&attributes_, &signalMask);
+        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK);
+    }
+    ~SpawnSettings() {
+        posix_spawn_file_actions_destroy(&files_);
+        posix_spawnattr_destroy(&attributes_);
+    }
+    SpawnSettings(const SpawnSettings&) = delete;
+    SpawnSettings& operator=(const SpawnSettings&) = delete;
+
+    int Spawn(pid_t& process, const ChildCommand& command) const {
+        std::vector<char*> arguments;
+        for (const std::string& word : command) {
+            arguments.push_back(const_cast<char*>(word.c_str()));
+        }
+        arguments.push_back(nullptr);
+        return posix_spawn(&process, arguments.front(), &files_, &attributes_, arguments.data(),
+                           environ);
+    }
+
+private:
+    posix_spawn_file_actions_t files_{};
+    posix_spawnattr_t attributes_{};
+};
+
+class ChildTable {
+public:
+    explicit ChildTable(const SignalWatch& watch) : watch_(watch) {}
+
+    // Ends and collects what still runs, as on the way of an exception.
+    ~ChildTable() {
+        PassOn(SIGTERM);
+        for (Child& child : running_) {
+            close(child.messages);
+            waitpid(child.process, nullptr, 0);
+        }
+    }
+    ChildTable(const ChildTable&) = delete;
+    ChildTable& operator=(const ChildTable&) = delete;
+
+    std::size_t Size() const { return running_.size(); }
+
+    void Start(std::size_t number, const ChildCommand& command) {
+        std::array<int, 2> ends{};
+        if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+            throw Failure(std::string("can't start a process: ") + std::strerror(errno));
+        }
+        pid_t process = 0;
+        const int error = SpawnSettings(ends[1], watch_.Original()).Spawn(process, command);
+        close(ends[1]);
+        if (error != 0) {
+            close(ends[0]);
+            throw Failure(std::string("can't start a process: ") + std::strerror(error));
+        }
+        running_.push_back({number, process, ends[0], {}});
+    }
+
+    void PassOn(int signalNumber) const {
+        for (const Child& child : running_) {
+            kill(child.process, signalNumber);
+        }
+    }
+
+    // Waits for messages, ends or a signal, and gives the children that have ended.
+    std::vector<Child> Wait() {
+        std::vector<pollfd> descriptors;
+        for (const Child& child : running_) {
+            descriptors.push_back({child.messages, POLLIN, 0});
+        }
+        watch_.Wait(descriptors);
+        std::vector<Child> ended;
+        for (std::size_t i = descriptors.size(); i-- > 0;) {
+            // After a signal the results of the call are not filled in.
+            if (descriptors[i].revents != 0 && !ReadMessages(running_[i])) {
+                ended.push_back(std::move(running_[i]));
+                running_.erase(running_.begin() + static_cast<std::ptrdiff_t>(i));
+            }
+        }
+        for (Child& child : ended) {
+            Collect(child);
+        }
+        return ended;
+    }
+
+private:
+    // False at the end, which comes with the end of the program.
+    static bool ReadMessages(Child& child) {
+        std::array<char, 4096> block{};
+        const ssize_t got = read(child.messages, block.data(), block.size());
+        if (got < 0) {
+            return errno == EINTR;
+        }
+        std::string& messages = child.result.messages;
+        if (messages.size() < kMostMessageBytes) {
+            messages.append(block.data(), static_cast<std::size_t>(got));
+        }
+        return got > 0;
+    }
+
+    static void Collect(Child& child) {
+        close(child.messages);
+        int status = 0;
+        while (waitpid(child.process, &status, 0) < 0 && errno == EINTR) {
+        }
+        if (WIFEXITED(status)) {
+            child.result.exitCode = WEXITSTATUS(status);
+        } else if (WIFSIGNALED(status)) {
+            child.result.signal = WTERMSIG(status);
+        }
+    }
+
+    const SignalWatch& watch_;
+    std::vector<Child> running_;
+};
+
+}  // namespace
+
+int RunChildren(std::size_t count, std::size_t parallel,
+                const std::function<ChildCommand(std::size_t)>& commandOf,
+                const std::function<void(std::size_t, const ChildResult&)>& onEnd) {
+    const SignalWatch watch;
+    ChildTable children(watch);
+    bool isPassedOn = false;
+    std::size_t next = 0;
+    while (children.Size() > 0 || (next < count && pendingSignal == 0)) {
+        while (next < count && children.Size() < parallel && pendingSignal == 0) {
+            children.Start(next, commandOf(next));
+            ++next;
+        }
+        for (const Child& child : children.Wait()) {
+            onEnd(child.number, child.result);
+        }
+        if (pendingSignal != 0 && !isPassedOn) {
+            children.PassOn(SIGTERM);
+            isPassedOn = true;
+        }
+    }
+    return pendingSignal;
+}
+
+void EndBySignal(int signalNumber) {
+    std::signal(signalNumber, SIG_DFL);
+    std::raise(signalNumber);
+}
+
+}  // namespace app

@@ -1,0 +1,111 @@
+// Processes beside one another: their messages, their ends, and signals.
+#include "app/batch/ChildProcesses.h"
+
+#include "app/Errors.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+
+#include <unistd.h>
+
+namespace {
+
+class RunChildren : public testing::Test {
+protected:
+    // Runs shell scripts, at most parallel at a time.
+    int Run(const std::vector<std::string>& scripts, std::size_t parallel = 2) {
+        results_.assign(scripts.size(), {});
+        return app::RunChildren(
+            scripts.size(), parallel,
+            [&](std::size_t number) {
+                ++startedCount_;
+                return app::ChildCommand{"/bin/sh", "-c", scripts[number]};
+            },
+            [&](std::size_t number, const app::ChildResult& result) {
+                order_.push_back(number);
+                results_[number] = result;
+            });
+    }
+
+    std::vector<app::ChildResult> results_;
+    std::vector<std::size_t> order_;
+    std::size_t startedCount_ = 0;
+};
+
+TEST_F(RunChildren, GivesExitCodesAndMessages) {
+    Run({"echo one >&2", "echo two >&2; exit 3"});
+
+    EXPECT_EQ(results_[0].exitCode, 0);
+    EXPECT_EQ(results_[0].messages, "one\n");
+    EXPECT_EQ(results_[1].exitCode, 3);
+    EXPECT_EQ(results_[1].messages, "two\n");
+}
+
+TEST_F(RunChildren, TellsTheSignalThatEndedAProgram) {
+    Run({"kill -9 $$"});
+
+    EXPECT_EQ(results_[0].signal, SIGKILL);
+}
+
+TEST_F(RunChildren, GivesNothingOnStandardInput) {
+    Run({"cat >&2"});
+
+    EXPECT_EQ(results_[0].messages, "");
+}
+
+TEST_F(RunChildren, RunsMoreProgramsThanAtATime) {
+    Run(std::vector<std::string>(20, "echo x >&2"), 3);
+
+    EXPECT_EQ(order_.size(), 20U);
+    EXPECT_TRUE(std::all_of(results_.begin(), results_.end(), [](const app::ChildResult& result) {
+        return result.messages == "x\n";
+    }));
+}
+
+TEST_F(RunChildren, RunsProgramsBesideOneAnother) {
+    const support::TemporaryFolder folder;
+    const std::string pipe = (folder.path() / "pipe").string();
+
+    // Each waits for the other, so one at a time would never end.
+    Run({"mkfifo " + pipe + "; echo hello > " + pipe,
+         "while ! [ -p " + pipe + " ]; do sleep 0.01; done; cat " + pipe + " >&2"});
+
+    EXPECT_EQ(results_[1].messages, "hello\n");
+}
+
+TEST_F(RunChildren, DrainsMoreMessagesThanAPipeHolds) {
+    Run({"head -c 300000 /dev/zero | tr '\\0' 'x' >&2"});
+
+    EXPECT_EQ(results_[0].messages.size(), 300000U);
+}
+
+TEST_F(RunChildren, SaysWhatCannotBeStarted) {
+    EXPECT_THROW(app::RunChildren(
+                     1, 1, [](std::size_t) { return app::ChildCommand{"/no/such/program"}; },
+                     [](std::size_t, const app::ChildResult&) {}),
+                 app::Failure);
+}
+
+TEST_F(RunChildren, PassesASignalOnAndStartsNothingMore) {
+    const std::string scripts = "kill -TERM $PPID; sleep 60";
+
+    const int signalNumber = Run({scripts, "true", "true"}, 1);
+
+    EXPECT_EQ(signalNumber, SIGTERM);
+    EXPECT_EQ(results_[0].signal, SIGTERM);
+    EXPECT_EQ(startedCount_, 1U);
+}
+
+TEST_F(RunChildren, LeavesTheSignalsAsTheyWere) {
+    Run({"true"});
+
+    struct sigaction action {};
+    sigaction(SIGTERM, nullptr, &action);
+    EXPECT_EQ(action.sa_handler, SIG_DFL);
+}
+
+}  // namespace
