@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the tests here: what a program's help says.
 
 # The subcommands, but for help, which has no page of its own.

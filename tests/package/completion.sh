@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Bash's completion offers the program's own commands and options.
 set -euo pipefail
+# shellcheck source-path=SCRIPTDIR
 . "$(dirname "$0")/commands.sh"
 qolf=$(realpath "$1") source=$2
 . "$source/docs/completion/qolf.bash"

@@ -2,6 +2,7 @@
 # Installs into a scratch folder, compares the list of files with the expected one, runs the
 # installed command, and builds and runs the example host against the installed package.
 set -euo pipefail
+# shellcheck source-path=SCRIPTDIR
 . "$(dirname "$0")/commands.sh"
 cmake=$1 build=$2 source=$3 expected=$4 libdir=$5 compiler=$6 flags=${7:-}
 
@@ -48,13 +49,15 @@ cd "$scratch"
 "$root/bin/qolf" info --count "$sample" >info.out 2>info.err || fail "qolf info: $(cat info.err)"
 [ ! -s info.err ] || fail "qolf info said: $(cat info.err)"
 
-"$cmake" -S "$source/examples/count-objects" -B example -DCMAKE_PREFIX_PATH="$root" \
-    -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" \
-    >example.log 2>&1 &&
-    "$cmake" --build example >>example.log 2>&1 || {
+build_example() {
+    "$cmake" -S "$source/examples/count-objects" -B example -DCMAKE_PREFIX_PATH="$root" \
+        -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" &&
+        "$cmake" --build example
+}
+if ! build_example >example.log 2>&1; then
     cat example.log >&2
     fail "the example does not build against the installed package"
-}
+fi
 example/count-objects "$sample" >counts
 for line in "TrMarkerSet 1" "TrPolyline 1" "TrPolygon 1" "TrCRS 1"; do
     grep -qxF "$line" counts || fail "the example did not print '$line' but: $(cat counts)"

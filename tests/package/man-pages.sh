@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Each subcommand has a man page with the usual sections and exactly the options of its help text.
 set -euo pipefail
+# shellcheck source-path=SCRIPTDIR
 . "$(dirname "$0")/commands.sh"
 qolf=$(realpath "$1") pages=$2
 failures=0
@@ -53,4 +54,4 @@ done
 check_sections "$pages/qolf.md"
 options_of "$qolf" | check_options "$pages/qolf.md"
 [ "$failures" -eq 0 ] || exit 1
-echo "man pages of" $commands "say what the help says"
+echo "man pages of ${commands//$'\n'/, } say what the help says"
