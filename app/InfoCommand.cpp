@@ -5,6 +5,7 @@
 #include "app/Json.h"
 #include "app/Output.h"
 #include "app/Paths.h"
+#include "app/Reporter.h"
 
 #ifdef QOLF_HAS_CRS
 #include "app/crs/DescribeCoordSys.h"
@@ -170,7 +171,7 @@ std::string InfoText(const FileFacts& facts) {
     for (const LayerColumn& column : facts.columns) {
         columns.Row(column.name, ColumnType(column));
     }
-    return PathText(facts.path) + "\n" + table.Text("  ") + columns.Text("    ");
+    return TerminalText(PathText(facts.path) + "\n" + table.Text("  ") + columns.Text("    "));
 }
 
 void AddMember(std::string& out, const char* key) {

@@ -43,6 +43,12 @@ bool IsPlain(char c) {
     return byte >= 0x20 && byte < 0x80 && byte != '"' && byte != '\\' && byte != 0x7F;
 }
 
+// U+0080 to U+009F, which drive a terminal as the controls below U+0020 do.
+bool IsHighControl(std::string_view text, std::size_t at) {
+    return static_cast<unsigned char>(text[at]) == 0xC2 &&
+           static_cast<unsigned char>(text[at + 1]) < 0xA0;
+}
+
 void AppendEscape(std::string& out, unsigned char byte) {
     static constexpr char kDigits[] = "0123456789abcdef";
     switch (byte) {
@@ -87,7 +93,11 @@ void AppendJsonString(std::string& out, std::string_view utf8) {
         if (byte < 0x80) {
             AppendEscape(out, byte);
             ++at;
-        } else if (const std::size_t length = SequenceLength(utf8, at); length > 0) {
+        } else if (const std::size_t length = SequenceLength(utf8, at);
+                   length == 2 && IsHighControl(utf8, at)) {
+            AppendEscape(out, static_cast<unsigned char>(utf8[at + 1]));
+            at += length;
+        } else if (length > 0) {
             out.append(utf8, at, length);
             at += length;
         } else {

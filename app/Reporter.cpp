@@ -28,7 +28,44 @@ std::string Duration(double seconds) {
     return text;
 }
 
+// How many bytes of a UTF-8 sequence follow its first one.
+int BytesBehind(unsigned char first) {
+    if (first < 0xC0) {
+        return 0;
+    }
+    return first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : 1;
+}
+
+void AppendVisible(std::string& text, unsigned char byte) {
+    static constexpr char kDigits[] = "0123456789abcdef";
+    text += {'\\', 'x', kDigits[byte >> 4], kDigits[byte & 15]};
+}
+
 }  // namespace
+
+std::string TerminalText(std::string_view utf8) {
+    std::string text;
+    int behind = 0;  // bytes to come of the sequence under way
+    for (std::size_t at = 0; at < utf8.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(utf8[at]);
+        const auto next = static_cast<unsigned char>(at + 1 < utf8.size() ? utf8[at + 1] : 0);
+        const bool isHigh = byte >= 0x80 && byte < 0xA0;
+        if ((byte < 0x20 && byte != '\n' && byte != '\t') || byte == 0x7F ||
+            (isHigh && behind == 0)) {
+            AppendVisible(text, byte);
+            behind = 0;
+        } else if (byte == 0xC2 && next >= 0x80 && next < 0xA0) {
+            AppendVisible(text, next);
+            behind = 0;
+            ++at;
+        } else {
+            const bool isContinuation = byte >= 0x80 && byte < 0xC0 && behind > 0;
+            behind = isContinuation ? behind - 1 : BytesBehind(byte);
+            text += utf8[at];
+        }
+    }
+    return text;
+}
 
 Reporter::Reporter(std::FILE* stream, bool isTerminal, bool useColor)
     : stream_(stream), useColor_(useColor), showProgress_(isTerminal) {}
@@ -66,7 +103,7 @@ void Reporter::Line(std::string_view kind, std::string_view color, std::string_v
         std::string line = "qolf: ";
         const bool isColored = useColor_ && !color.empty();
         line.append(isColored ? color : "").append(kind).append(isColored ? kPlain : "");
-        line.append(": ").append(text.substr(begin, end - begin)).append("\n");
+        line.append(": ").append(TerminalText(text.substr(begin, end - begin))).append("\n");
         std::fputs(line.c_str(), stream_);
         begin = end + 1;
     }
@@ -74,7 +111,7 @@ void Reporter::Line(std::string_view kind, std::string_view color, std::string_v
 }
 
 void Reporter::StartProgress(std::string_view title) {
-    title_ = title;
+    title_ = TerminalText(title);
     isRunning_ = true;
     started_ = Clock::now();
     drawn_ = started_;

@@ -8,10 +8,15 @@
 
 namespace app {
 
+// Text for a terminal: control characters but tabs and line feeds, which could drive it, become
+// visible ("\\x1b"). Those above 0x7F are looked for as UTF-8 and as single bytes.
+std::string TerminalText(std::string_view utf8);
+
 enum class Verbosity { Quiet, Normal, Verbose };
 
 // Errors are always written, warnings and notes unless quiet, details only when verbose. Every
 // line has the form "qolf: warning: text"; line breaks inside a text start new lines of that form.
+// Texts are shown as TerminalText gives them.
 class Reporter {
 public:
     // stream stays the caller's. isTerminal allows the progress bar; useColor allows colours.
