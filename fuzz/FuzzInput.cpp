@@ -57,7 +57,8 @@ void CheckPolygon(const zeio::TrPolygon& polygon) {
 
 bool Check(const zeio::TrBase& object) {
     if (const auto* polyline = As<zeio::TrPolyline>(object)) {
-        Require(polyline->vertices.size() >= 2, "a polyline has two vertices");
+        // A ring of one vertex becomes a polyline of one when areas become curves.
+        Require(!polyline->vertices.empty(), "a polyline has a vertex");
         return true;
     }
     if (const auto* polygon = As<zeio::TrPolygon>(object)) {

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kRounds = 20;
+constexpr int kRounds = 5;
 constexpr int kObjects = 120;  // more than the progress is told at a time
 
 std::string MapOf(const std::string& value) {
