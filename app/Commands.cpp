@@ -3,6 +3,9 @@
 #include "app/InfoCommand.h"
 #include "app/ReplayCommand.h"
 #include "app/TraceCommand.h"
+#ifdef QOLF_HAS_CONVERT
+#include "app/convert/ConvertCommand.h"
+#endif
 #ifdef QOLF_HAS_DRAW
 #include "app/draw/DrawCommand.h"
 #endif
@@ -14,6 +17,9 @@ namespace {
 
 constexpr std::array kCommands{
     CommandEntry{"info", AddInfoCommand},
+#ifdef QOLF_HAS_CONVERT
+    CommandEntry{"convert", AddConvertCommand},
+#endif
     CommandEntry{"trace", AddTraceCommand},
     CommandEntry{"replay", AddReplayCommand},
 #ifdef QOLF_HAS_DRAW

@@ -1,0 +1,133 @@
+#include "app/convert/ConvertCommand.h"
+
+#include "app/convert/ConvertRun.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace app {
+
+namespace {
+
+constexpr const char* kFooter = R"(
+The extension tells the format: .mif, .geojson, .geojsonl (a feature a line), .geojsons (a text
+sequence), .gpkg; "-" is GeoJSON on standard input or output.
+
+Examples:
+  qolf convert roads.mif roads.geojson
+  qolf convert roads.mif places.mif maps.gpkg       a layer for each file
+  qolf convert --crs EPSG:3301 in.geojson out.mif
+  qolf convert --bbox 24,58,26,60 --select id,name roads.mif - | jq .
+  qolf convert --jobs 2 --to gpkg --output-dir out/ maps/)";
+
+std::vector<std::string> Split(const std::string& text) {
+    std::vector<std::string> words(1);
+    for (const char c : text) {
+        if (c == ',') {
+            words.emplace_back();
+        } else {
+            words.back() += c;
+        }
+    }
+    return words;
+}
+
+// Throws what the command line's parser reports.
+std::vector<double> BoxOf(const std::string& text) {
+    std::vector<double> numbers;
+    for (const std::string& word : Split(text)) {
+        double number = 0.0;
+        if (!CLI::detail::lexical_cast(word, number)) {
+            throw CLI::ValidationError("--bbox", "\"" + word + "\" is no number");
+        }
+        numbers.push_back(number);
+    }
+    if (numbers.size() != 4) {
+        throw CLI::ValidationError("--bbox", "takes four numbers: minx,miny,maxx,maxy");
+    }
+    return numbers;
+}
+
+void AddSelection(CLI::App& command, ConvertOptions& options) {
+    command.add_option("--layer", options.layer, "Name of the layer to write, or to read")
+        ->type_name("NAME");
+    command
+        .add_option_function<std::string>(
+            "--select", [&options](const std::string& text) { options.select = Split(text); },
+            "Columns to keep, in this order")
+        ->type_name("NAME,...");
+    command
+        .add_option_function<std::string>(
+            "--bbox", [&options](const std::string& text) { options.box = BoxOf(text); },
+            "Keep what meets this box of output coordinates: minx,miny,maxx,maxy")
+        ->type_name("BOX");
+    command.add_option("--limit", options.limit, "Stop after so many features")->type_name("N");
+}
+
+void AddInput(CLI::App& command, ConvertOptions& options) {
+    command
+        .add_option("--crs", options.crs,
+                    "Coordinate system of the output: keep, wgs84, EPSG:CODE, a PROJ string or WKT")
+        ->type_name("SYSTEM");
+    command.add_option("--encoding", options.encoding, "Encoding of the MIF file's texts")
+        ->type_name("NAME");
+    command.add_flag("--as-is", options.asIs, "Give the file to the module without any care");
+    command
+        .add_option("--segments", options.segments, "Edges of a full turn when curves become lines")
+        ->type_name("N")
+        ->check(CLI::Range(4, 100000))
+        ->capture_default_str();
+    command.add_flag("--styles", options.withStyles, "Add simplestyle properties to GeoJSON");
+    command.add_flag("--overwrite", options.overwrite, "Replace files that exist");
+}
+
+void AddExport(CLI::App& command, ConvertOptions& options) {
+    command.add_flag("--areas-to-curves", options.areasToCurves, "Write areas to MIF as polylines");
+    command.add_flag("--no-render-text", options.noRenderText, "Write no texts to MIF");
+    command.add_flag("--no-render-markers", options.noRenderMarkers, "Write no points to MIF");
+    command.add_flag("--defaults", options.useDefaults,
+                     "Start from the export's defaults, not from the stored options");
+    command
+        .add_option("--option-string", options.optionString,
+                    "Options for the export filter: \"AreasToCurves=1;RenderText=0\"")
+        ->type_name("TEXT");
+    command.add_flag("--no-store", options.noStore, "Neither read nor write stored options");
+}
+
+void AddBatch(CLI::App& command, ConvertOptions& options) {
+    command.add_option("--to", options.format, "Format: mif, geojson, geojsonl, geojsons, gpkg")
+        ->type_name("FORMAT");
+    command
+        .add_option("--output-dir", options.outputFolder,
+                    "Convert every file, and those in folders, to a file in this folder")
+        ->type_name("FOLDER");
+    command.add_option("--jobs", options.jobs, "Processes at a time with --output-dir")
+        ->type_name("N")
+        ->check(CLI::Range(1, 256));
+    command.add_flag("--resume", options.resume,
+                     "Go on where an interrupted run with --output-dir stopped");
+}
+
+}  // namespace
+
+void AddConvertCommand(CLI::App& program, CommandContext& context) {
+    auto options = std::make_shared<ConvertOptions>();
+    CLI::App* command = program.add_subcommand("convert", "Convert between MIF and other formats");
+    command->add_option("files", options->paths, "Inputs, then the output; - is a standard stream")
+        ->type_name("FILE")
+        ->required();
+    AddInput(*command, *options);
+    AddSelection(*command, *options);
+    AddExport(*command, *options);
+    AddBatch(*command, *options);
+    command->footer(kFooter);
+    command->callback([options, &context] {
+        context.run = [options, &context] {
+            options->modulePath = context.modulePath;
+            return RunConvert(*options, context.reporter);
+        };
+    });
+}
+
+}  // namespace app

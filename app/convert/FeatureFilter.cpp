@@ -1,0 +1,68 @@
+#include "app/convert/FeatureFilter.h"
+
+#include "app/Errors.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace app {
+
+std::vector<LayerColumn> FeatureFilter::SelectColumns(const std::vector<LayerColumn>& columns) {
+    if (settings_.columns.empty()) {
+        return columns;
+    }
+    std::vector<LayerColumn> left;
+    selected_.clear();
+    for (const std::string& wanted : settings_.columns) {
+        const auto at =
+            std::find_if(columns.begin(), columns.end(),
+                         [&](const LayerColumn& column) { return column.name == wanted; });
+        if (at == columns.end()) {
+            std::string names;
+            for (const LayerColumn& column : columns) {
+                names += (names.empty() ? "" : ", ") + column.name;
+            }
+            throw Failure("there is no column \"" + wanted + "\"; the columns are: " + names);
+        }
+        selected_.push_back(static_cast<std::size_t>(at - columns.begin()));
+        left.push_back(*at);
+    }
+    return left;
+}
+
+bool FeatureFilter::Wants(const Feature& feature) const {
+    if (!settings_.box) {
+        return true;
+    }
+    const shr::Box2d& wanted = *settings_.box;
+    shr::Box2d box = feature.box;
+    if (feature.kind != GeometryKind::Rectangle && feature.kind != GeometryKind::Ellipse) {
+        if (feature.points.empty()) {
+            return false;
+        }
+        const shr::Vec2d& first = feature.points.front();
+        box = {first.x, first.y, first.x, first.y};
+        for (const shr::Vec2d& point : feature.points) {
+            box.minX = std::min(box.minX, point.x);
+            box.minY = std::min(box.minY, point.y);
+            box.maxX = std::max(box.maxX, point.x);
+            box.maxY = std::max(box.maxY, point.y);
+        }
+    }
+    return box.minX <= wanted.maxX && box.maxX >= wanted.minX && box.minY <= wanted.maxY &&
+           box.maxY >= wanted.minY;
+}
+
+void FeatureFilter::SelectValues(Feature& feature) const {
+    if (settings_.columns.empty()) {
+        return;
+    }
+    std::vector<Value> values;
+    values.reserve(selected_.size());
+    for (const std::size_t position : selected_) {
+        values.push_back(position < feature.values.size() ? feature.values[position] : Value());
+    }
+    feature.values = std::move(values);
+}
+
+}  // namespace app

@@ -1,0 +1,107 @@
+#include "app/convert/SystemPlan.h"
+
+#include "app/Errors.h"
+#include "app/crs/GcsFromCrs.h"
+
+#include <utility>
+
+namespace app {
+
+namespace {
+
+constexpr const char* kKeep = "keep";
+
+bool IsGeoJson(Format format) {
+    return format == Format::GeoJson || format == Format::GeoJsonLines ||
+           format == Format::GeoJsonSequence;
+}
+
+std::unique_ptr<gcs::CSDef> CopyOf(const gcs::CSDef* system) {
+    return system == nullptr ? nullptr : system->Clone();
+}
+
+std::unique_ptr<gcs::CSDef> SystemOfOption(const std::string& crs, Reporter& reporter) {
+    if (crs == "wgs84" || crs == "WGS84" || crs == "EPSG:4326") {
+        return std::make_unique<gcs::GCSDef>(Wgs84System());
+    }
+    CrsForExport found = GcsFromCrs(crs);
+    if (!found) {
+        throw Failure("--crs " + crs + ": " + found.problem);
+    }
+    for (const std::string& warning : found.warnings) {
+        reporter.Warning("--crs " + crs + ": " + warning);
+    }
+    return std::move(found.system);
+}
+
+// Null: the input's own.
+std::unique_ptr<gcs::CSDef> WantedSystem(Format format, const std::string& crs,
+                                         Reporter& reporter) {
+    if (crs == kKeep || (crs.empty() && format == Format::Mif)) {
+        return nullptr;
+    }
+    if (crs.empty()) {
+        return std::make_unique<gcs::GCSDef>(Wgs84System());
+    }
+    std::unique_ptr<gcs::CSDef> system = SystemOfOption(crs, reporter);
+    if (IsGeoJson(format) && !IsWgs84(system.get())) {
+        throw UsageError("--crs " + crs +
+                         ": GeoJSON is longitude and latitude of WGS 84; "
+                         "use --crs keep, or another format");
+    }
+    return system;
+}
+
+}  // namespace
+
+SystemPlan PlanSystems(const gcs::CSDef* source, Format format, const std::string& crs,
+                       const std::string& subject, Reporter& reporter) {
+    std::unique_ptr<gcs::CSDef> wanted = WantedSystem(format, crs, reporter);
+    SystemPlan plan;
+    if (wanted == nullptr || source == nullptr) {
+        plan.output = CopyOf(source);
+        if (IsGeoJson(format) && !IsWgs84(source)) {
+            reporter.Note(subject + ": the coordinates are written as they are, which is not the "
+                                    "longitude and latitude that GeoJSON readers expect");
+        } else if (wanted != nullptr) {
+            reporter.Note(subject +
+                          ": has no place on the Earth; the coordinates stay as they are");
+        }
+        return plan;
+    }
+    try {
+        Reprojection reprojection(source, wanted.get());
+        for (const std::string& warning : reprojection.Warnings()) {
+            reporter.Warning(subject + ": " + warning);
+        }
+        if (reprojection.IsNeeded()) {
+            plan.reprojection.emplace(std::move(reprojection));
+        }
+        plan.output = std::move(wanted);
+    } catch (const Failure& failure) {
+        reporter.Warning(subject + ": " + failure.what() + "; the coordinates stay as they are");
+        plan.output = CopyOf(source);
+    }
+    return plan;
+}
+
+std::unique_ptr<gcs::CSDef> ForExport(const gcs::CSDef& system) {
+    std::unique_ptr<gcs::CSDef> copy = system.Clone();
+    auto* earth = dynamic_cast<gcs::GCSDef*>(copy.get());
+    if (earth == nullptr) {
+        return copy;
+    }
+    using enum gcs::ProjectionParameterID;
+    gcs::ProjectionDef projection = earth->GetProjection();
+    const gcs::ProjectionMethod method = projection.GetMethod();
+    const bool isAzimuthal = method == gcs::ProjectionMethod::AzimuthalEquidistant ||
+                             method == gcs::ProjectionMethod::LambertAzimuthalEqualArea;
+    if (isAzimuthal && projection.HasParameter(StandardParallel1) &&
+        !projection.HasParameter(LatitudeOfOrigin)) {
+        projection.SetParameter(LatitudeOfOrigin, projection.GetParameter(StandardParallel1));
+        earth->SetProjection(projection);
+    }
+    return copy;
+}
+
+}  // namespace app

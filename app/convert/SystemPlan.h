@@ -1,0 +1,31 @@
+// Which coordinate system a conversion's output has, and how its coordinates get there.
+#pragma once
+
+#include "app/Reporter.h"
+#include "app/convert/ConvertOptions.h"
+#include "app/convert/Reprojection.h"
+#include "host/gcs/CSDef.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace app {
+
+struct SystemPlan {
+    std::unique_ptr<gcs::CSDef> output;        // null: nothing is known of the coordinates
+    std::optional<Reprojection> reprojection;  // absent: they stay as they are
+};
+
+// source is the input's system, null for a plane. Without --crs GeoJSON and GeoPackages get
+// longitude and latitude of WGS 84, and MIF keeps the input's system. A plane is never reprojected;
+// a system that can't be is kept with a warning. subject names the input. Throws Failure for a
+// --crs that MIF can't express, UsageError for one that the format has not.
+SystemPlan PlanSystems(const gcs::CSDef* source, Format format, const std::string& crs,
+                       const std::string& subject, Reporter& reporter);
+
+// The system with the latitude of an azimuthal projection in both of its places, as the export
+// needs it: the clause that names it at any latitude sets one of them only.
+std::unique_ptr<gcs::CSDef> ForExport(const gcs::CSDef& system);
+
+}  // namespace app
