@@ -118,8 +118,9 @@ std::unique_ptr<gcs::CSDef> NamedSystem(const std::string& definition, Reporter&
     if (!crs) {
         throw Failure("--crs " + definition + ": " + crs.problem);
     }
+    const std::string option = "--crs " + definition + ": ";
     for (const std::string& warning : crs.warnings) {
-        reporter.Detail("--crs " + definition + ": " + warning);
+        reporter.Detail(option + warning);
     }
     return std::move(crs.system);
 }

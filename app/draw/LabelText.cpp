@@ -1,6 +1,7 @@
 #include "app/draw/LabelText.h"
 
 #include <cstdint>
+#include <type_traits>
 
 namespace app {
 
@@ -36,14 +37,19 @@ void AppendUtf8(std::string& text, std::uint32_t codePoint) {
     }
 }
 
+// Wide characters are signed on some systems.
+std::uint32_t NumberOf(wchar_t character) {
+    return static_cast<std::make_unsigned_t<wchar_t>>(character);
+}
+
 // Takes the next code point off the text, joined from two where wide text has 16 bits.
 std::uint32_t TakeCodePoint(std::wstring_view& text) {
-    const auto first = static_cast<std::uint32_t>(text[0]);
+    const auto first = NumberOf(text[0]);
     text.remove_prefix(1);
     if (first < 0xD800 || first > 0xDBFF || text.empty()) {
         return first;
     }
-    const auto second = static_cast<std::uint32_t>(text[0]);
+    const auto second = NumberOf(text[0]);
     if (second < 0xDC00 || second > 0xDFFF) {
         return first;
     }

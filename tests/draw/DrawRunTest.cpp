@@ -81,10 +81,11 @@ protected:
         cairo_surface_t* const image = cairo_image_surface_create_from_png(file.c_str());
         std::uint32_t packed = 0;
         if (x < cairo_image_surface_get_width(image) && y < cairo_image_surface_get_height(image)) {
+            const std::ptrdiff_t row = static_cast<std::ptrdiff_t>(y);
+            const std::ptrdiff_t column = 4 * static_cast<std::ptrdiff_t>(x);
             std::memcpy(&packed,
                         cairo_image_surface_get_data(image) +
-                            static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(image) +
-                            4 * x,
+                            row * cairo_image_surface_get_stride(image) + column,
                         sizeof packed);
             packed |= cairo_image_surface_get_format(image) == CAIRO_FORMAT_RGB24 ? 0xFF000000U : 0;
         }

@@ -226,8 +226,10 @@ TEST(Polyline, OfMoreVerticesThanOneStrokeTakesHasNoBreaks) {
     RasterPicture picture;
     picture.Add(Pen(kBlack, 1.0));
     zeio::TrPolyline line;
-    for (int i = 0; i < 10000; ++i) {
-        line.vertices.push_back({(i % 500) * 0.2, 10.5 + (i / 500) * 2.0, 0.0});
+    for (int row = 0; row < 20; ++row) {
+        for (int step = 0; step < 500; ++step) {
+            line.vertices.push_back({step * 0.2, 10.5 + row * 2.0, 0.0});
+        }
     }
 
     picture.Add(line);

@@ -1,8 +1,8 @@
 #include "tests/draw/Picture.h"
 
+#include <algorithm>
 #include <cstring>
 #include <numbers>
-#include <regex>
 
 namespace draw_test {
 
@@ -10,6 +10,15 @@ namespace {
 
 constexpr app::PageSize kPage{100, 100};
 const app::Viewport kViewport({0.0, 0.0, 100.0, 100.0}, 1.0, kPage, 0.0);
+
+std::string WithoutSurfaceNumbers(std::string svg) {
+    constexpr std::string_view kName = "surface";
+    for (std::size_t at = svg.find(kName); at != std::string::npos; at = svg.find(kName, at)) {
+        at += kName.size();
+        svg.erase(at, std::min(svg.find_first_not_of("0123456789", at), svg.size()) - at);
+    }
+    return svg;
+}
 
 }  // namespace
 
@@ -23,8 +32,9 @@ shr::Color4b RasterPicture::At(int x, int y) const {
     cairo_surface_t* const image = canvas_.Image();
     cairo_surface_flush(image);
     const auto row = static_cast<std::ptrdiff_t>(kPage.height - 1 - y);
+    const std::ptrdiff_t column = 4 * static_cast<std::ptrdiff_t>(x);
     const unsigned char* const pixel =
-        cairo_image_surface_get_data(image) + row * cairo_image_surface_get_stride(image) + 4 * x;
+        cairo_image_surface_get_data(image) + row * cairo_image_surface_get_stride(image) + column;
     std::uint32_t packed = 0;
     std::memcpy(&packed, pixel, sizeof packed);
     return shr::Color4b(packed);
@@ -67,7 +77,7 @@ std::string SvgOf(const std::vector<const zeio::TrBase*>& objects) {
         painter.Add(*object);
     }
     canvas.Finish();
-    return std::regex_replace(svg, std::regex("surface[0-9]+"), "surface");
+    return WithoutSurfaceNumbers(svg);
 }
 
 zeio::TrPen Pen(const shr::Color4b& color, double widthWorld) {

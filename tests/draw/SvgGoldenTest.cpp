@@ -102,10 +102,12 @@ TEST_F(SvgGolden, OfRoundedRectangleAndEllipse) {
 TEST_F(SvgGolden, OfEverySymbolOfTheDefaultSet) {
     std::vector<zeio::TrMarkerSet> markers;
     for (int index = 0; index < app::kMarkerShapeCount; ++index) {
-        markers.push_back(Marker(10.0 + 20.0 * (index % 5), 30.0 + 40.0 * (index / 5), 12.0));
+        const int row = index / 5;
+        markers.push_back(Marker(10.0 + 20.0 * (index % 5), 30.0 + 40.0 * row, 12.0));
         markers.back().symbolIndex = index;
     }
     std::vector<const zeio::TrBase*> objects;
+    objects.reserve(markers.size());
     for (const zeio::TrMarkerSet& marker : markers) {
         objects.push_back(&marker);
     }
