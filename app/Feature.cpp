@@ -61,8 +61,8 @@ std::string IsoDateTime(std::string_view text) {
     return date.empty() || time.empty() ? std::string() : date + "T" + time;
 }
 
-Value TextOr(std::string converted, std::string text) {
-    return converted.empty() ? Value(std::move(text)) : Value(std::move(converted));
+Value TextOr(std::string converted, const std::string& text) {
+    return converted.empty() ? Value(text) : Value(std::move(converted));
 }
 
 Value LogicalValue(std::string text) {
@@ -138,11 +138,11 @@ Value TypedValue(const LayerColumn& column, std::string text) {
     case ColumnKind::Logical:
         return LogicalValue(std::move(text));
     case ColumnKind::Date:
-        return TextOr(IsoDate(Trimmed(text)), std::move(text));
+        return TextOr(IsoDate(Trimmed(text)), text);
     case ColumnKind::Time:
-        return TextOr(IsoTime(Trimmed(text)), std::move(text));
+        return TextOr(IsoTime(Trimmed(text)), text);
     case ColumnKind::DateTime:
-        return TextOr(IsoDateTime(Trimmed(text)), std::move(text));
+        return TextOr(IsoDateTime(Trimmed(text)), text);
     default:
         return text;
     }

@@ -1,0 +1,469 @@
+#include "tests/cli/CliRun.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using cli::Result;
+using cli::Sandbox;
+using Json = nlohmann::ordered_json;
+using testing::Test;
+
+// Converts and gives the parsed collection.
+Json GeoJsonOf(const Sandbox& sandbox, std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "convert");
+    arguments.emplace_back("-");
+    const Result result = sandbox.Qolf(arguments);
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    return Json::parse(result.out, nullptr, /*allow_exceptions=*/false);
+}
+
+std::string CollectionOf(const std::string& features) {
+    return R"({"type":"FeatureCollection","features":[)" + features + "]}";
+}
+
+std::string FeatureOf(const std::string& geometry, const std::string& properties = "{}") {
+    return R"({"type":"Feature","properties":)" + properties + R"(,"geometry":)" + geometry + "}";
+}
+
+// The lines behind DATA of the file that the GeoJSON becomes.
+std::string ObjectsOf(const Sandbox& sandbox, const std::string& geoJson) {
+    sandbox.Write("in.geojson", geoJson);
+    const Result result = sandbox.Qolf({"convert", "--no-store", "in.geojson", "out.mif"});
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    const std::string mif = sandbox.Read("out.mif");
+    const std::size_t data = mif.find("\nDATA\n");
+    return data == std::string::npos ? mif : mif.substr(data + 6);
+}
+
+TEST(ConvertToGeoJson, GivesLongitudeAndLatitudeOfWgs84) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {cli::Sample("real/utm_ridge.mif")});
+
+    const Json first = json["features"][0]["geometry"]["coordinates"][0];
+    EXPECT_NEAR(first[0].get<double>(), 174.744879866, 1e-8);
+    EXPECT_NEAR(first[1].get<double>(), -34.516343497, 1e-8);
+}
+
+TEST(ConvertToGeoJson, KeepsTheFilesOwnCoordinatesWhenTold) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {"--crs", "keep", cli::Sample("real/utm_ridge.mif")});
+
+    EXPECT_EQ(json["features"][0]["geometry"]["coordinates"][0],
+              Json::parse("[292993.78,6178281.37]"));
+}
+
+TEST(ConvertToGeoJson, ReadsTheTextsInTheHeadersCharset) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {cli::Sample("real/cyrillic.mif")});
+
+    EXPECT_EQ(json["features"][0]["properties"]["Поле_А"], "Значение А");
+}
+
+TEST(ConvertToGeoJson, ReadsTheTextsInAnotherEncodingWhenTold) {
+    const Sandbox sandbox;
+
+    const Json json =
+        GeoJsonOf(sandbox, {"--encoding", "UTF-8", cli::Sample("real/osm_water.mif")});
+
+    EXPECT_NE(json.dump().find("Llac d'Engolasters"), std::string::npos);
+}
+
+TEST(ConvertToGeoJson, TypesTheValuesByTheColumns) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {cli::Sample("attributes.mif")});
+
+    EXPECT_EQ(json["features"][0]["properties"],
+              Json::parse(R"({"Name":"Main St; North","Count":1,"Small":2,"Large":3,"Value":4.5,
+                  "Price":6.7,"Day":"2026-01-01","Hour":"10:11:12.000",
+                  "Moment":"2026-01-01T10:11:12.000","Done":true})"));
+    EXPECT_TRUE(json["features"][1]["properties"]["Count"].is_null());
+}
+
+TEST(ConvertToGeoJson, KeepsTheAttributesBehindAClauseThatSwallowsALine) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {cli::Sample("real/osm_places.mif")});
+
+    EXPECT_EQ(json["features"][0]["properties"]["name"], "Andorra la Vella");
+}
+
+TEST(ConvertToGeoJson, LosesThemAsTheModuleDoesWithAsIs) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {"--as-is", cli::Sample("real/osm_places.mif")});
+
+    EXPECT_TRUE(json["features"][0]["properties"].empty());
+}
+
+TEST(ConvertToGeoJson, MakesHolesOfRingsInsideRings) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCharset \"Neutral\"\nCoordSys Nonearth Units \"m\"\nData\n"
+                           "Region 3\n4\n0 0\n0 9\n9 9\n9 0\n4\n3 3\n6 3\n6 6\n3 6\n"
+                           "4\n20 20\n29 20\n29 29\n20 29\n");
+
+    const Json json = GeoJsonOf(sandbox, {"a.mif"});
+
+    EXPECT_EQ(json["features"][0]["geometry"], Json::parse(R"({"type":"MultiPolygon","coordinates":[
+                  [[[0,0],[9,0],[9,9],[0,9],[0,0]],[[3,3],[3,6],[6,6],[6,3],[3,3]]],
+                  [[[20,20],[29,20],[29,29],[20,29],[20,20]]]]})"));
+}
+
+TEST(ConvertToGeoJson, MakesPointsOfTextsWithTheirProperties) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {cli::Sample("texts.mif")});
+
+    const Json turned = json["features"][2];
+    EXPECT_EQ(turned["geometry"]["type"], "Point");
+    EXPECT_EQ(turned["properties"]["text"], "turned");
+    EXPECT_EQ(turned["properties"]["font"], "Arial");
+    EXPECT_NEAR(turned["properties"]["angle"].get<double>(), 45.0, 1e-9);
+    EXPECT_EQ(turned["properties"]["justify"], "right");
+}
+
+TEST(ConvertToGeoJson, AddsSimpleStylesWhenTold) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {"--styles", cli::Sample("real/cyrillic.mif")});
+
+    EXPECT_EQ(json["features"][2]["properties"]["stroke"], "#000000");
+    EXPECT_EQ(json["features"][2]["properties"]["fill"], "#ffffff");
+}
+
+TEST(ConvertToGeoJson, SelectsColumnsBoxAndNumber) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {"--select", "name,code", "--bbox", "1.5,42.5,1.6,42.6",
+                                          "--limit", "2", cli::Sample("real/osm_places.mif")});
+
+    ASSERT_EQ(json["features"].size(), 2U);
+    EXPECT_EQ(json["features"][1]["properties"], Json::parse(R"({"name":"Ordino","code":1002})"));
+}
+
+TEST(ConvertToGeoJson, NamesTheColumnsThereAreForOneThereIsNot) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf(
+        {"convert", "--select", "nome", cli::Sample("real/osm_places.mif"), "out.geojson"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.err.find("osm_id, code, fclass, population, name"), std::string::npos);
+    EXPECT_TRUE(sandbox.Names().empty());
+}
+
+TEST(ConvertToGeoJson, WritesAFeatureALine) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"convert", cli::Sample("real/cyrillic.mif"), "out.geojsonl"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    const std::string text = sandbox.Read("out.geojsonl");
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3);
+    EXPECT_TRUE(Json::accept(text.substr(0, text.find('\n'))));
+}
+
+TEST(ConvertToGeoJson, WritesATextSequence) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"convert", cli::Sample("real/cyrillic.mif"), "out.geojsons"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    const std::string text = sandbox.Read("out.geojsons");
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\x1E'), 3);
+    EXPECT_EQ(text.front(), '\x1E');
+}
+
+TEST(ConvertToGeoJson, SaysSoWhenAFileHoldsNoObjects) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"convert", cli::Sample("real/field_types_v900.mif"), "out.geojson"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_NE(result.err.find("holds no objects"), std::string::npos);
+    EXPECT_EQ(Json::parse(sandbox.Read("out.geojson"))["features"].size(), 0U);
+}
+
+struct GeometryRow {
+    std::string name;
+    std::string geometry;
+    std::string objects;  // behind DATA, without styles
+};
+
+std::ostream& operator<<(std::ostream& out, const GeometryRow& row) {
+    return out << row.name;
+}
+
+class GeoJsonGeometry : public testing::TestWithParam<GeometryRow> {};
+
+// The objects without their style lines, which begin with two blanks and a letter.
+std::string WithoutStyles(const std::string& objects) {
+    std::string left;
+    std::size_t at = 0;
+    while (at < objects.size()) {
+        const std::size_t end = objects.find('\n', at) + 1;
+        if (objects.compare(at, 3, "  P") != 0 && objects.compare(at, 3, "  B") != 0) {
+            left += objects.substr(at, end - at);
+        }
+        at = end;
+    }
+    return left;
+}
+
+TEST_P(GeoJsonGeometry, BecomesTheseObjects) {
+    const Sandbox sandbox;
+
+    const std::string objects = ObjectsOf(sandbox, CollectionOf(FeatureOf(GetParam().geometry)));
+
+    EXPECT_EQ(WithoutStyles(objects), GetParam().objects);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , GeoJsonGeometry,
+    testing::Values(
+        GeometryRow{"Point", R"({"type":"Point","coordinates":[1,2]})", "POINT 1 2\n"},
+        GeometryRow{"PointWithHeight", R"({"type":"Point","coordinates":[1,2,3]})", "POINT 1 2\n"},
+        GeometryRow{"MultiPoint", R"({"type":"MultiPoint","coordinates":[[1,2],[3,4]]})",
+                    "POINT 1 2\nPOINT 3 4\n"},
+        GeometryRow{"LineString", R"({"type":"LineString","coordinates":[[1,2],[3,4]]})",
+                    "PLINE 2\n1 2\n3 4\n"},
+        GeometryRow{"MultiLineString",
+                    R"({"type":"MultiLineString","coordinates":[[[1,2],[3,4]],[[5,6],[7,8]]]})",
+                    "PLINE 2\n1 2\n3 4\nPLINE 2\n5 6\n7 8\n"},
+        GeometryRow{"PolygonWithHole",
+                    R"({"type":"Polygon","coordinates":[[[0,0],[9,0],[9,9],[0,0]],
+                        [[1,1],[2,2],[2,1],[1,1]]]})",
+                    "REGION 2\n  4\n0 0\n9 0\n9 9\n0 0\n  4\n1 1\n2 2\n2 1\n1 1\n"},
+        GeometryRow{"MultiPolygon",
+                    R"({"type":"MultiPolygon","coordinates":[[[[0,0],[9,0],[9,9],[0,0]]],
+                        [[[1,1],[2,1],[2,2],[1,1]]]]})",
+                    "REGION 2\n  4\n0 0\n9 0\n9 9\n0 0\n  4\n1 1\n2 1\n2 2\n1 1\n"},
+        GeometryRow{"GeometryCollection",
+                    R"({"type":"GeometryCollection","geometries":[
+                        {"type":"Point","coordinates":[1,2]},
+                        {"type":"LineString","coordinates":[[1,2],[3,4]]}]})",
+                    "POINT 1 2\nPLINE 2\n1 2\n3 4\n"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(ConvertFromGeoJson, DeclaresLongitudeAndLatitudeOfWgs84) {
+    const Sandbox sandbox;
+    ObjectsOf(sandbox, CollectionOf(FeatureOf(R"({"type":"Point","coordinates":[1,2]})")));
+
+    EXPECT_NE(sandbox.Read("out.mif").find("COORDSYS Earth  \n  Projection 1, 104\n"),
+              std::string::npos);
+}
+
+TEST(ConvertFromGeoJson, TakesPropertiesAsColumnsInFirstSeenOrder) {
+    const Sandbox sandbox;
+    const std::string point = R"({"type":"Point","coordinates":[1,2]})";
+    ObjectsOf(sandbox, CollectionOf(FeatureOf(point, R"({"z":"a","n":1.5,"o":{"k":[1,true]}})") +
+                                    "," + FeatureOf(point, R"({"b":false,"z":null})")));
+
+    EXPECT_NE(sandbox.Read("out.mif").find("COLUMNS 4\n  z char (1)    \n  n char (3)    \n"
+                                           "  o char (14)   \n  b char (5)    \n"),
+              std::string::npos)
+        << sandbox.Read("out.mif");
+    EXPECT_EQ(sandbox.Read("out.mid"),
+              "\"a\" ,\"1.5\" ,\"{_k_:[1,true]}\" ,\"\"\n\"\" ,\"\" ,\"\" ,\"false\"\n");
+}
+
+TEST(ConvertFromGeoJson, CountsFeaturesWithoutGeometry) {
+    const Sandbox sandbox;
+    sandbox.Write("in.geojson", CollectionOf(FeatureOf("null") + "," +
+                                             FeatureOf(R"({"type":"Point","coordinates":[1,2]})")));
+
+    const Result result = sandbox.Qolf({"convert", "--no-store", "in.geojson", "out.mif"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_NE(result.err.find("1 feature has no geometry"), std::string::npos) << result.err;
+}
+
+TEST(ConvertFromGeoJson, ReadsStandardInputAndTextSequences) {
+    const Sandbox sandbox;
+    const std::string feature = FeatureOf(R"({"type":"Point","coordinates":[1,2]})");
+
+    const Result result = sandbox.Qolf({"convert", "--no-store", "-", "out.mif"},
+                                       "\x1E" + feature + "\n\x1E" + feature + "\n");
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_NE(sandbox.Read("out.mif").find("POINT 1 2\n"), std::string::npos);
+}
+
+TEST(ConvertFromGeoJson, ReadsAFeatureALine) {
+    const Sandbox sandbox;
+    const std::string feature = FeatureOf(R"({"type":"Point","coordinates":[1,2]})");
+
+    const Result result =
+        sandbox.Qolf({"convert", "--no-store", "-", "out.mif"}, feature + "\n" + feature + "\n");
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(sandbox.Read("out.mid"), "\"\"\n\"\"\n");
+}
+
+struct FaultyRow {
+    std::string name;
+    std::string text;
+    std::string says;
+};
+
+std::ostream& operator<<(std::ostream& out, const FaultyRow& row) {
+    return out << row.name;
+}
+
+class FaultyGeoJson : public testing::TestWithParam<FaultyRow> {};
+
+TEST_P(FaultyGeoJson, IsAnErrorThatLeavesNothing) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"convert", "--no-store", "-", "out.mif"}, GetParam().text);
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.err.find(GetParam().says), std::string::npos) << result.err;
+    EXPECT_TRUE(sandbox.Names().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , FaultyGeoJson,
+    testing::Values(
+        FaultyRow{"NoJson", "hello", "is no valid GeoJSON"},
+        FaultyRow{"Cut", R"({"type":"FeatureCollection","features":[{)", "is no valid GeoJSON"},
+        FaultyRow{"UnknownGeometry",
+                  CollectionOf(FeatureOf(R"({"type":"Blob","coordinates":[1]})")),
+                  "feature 1: the geometry type \"Blob\""},
+        FaultyRow{"NoCoordinates", CollectionOf(FeatureOf(R"({"type":"Point"})")),
+                  "has no array \"coordinates\""},
+        FaultyRow{"TextForNumber",
+                  CollectionOf(FeatureOf(R"({"type":"Point","coordinates":["1",2]})")),
+                  "a position is no array of two or more numbers"},
+        FaultyRow{"FlatRing",
+                  CollectionOf(FeatureOf(R"({"type":"Polygon","coordinates":[[1,2],[3,4]]})")),
+                  "a position is no array"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(ConvertFromGeoJson, WritesAProjectedSystemWhenTold) {
+    const Sandbox sandbox;
+    sandbox.Write("in.geojson",
+                  CollectionOf(FeatureOf(R"({"type":"Point","coordinates":[24.75,59.43]})")));
+
+    const Result result =
+        sandbox.Qolf({"convert", "--no-store", "--crs", "EPSG:25835", "in.geojson", "out.mif"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_NE(sandbox.Read("out.mif").find("  Projection 8, 33, \"m\", 27, 0, 0.9996, 500000, 0\n"),
+              std::string::npos)
+        << sandbox.Read("out.mif");
+}
+
+TEST(ConvertPair, KeepsTheLatitudeOfAnAzimuthalProjectionAtAnyLatitude) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif",
+                  "Version 650\nCharset \"Neutral\"\n"
+                  "CoordSys Earth Projection 29, 104, \"m\", 10, 52, 90\nData\nPoint 1 2\n");
+
+    const Result result = sandbox.Qolf({"convert", "--no-store", "a.mif", "b.mif"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_NE(sandbox.Read("b.mif").find("  Projection 4, 104, \"m\", 10, 52, 90\n"),
+              std::string::npos)
+        << sandbox.Read("b.mif");
+}
+
+TEST(ConvertPair, LeavesOutTextsAndPointsWhenTold) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"convert", "--no-store", "--no-render-text", "--no-render-markers",
+                      cli::Sample("objects.mif"), "out.mif"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(sandbox.Read("out.mif").find("TEXT"), std::string::npos);
+    EXPECT_EQ(sandbox.Read("out.mif").find("POINT"), std::string::npos);
+}
+
+TEST(ConvertPair, WritesAreasAsCurvesWhenToldAndForgetsItAfterwards) {
+    const Sandbox sandbox;
+    const std::string in = cli::Sample("real/lambert_ntf.mif");
+
+    EXPECT_EQ(sandbox.Qolf({"convert", "--areas-to-curves", in, "a.mif"}).exitCode, 0);
+    EXPECT_EQ(sandbox.Qolf({"convert", in, "b.mif"}).exitCode, 0);
+
+    EXPECT_NE(sandbox.Read("a.mif").find("PLINE 6"), std::string::npos);
+    EXPECT_NE(sandbox.Read("b.mif").find("REGION 1"), std::string::npos);
+}
+
+TEST(ConvertToAPackage, MakesALayerOfEachFileAndReadsThemBack) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf(
+        {"convert", cli::Sample("island.mif"), cli::Sample("island-ways.mif"), "maps.gpkg"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    const Json direct = GeoJsonOf(sandbox, {cli::Sample("island-ways.mif")});
+    const Json back = GeoJsonOf(sandbox, {"--layer", "island-ways", "maps.gpkg"});
+    ASSERT_EQ(back["features"].size(), direct["features"].size());
+    EXPECT_EQ(back["features"][0], direct["features"][0]);
+}
+
+struct UsageRow {
+    std::string name;
+    std::vector<std::string> arguments;
+    int exitCode;
+    std::string says;
+};
+
+std::ostream& operator<<(std::ostream& out, const UsageRow& row) {
+    return out << row.name;
+}
+
+class ConvertRefuses : public testing::TestWithParam<UsageRow> {};
+
+TEST_P(ConvertRefuses, WithAReasonAndWithoutAnOutput) {
+    const Sandbox sandbox;
+    sandbox.Write("there.geojson", "mine");
+    sandbox.Write("empty.mif", "");
+
+    const Result result = sandbox.Qolf(GetParam().arguments);
+
+    EXPECT_EQ(result.exitCode, GetParam().exitCode);
+    EXPECT_EQ(result.out, "");
+    EXPECT_TRUE(result.err.starts_with("qolf: error: ")) << result.err;
+    EXPECT_NE(result.err.find(GetParam().says), std::string::npos) << result.err;
+    EXPECT_EQ(sandbox.Names(), (std::vector<std::string>{"empty.mif", "there.geojson"}));
+    EXPECT_EQ(sandbox.Read("there.geojson"), "mine");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , ConvertRefuses,
+    testing::Values(
+        UsageRow{"AWrongExtension", {"convert", "empty.mif", "out.shp"}, 2, ".mif, .geojson"},
+        UsageRow{"AMissingFile", {"convert", "missing.mif", "out.geojson"}, 1, "missing.mif"},
+        UsageRow{"AnEmptyFile", {"convert", "empty.mif", "out.geojson"}, 1, "empty.mif"},
+        UsageRow{
+            "AFolderThatIsNotThere", {"convert", "empty.mif", "no/such/out.geojson"}, 1, "no/such"},
+        UsageRow{"AnExistingOutput", {"convert", "empty.mif", "there.geojson"}, 1, "--overwrite"},
+        UsageRow{"AMissingOutput", {"convert", "empty.mif"}, 2, "an input and an output"},
+        UsageRow{"AMifPairOnAStream", {"convert", "--to", "mif", "empty.mif", "-"}, 2, "two files"},
+        UsageRow{"AnUnknownFormat", {"convert", "--to", "shp", "empty.mif", "-"}, 2, "gpkg"},
+        UsageRow{"ABoxOfThree",
+                 {"convert", "--bbox", "1,2,3", "empty.mif", "o.geojson"},
+                 2,
+                 "four numbers"},
+        UsageRow{"AnUnknownEncoding",
+                 {"convert", "--encoding", "EBCDIC-XY", "empty.mif", "o.geojson"},
+                 2,
+                 "EBCDIC-XY"}),
+    [](const auto& row) { return row.param.name; });
+
+}  // namespace
