@@ -26,7 +26,7 @@ done
 grep -vE '^\./(usr/.*)?$' "$scratch/contents" && fail "the package has files outside /usr"
 
 depends=$(dpkg-deb --field "$package" Depends)
-for library in libc6 libstdc++6 libproj25 libcairo2; do
+for library in libc6 libstdc++6 libproj25 libcairo2 libsqlite3-0; do
     [[ $depends == *$library* ]] || fail "the package does not depend on $library: $depends"
 done
 
