@@ -1,9 +1,9 @@
 # Completion of qolf for bash. Commands and options are read from the program's own help, so they
 # are those of the qolf that runs.
 
-# The words of a help text's list of commands.
-_qolf_commands() {
-    "$1" --help 2>/dev/null | awk '
+# The words of a help text's list of commands: those of qolf, or those of a command of it.
+_qolf_commands() {  # program [command]
+    "$1" ${2:+"$2"} --help 2>/dev/null | awk '
         /^Subcommands:/ { inside = 1; next }
         inside && /^  [a-z]/ { print $1; next }
         inside { exit }'
@@ -45,7 +45,16 @@ _qolf() {
             compgen -W "$(_qolf_options "$program" "") $(_qolf_options "$program" "$command")" \
                 -- "$current" | sort -u)
     else
-        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        # The word after a command with subcommands is one of these.
+        local subcommands=""
+        if [[ $previous == "$command" ]]; then
+            subcommands=$(_qolf_commands "$program" "$command")
+        fi
+        if [[ -n $subcommands ]]; then
+            mapfile -t COMPREPLY < <(compgen -W "$subcommands" -- "$current")
+        else
+            mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        fi
     fi
 }
 

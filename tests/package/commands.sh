@@ -1,9 +1,9 @@
 # shellcheck shell=bash
 # Sourced by the tests here: what a program's help says.
 
-# The subcommands, but for help, which has no page of its own.
-commands_of() {  # program
-    "$1" --help | awk '/^Subcommands:/ { inside = 1; next }
+# The commands below the program or below a command of it, but for help, which has no page.
+subcommands_of() {  # program [command]
+    "$@" --help | awk '/^Subcommands:/ { inside = 1; next }
                        inside && /^  [a-z]/ && $1 != "help" { print $1 }
                        inside && !/^  / { exit }'
 }

@@ -26,16 +26,17 @@ cd "$(mktemp -d)"
 trap 'rm -rf "$PWD"' EXIT
 touch roads.mif rivers.mif
 
-all=$(commands_of "$qolf")$'\n'help
+all=$(subcommands_of "$qolf")$'\n'help
 expect "$all" "the commands" ""
 expect "$all" "the topics of help" help ""
 expect "info" "a command's beginning" in
 expect "info" "a command after an option" --quiet in
 expect "$(options_of "$qolf")" "the options of the program" -
-for command in $(commands_of "$qolf"); do
+for command in $(subcommands_of "$qolf"); do
     expect "$(options_of "$qolf" && options_of "$qolf" "$command")" "the options of $command" \
         "$command" -
-    expect $'rivers.mif\nroads.mif' "files for $command" "$command" r
+    subcommands=$(subcommands_of "$qolf" "$command")
+    expect "${subcommands:-$'rivers.mif\nroads.mif'}" "the words after $command" "$command" ""
 done
 expect roads.mif "a file as an option's value" info --encoding ro
 expect "--version" "an option's beginning" --vers

@@ -25,7 +25,7 @@ fail() {
 {
     grep -v '^#' "$expected"
     echo share/man/man1/qolf.1.gz
-    commands_of "$root/bin/qolf" | sed 's|.*|share/man/man1/qolf-&.1.gz|'
+    subcommands_of "$root/bin/qolf" | sed 's|.*|share/man/man1/qolf-&.1.gz|'
 } | LC_ALL=C sort | diff - "$scratch/installed-files" ||
     fail "the installed files (>) are not those of tests/package/installed-files.txt (<)"
 

@@ -34,7 +34,7 @@ check_sections() {
     done
 }
 
-commands=$(commands_of "$qolf")
+commands=$(subcommands_of "$qolf")
 [ -n "$commands" ] || fail "qolf --help lists no commands"
 for command in $commands; do
     page=$pages/qolf-$command.md
