@@ -1,5 +1,7 @@
 #include "app/Json.h"
 
+#include "app/ShortestNumber.h"
+
 #include <charconv>
 #include <cmath>
 
@@ -117,9 +119,12 @@ void AppendJsonNumber(std::string& out, double value) {
         out += value > 0 ? "\"inf\"" : "\"-inf\"";
         return;
     }
-    char text[32];
-    const auto result = std::to_chars(text, text + sizeof text, value);
-    out.append(text, result.ptr);
+    if (value == 0.0 && std::signbit(value)) {
+        out += "-0.0";  // many readers of JSON take "-0" for the integer 0 and lose the sign
+        return;
+    }
+    char text[kShortestNumberSize];
+    out.append(text, WriteShortest(text, value));
 }
 
 void AppendJsonNumber(std::string& out, std::int64_t value) {

@@ -1,11 +1,11 @@
 #include "app/convert/GeoJsonWriter.h"
 
 #include "app/Json.h"
+#include "app/ShortestNumber.h"
 #include "app/gpkg/RingNesting.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 #include <type_traits>
@@ -16,7 +16,6 @@ namespace {
 
 constexpr std::array<std::string_view, 5> kTextProperties = {"text", "angle", "height", "font",
                                                              "justify"};
-constexpr std::size_t kNumberSize = 32;  // holds any shortest double
 
 bool IsFinite(const shr::Vec2d& point) {
     return std::isfinite(point.x) && std::isfinite(point.y);
@@ -24,12 +23,12 @@ bool IsFinite(const shr::Vec2d& point) {
 
 // The point as [x,y].
 void AppendPosition(std::string& text, const shr::Vec2d& point) {
-    char buffer[2 * kNumberSize + 3];
+    char buffer[2 * kShortestNumberSize + 3];
     char* end = buffer;
     *end++ = '[';
-    end = std::to_chars(end, end + kNumberSize, point.x).ptr;
+    end = WriteShortest(end, point.x);
     *end++ = ',';
-    end = std::to_chars(end, end + kNumberSize, point.y).ptr;
+    end = WriteShortest(end, point.y);
     *end++ = ']';
     text.append(buffer, end);
 }
