@@ -3,8 +3,12 @@
 #include "app/InfoCommand.h"
 #include "app/ReplayCommand.h"
 #include "app/TraceCommand.h"
+#include "app/options/OptionsCommand.h"
 #ifdef QOLF_HAS_CONVERT
 #include "app/convert/ConvertCommand.h"
+#endif
+#ifdef QOLF_HAS_CHECK
+#include "app/check/CheckCommand.h"
 #endif
 #ifdef QOLF_HAS_DRAW
 #include "app/draw/DrawCommand.h"
@@ -20,11 +24,14 @@ constexpr std::array kCommands{
 #ifdef QOLF_HAS_CONVERT
     CommandEntry{"convert", AddConvertCommand},
 #endif
-    CommandEntry{"trace", AddTraceCommand},
-    CommandEntry{"replay", AddReplayCommand},
+    CommandEntry{"trace", AddTraceCommand},     CommandEntry{"replay", AddReplayCommand},
 #ifdef QOLF_HAS_DRAW
     CommandEntry{"draw", AddDrawCommand},
 #endif
+#ifdef QOLF_HAS_CHECK
+    CommandEntry{"check", AddCheckCommand},
+#endif
+    CommandEntry{"options", AddOptionsCommand},
 };
 
 }  // namespace

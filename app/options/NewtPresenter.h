@@ -1,0 +1,25 @@
+// Shows dialogs in the terminal: check boxes and buttons, by the keyboard.
+#pragma once
+
+#include "standalone/DialogModel.h"
+#include "standalone/PropertySheet.h"
+
+#include <string>
+
+namespace app {
+
+// Takes the whole terminal while it lives. Tab moves, blank checks, F1 is help, Escape cancels.
+class NewtPresenter : public standalone::DialogPresenter {
+public:
+    // Throws Failure when standard input or output is no terminal.
+    NewtPresenter();
+    ~NewtPresenter() override;
+
+    void ShowDialog(standalone::DialogModel& dialog) override;
+    void ShowSheet(standalone::PropertySheet& sheet) override;
+
+    // A text with a button to close it.
+    static void ShowMessage(const std::string& title, const std::string& text);
+};
+
+}  // namespace app
