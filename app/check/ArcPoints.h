@@ -1,0 +1,20 @@
+// The true points of an Arc: angles in degrees counter-clockwise from the x axis, over the ellipse
+// in its box.
+#pragma once
+
+#include "app/check/HeaderFacts.h"
+#include "app/check/RingCheck.h"
+
+#include <string>
+#include <vector>
+
+namespace app::check {
+
+// From startDegrees on to endDegrees, a point at each end and about every three degrees between.
+// Equal angles are the whole ellipse.
+std::vector<Vertex> ArcPoints(const Box& box, double startDegrees, double endDegrees);
+
+// The Pline object through the points, each line ended by lineEnd but the last one.
+std::string PlineText(const std::vector<Vertex>& points, const std::string& lineEnd);
+
+}  // namespace app::check

@@ -1,0 +1,201 @@
+#include "app/check/CharsetCheck.h"
+
+#include "app/check/NumberText.h"
+
+#include <iconv.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdint>
+
+namespace app::check {
+namespace {
+
+struct CharsetName {
+    std::string_view mifName;
+    const char* conversionName;  // null when there is no table for it
+};
+
+constexpr std::array kCharsets = {
+    CharsetName{"ISO8859_1", "ISO-8859-1"},
+    CharsetName{"ISO8859_2", "ISO-8859-2"},
+    CharsetName{"ISO8859_3", "ISO-8859-3"},
+    CharsetName{"ISO8859_4", "ISO-8859-4"},
+    CharsetName{"ISO8859_5", "ISO-8859-5"},
+    CharsetName{"ISO8859_6", "ISO-8859-6"},
+    CharsetName{"ISO8859_7", "ISO-8859-7"},
+    CharsetName{"ISO8859_8", "ISO-8859-8"},
+    CharsetName{"ISO8859_9", "ISO-8859-9"},
+    // The first spelling, without an n, is the usual one.
+    CharsetName{"PackedEUCJapaese", "EUC-JP"},
+    CharsetName{"PackedEUCJapanese", "EUC-JP"},
+    CharsetName{"WindowsLatin1", "CP1252"},
+    CharsetName{"WindowsLatin2", "CP1250"},
+    CharsetName{"WindowsArabic", "CP1256"},
+    CharsetName{"WindowsCyrillic", "CP1251"},
+    CharsetName{"WindowsGreek", "CP1253"},
+    CharsetName{"WindowsHebrew", "CP1255"},
+    CharsetName{"WindowsTurkish", "CP1254"},
+    CharsetName{"WindowsBalticRim", "CP1257"},
+    CharsetName{"WindowsVietnamese", "CP1258"},
+    CharsetName{"WindowsThai", "CP874"},
+    CharsetName{"WindowsTradChinese", "CP950"},
+    CharsetName{"WindowsSimpChinese", "CP936"},
+    CharsetName{"WindowsJapanese", "CP932"},
+    CharsetName{"WindowsKorean", "CP949"},
+    CharsetName{"MacRoman", "MACINTOSH"},
+    CharsetName{"MacArabic", nullptr},
+    CharsetName{"MacHebrew", nullptr},
+    CharsetName{"MacGreek", nullptr},
+    CharsetName{"MacCyrillic", "MAC-CYRILLIC"},
+    CharsetName{"MacTurkish", nullptr},
+    CharsetName{"MacCentralEurope", "MAC-CENTRALEUROPE"},
+    CharsetName{"MacJapanese", "SHIFT_JIS"},
+    CharsetName{"CodePage437", "IBM437"},
+    CharsetName{"CodePage850", "IBM850"},
+    CharsetName{"CodePage852", "IBM852"},
+    CharsetName{"CodePage855", "IBM855"},
+    CharsetName{"CodePage857", "IBM857"},
+    CharsetName{"CodePage860", "IBM860"},
+    CharsetName{"CodePage861", "IBM861"},
+    CharsetName{"CodePage863", "IBM863"},
+    CharsetName{"CodePage864", "IBM864"},
+    CharsetName{"CodePage865", "IBM865"},
+    CharsetName{"CodePage869", "IBM869"},
+    CharsetName{"UTF-8", "UTF-8"},
+    CharsetName{"UTF-16", nullptr},
+    CharsetName{"LICS", nullptr},
+    CharsetName{"LMBCS", nullptr},
+};
+
+iconv_t NoConversion() {
+    return reinterpret_cast<iconv_t>(static_cast<std::intptr_t>(-1));
+}
+
+// The number of bytes of the UTF-8 character that bytes begins with; 0 when it is none.
+std::size_t Utf8Length(std::string_view bytes) {
+    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+    const unsigned char first = byteAt(0);
+    if (first < 0x80) {
+        return 1;
+    }
+    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+    if (first < 0xC2 || first > 0xF4 || bytes.size() < length) {
+        return 0;
+    }
+    for (std::size_t i = 1; i < length; ++i) {
+        if (byteAt(i) < 0x80 || byteAt(i) > 0xBF) {
+            return 0;
+        }
+    }
+    const unsigned char second = byteAt(1);
+    const bool isBad = (first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F) ||
+                       (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F);
+    return isBad ? 0 : length;
+}
+
+}  // namespace
+
+bool IsAscii(std::string_view bytes) {
+    return std::ranges::all_of(bytes, [](char c) { return static_cast<unsigned char>(c) < 128; });
+}
+
+bool IsUtf8(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const std::size_t length = Utf8Length(bytes);
+        if (length == 0) {
+            return false;
+        }
+        bytes.remove_prefix(length);
+    }
+    return true;
+}
+
+CharsetTester::CharsetTester(std::string_view declaredName) {
+    if (declaredName.empty()) {
+        return;
+    }
+    if (EqualsIgnoringCase(declaredName, "Neutral")) {
+        kind_ = CharsetKind::Neutral;
+        return;
+    }
+    const auto* const found = std::ranges::find_if(kCharsets, [&](const CharsetName& row) {
+        return EqualsIgnoringCase(row.mifName, declaredName);
+    });
+    if (found == kCharsets.end()) {
+        kind_ = CharsetKind::Unknown;
+        return;
+    }
+    kind_ = CharsetKind::Untestable;
+    isUtf8_ = found->mifName == "UTF-8";
+    isThai_ = found->mifName == "WindowsThai";
+    if (isUtf8_) {
+        kind_ = CharsetKind::Known;
+    } else if (found->conversionName != nullptr) {
+        const iconv_t conversion = iconv_open("UTF-8", found->conversionName);
+        if (conversion != NoConversion()) {
+            conversion_ = conversion;
+            kind_ = CharsetKind::Known;
+        }
+    }
+}
+
+CharsetTester::~CharsetTester() {
+    if (conversion_ != nullptr) {
+        iconv_close(conversion_);
+    }
+}
+
+bool CharsetTester::Converts(std::string_view bytes) {
+    std::string input(bytes);
+    if (isThai_) {
+        // The common table of this charset lacks the punctuation that Windows put into it.
+        std::ranges::replace_if(
+            input,
+            [](char c) {
+                const auto byte = static_cast<unsigned char>(c);
+                return byte == 0x80 || byte == 0x85 || (byte >= 0x91 && byte <= 0x97);
+            },
+            ' ');
+    }
+    iconv(conversion_, nullptr, nullptr, nullptr, nullptr);
+    char* in = input.data();
+    std::size_t inLeft = input.size();
+    std::array<char, 4096> output{};
+    while (inLeft > 0) {
+        char* out = output.data();
+        std::size_t outLeft = output.size();
+        if (iconv(conversion_, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1) &&
+            errno != E2BIG) {
+            return false;
+        }
+    }
+    return true;
+}
+
+CharsetVerdict CharsetTester::Test(std::string_view bytes) {
+    if (IsAscii(bytes)) {
+        return CharsetVerdict::Fits;
+    }
+    if (kind_ != CharsetKind::Known) {
+        return CharsetVerdict::NotTested;
+    }
+    if (isUtf8_) {
+        return IsUtf8(bytes) ? CharsetVerdict::Fits : CharsetVerdict::NotInCharset;
+    }
+    if (IsUtf8(bytes)) {
+        return CharsetVerdict::LooksLikeUtf8;
+    }
+    return Converts(bytes) ? CharsetVerdict::Fits : CharsetVerdict::NotInCharset;
+}
+
+std::size_t CharsetTester::CountCharacters(std::string_view bytes) const {
+    if (!IsUtf8(bytes)) {
+        return bytes.size();
+    }
+    return static_cast<std::size_t>(std::ranges::count_if(
+        bytes, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+}  // namespace app::check

@@ -1,0 +1,51 @@
+// Tells whether bytes are characters of a file's declared charset.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace app::check {
+
+enum class CharsetKind {
+    Undeclared,  // no Charset clause
+    Neutral,
+    Known,       // can be tested
+    Untestable,  // a known name without a conversion table on this system
+    Unknown,     // no charset of that name
+};
+
+enum class CharsetVerdict {
+    Fits,
+    NotInCharset,
+    LooksLikeUtf8,  // single-byte charset, but valid UTF-8 of several bytes
+    NotTested,
+};
+
+class CharsetTester {
+public:
+    explicit CharsetTester(std::string_view declaredName);
+    ~CharsetTester();
+    CharsetTester(const CharsetTester&) = delete;
+    CharsetTester& operator=(const CharsetTester&) = delete;
+
+    CharsetKind Kind() const { return kind_; }
+    // bytes is a whole line. Lines of ASCII always fit.
+    CharsetVerdict Test(std::string_view bytes);
+    // The number of characters, for column widths: of UTF-8 text its characters, else its bytes.
+    std::size_t CountCharacters(std::string_view bytes) const;
+
+private:
+    bool Converts(std::string_view bytes);
+
+    CharsetKind kind_ = CharsetKind::Undeclared;
+    void* conversion_ = nullptr;  // an open conversion, or null
+    bool isUtf8_ = false;
+    bool isThai_ = false;
+};
+
+bool IsAscii(std::string_view bytes);
+// Well-formed by the Unicode standard: no overlong forms, no surrogates.
+bool IsUtf8(std::string_view bytes);
+
+}  // namespace app::check

@@ -1,0 +1,452 @@
+#include "app/check/CoordSysCheck.h"
+
+#include "app/check/NumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace app::check {
+namespace {
+
+struct Projection {
+    std::int64_t code;
+    std::size_t parameterCount;
+    bool hasRange;
+};
+
+constexpr std::array kProjections = {
+    Projection{1, 0, false},  Projection{3, 6, false},    Projection{4, 2, true},
+    Projection{5, 2, true},   Projection{6, 6, false},    Projection{7, 6, false},
+    Projection{8, 5, false},  Projection{9, 7, false},    Projection{10, 1, false},
+    Projection{11, 1, false}, Projection{12, 1, false},   Projection{13, 1, false},
+    Projection{14, 1, false}, Projection{15, 1, false},   Projection{16, 1, false},
+    Projection{18, 2, false}, Projection{20, 5, false},   Projection{27, 4, false},
+    Projection{28, 2, true},  Projection{29, 2, true},    Projection{30, 4, false},
+    Projection{33, 4, false}, Projection{2003, 6, false},
+};
+
+const Projection* FindProjection(std::int64_t code) {
+    const auto* const found = std::ranges::find(kProjections, code, &Projection::code);
+    return found == kProjections.end() ? nullptr : found;
+}
+
+struct NamedCode {
+    std::int64_t code;
+    const char* words;
+};
+
+constexpr std::array kUnknownProjections = {
+    NamedCode{2, "Cylindrical Equal Area"},
+    NamedCode{17, "Gall"},
+    NamedCode{19, "the Belgian variant of Lambert Conformal Conic"},
+    NamedCode{21, "the Danish System 34 Jutland variant of Transverse Mercator"},
+    NamedCode{22, "the Danish System 34 Zealand variant of Transverse Mercator"},
+    NamedCode{23, "the Danish System 45 Bornholm variant of Transverse Mercator"},
+    NamedCode{24, "the Finnish KKJ variant of Transverse Mercator (Gauss-Kruger)"},
+    NamedCode{25, "Swiss Oblique Mercator"},
+    NamedCode{26, "Regional Mercator"},
+    NamedCode{31, "Double Stereographic"},
+    NamedCode{32, "Krovak"},
+    NamedCode{34, "Extended Transverse Mercator, an exact form of projection 8"},
+};
+
+struct CodeRange {
+    std::int64_t first;
+    std::int64_t last;
+};
+
+constexpr std::array kDatums = {
+    CodeRange{1, 31},      CodeRange{33, 72},     CodeRange{74, 74},     CodeRange{76, 100},
+    CodeRange{103, 110},   CodeRange{112, 112},   CodeRange{114, 145},   CodeRange{147, 150},
+    CodeRange{154, 155},   CodeRange{157, 157},   CodeRange{1000, 1004}, CodeRange{1006, 1008},
+    CodeRange{1010, 1010}, CodeRange{1016, 1016}, CodeRange{1019, 1019},
+};
+
+// Code 0 is found by no one: it is what the reader takes for "none".
+constexpr std::array kEllipsoids = {CodeRange{1, 28}, CodeRange{30, 53}};
+
+bool IsIn(std::span<const CodeRange> ranges, std::int64_t code) {
+    return std::ranges::any_of(
+        ranges, [&](const CodeRange& range) { return code >= range.first && code <= range.last; });
+}
+
+constexpr std::array<std::string_view, 7> kKnownUnits = {
+    "m", "meters", "f", "feet", "survey ft", "survey feet", "us survey ft"};
+
+struct Unit {
+    std::string_view name;
+    double perMetre;
+};
+
+constexpr double kSurveyFeet = 3937.0 / 1200.0;
+constexpr std::array kOtherUnits = {
+    Unit{"mi", 1.0 / 1609.344},
+    Unit{"km", 0.001},
+    Unit{"in", 1.0 / 0.0254},
+    Unit{"ft", 1.0 / 0.3048},
+    Unit{"yd", 1.0 / 0.9144},
+    Unit{"mm", 1000.0},
+    Unit{"cm", 100.0},
+    Unit{"nmi", 1.0 / 1852.0},
+    Unit{"li", kSurveyFeet / 0.66},
+    Unit{"ch", kSurveyFeet / 66.0},
+    Unit{"rd", kSurveyFeet / 16.5},
+};
+
+// The clause as one row of tokens, and how far it was read.
+class Clause {
+public:
+    Clause(LineReader& lines, Report& report, CheckedHeader& header)
+        : lines_(lines), report_(report), header_(header) {}
+
+    void Check();
+
+private:
+    void TakeLine();
+    bool AtEnd() const { return next_ >= tokens_.size(); }
+    bool At(std::string_view word) const {
+        return !AtEnd() && EqualsIgnoringCase(tokens_[next_].text, word);
+    }
+    void SkipComma() { next_ += At(",") ? 1U : 0U; }
+    std::string Take() { return AtEnd() ? std::string() : tokens_[next_++].text; }
+    double TakeNumber();
+
+    void CheckProjection();
+    bool KnowProjection(std::int64_t code, const Token& token);
+    void CheckDatum();
+    void CheckUnits(std::int64_t code);
+    void CheckParameters(const Projection& projection);
+    void CheckRest(const Projection* projection);
+    void CheckBlanksInBounds(std::size_t first);
+    void CheckSwallowing();
+    std::optional<Box> ReadBounds(std::size_t first) const;
+
+    LineReader& lines_;
+    Report& report_;
+    CheckedHeader& header_;
+    Place place_;
+    std::vector<Token> tokens_;
+    std::size_t next_ = 0;
+    std::uint64_t behind_ = 0;  // offset behind the clause's last line
+    double unitsPerMetre_ = 1.0;
+};
+
+void Clause::TakeLine() {
+    const Line& line = *lines_.Peek();
+    place_.line = line.number;
+    tokens_.insert(tokens_.end(), line.tokens.begin(), line.tokens.end());
+    behind_ = line.next;
+    lines_.Skip();
+}
+
+double Clause::TakeNumber() {
+    // A minus that stands alone belongs to the number behind it.
+    std::string text = Take();
+    if (text == "-" && !AtEnd() && IsDecimalNumber(tokens_[next_].text)) {
+        text += Take();
+    }
+    SkipComma();
+    return ReaderDouble(text);
+}
+
+void Clause::Check() {
+    header_.isCoordSysGiven = true;
+    TakeLine();
+    next_ = 1;
+    if (!At("Earth")) {
+        if (!At("NonEarth")) {
+            report_.Add(Code::CoordSysKindIgnored, place_,
+                        "the clause is neither Earth nor NonEarth; the reader takes the "
+                        "coordinates as plain numbers");
+        }
+        CheckRest(nullptr);
+        return;
+    }
+    ++next_;
+    const Line* following = lines_.Peek();
+    if (AtEnd() && following != nullptr && !following->IsBlank() &&
+        EqualsIgnoringCase(following->tokens.front().text, "Projection")) {
+        TakeLine();
+    }
+    if (!At("Projection")) {
+        report_.Add(Code::CoordSysKindIgnored, place_,
+                    "no Projection follows Earth; the reader takes the coordinates as plain "
+                    "numbers");
+        CheckRest(nullptr);
+        return;
+    }
+    ++next_;
+    CheckProjection();
+}
+
+bool Clause::KnowProjection(std::int64_t code, const Token& token) {
+    if (FindProjection(code) != nullptr) {
+        return true;
+    }
+    const std::optional<std::int64_t> equal = EqualProjection(code);
+    const std::string name = "projection code " + std::to_string(code);
+    std::string advice;
+    if (equal) {
+        advice = "Let --fix rewrite the code as " + std::to_string(*equal) +
+                 ", which means the same, or name the system with 'qolf convert --assume-crs "
+                 "EPSG:…'.";
+        report_.Change(PairFile::Mif, {.begin = token.begin,
+                                       .end = token.end,
+                                       .text = std::to_string(*equal),
+                                       .code = Code::ProjectionUnknown,
+                                       .line = place_.line,
+                                       .what = name + " becomes " + std::to_string(*equal)});
+    } else if (code == 24) {
+        advice = "Name the system with 'qolf convert --assume-crs EPSG:2393', or the code of "
+                 "the zone that is meant.";
+    }
+    report_.Add(Code::ProjectionUnknown, place_,
+                name + " is " + ProjectionInWords(code) +
+                    "; the reader does not know it and the import stops",
+                std::move(advice));
+    return equal.has_value();
+}
+
+void Clause::CheckProjection() {
+    const Token token = AtEnd() ? Token{} : tokens_[next_];
+    const std::int64_t code = ReaderInteger(Take());
+    const bool isKnown = KnowProjection(code, token);
+    if (!At(",")) {
+        if (isKnown) {
+            report_.Add(Code::CoordSysMalformed, place_,
+                        "no comma follows the projection code; the import stops");
+        }
+        return;
+    }
+    ++next_;
+    CheckDatum();
+    const bool isAtEnd = AtEnd();
+    SkipComma();
+    const Projection* projection = FindProjection(EqualProjection(code).value_or(code));
+    if (isAtEnd && projection != nullptr && projection->parameterCount == 0) {
+        CheckSwallowing();
+    }
+    if (projection != nullptr) {
+        if (!isAtEnd && !At("Bounds") && !At("Affine")) {
+            CheckUnits(projection->code);
+        }
+        CheckParameters(*projection);
+        if (projection->code == 1) {
+            header_.earth = Box{-180.0, -90.0, 180.0, 90.0};
+        } else {
+            const double most = 1e8 * unitsPerMetre_;
+            header_.earth = Box{-most, -most, most, most};
+        }
+        CheckRest(projection);
+    }
+}
+
+void Clause::CheckDatum() {
+    const std::int64_t code = ReaderInteger(Take());
+    if (code != 999 && code != 9999) {
+        if (!IsIn(kDatums, code)) {
+            report_.Add(Code::DatumUnknown, place_,
+                        "the reader does not know the datum code " + std::to_string(code) +
+                            "; the objects come without a datum");
+        }
+        return;
+    }
+    SkipComma();
+    const std::int64_t ellipsoid = ReaderInteger(Take());
+    if (!IsIn(kEllipsoids, ellipsoid)) {
+        report_.Add(Code::EllipsoidUnknown, place_,
+                    "the reader does not know the ellipsoid code " + std::to_string(ellipsoid) +
+                        " and takes Clarke 1866");
+    }
+    const std::size_t numbers = code == 999 ? 3 : 8;
+    for (std::size_t i = 0; i < numbers; ++i) {
+        SkipComma();
+        std::string text = Take();
+        if (text == "-") {
+            static_cast<void>(Take());
+        }
+    }
+}
+
+void Clause::CheckUnits(std::int64_t code) {
+    if (AtEnd()) {
+        return;
+    }
+    const Token token = tokens_[next_++];
+    SkipComma();
+    const bool isKnown = std::ranges::any_of(
+        kKnownUnits, [&](std::string_view name) { return EqualsIgnoringCase(name, token.text); });
+    if (isKnown) {
+        if (!EqualsIgnoringCase(token.text, "m") && !EqualsIgnoringCase(token.text, "meters")) {
+            unitsPerMetre_ = kSurveyFeet;
+        }
+        return;
+    }
+    if (ReaderDouble(token.text) > 0.0) {
+        unitsPerMetre_ = ReaderDouble(token.text);
+        report_.Add(Code::UnitIsNumber, place_,
+                    "the unit is " + Quoted(token.text) + ", taken as units per metre");
+        return;
+    }
+    if (code == 1) {
+        return;  // degrees, whatever stands there
+    }
+    report_.Add(Code::UnitIgnored, place_,
+                "the reader does not know the unit " + Quoted(token.text) +
+                    " and takes the coordinates as metres");
+    const auto* const unit = std::ranges::find_if(
+        kOtherUnits, [&](const Unit& row) { return EqualsIgnoringCase(row.name, token.text); });
+    if (unit == kOtherUnits.end()) {
+        return;
+    }
+    unitsPerMetre_ = unit->perMetre;
+    const std::string number = "\"" + NumberAsText(unit->perMetre) + "\"";
+    report_.Change(PairFile::Mif, {.begin = token.begin,
+                                   .end = token.end,
+                                   .text = number,
+                                   .code = Code::UnitIgnored,
+                                   .line = place_.line,
+                                   .what = "the unit \"" + token.text + "\" becomes " + number +
+                                           " units per metre"});
+}
+
+void Clause::CheckParameters(const Projection& projection) {
+    std::size_t taken = 0;
+    while (taken < projection.parameterCount && !AtEnd() && !At("Bounds") && !At("Affine")) {
+        static_cast<void>(TakeNumber());
+        ++taken;
+    }
+    if (projection.code == 9 && taken == 6) {
+        report_.Add(Code::AlbersDisplaced, place_,
+                    "the reader expects an azimuth before the false easting and takes the "
+                    "false easting for it");
+    } else if (taken < projection.parameterCount) {
+        report_.Add(Code::ParametersMissing, place_,
+                    Counted(taken, "parameter", "parameters") + " where projection " +
+                        std::to_string(projection.code) + " takes " +
+                        std::to_string(projection.parameterCount));
+    }
+}
+
+void Clause::CheckRest(const Projection* projection) {
+    if (projection != nullptr && projection->hasRange && !AtEnd() && !At("Bounds") &&
+        !At("Affine")) {
+        const std::string range = tokens_[next_].text;
+        static_cast<void>(TakeNumber());
+        report_.Add(Code::RangeIgnored, place_, "the reader ignores the range " + range);
+    }
+    if (projection != nullptr && projection->code == 18 && !AtEnd() && !At("Bounds")) {
+        report_.Add(Code::NzmgDisplaced, place_,
+                    "the reader takes the origin for the false easting and northing");
+        return;
+    }
+    for (bool isReported = projection == nullptr; !AtEnd(); ++next_) {
+        if (At("Affine")) {
+            report_.Add(Code::AffineIgnored, place_, "the reader ignores the Affine part");
+            return;
+        }
+        if (At("Bounds")) {
+            report_.Add(Code::CoordSysBoundsIgnored, place_,
+                        "the reader ignores the Bounds on this line");
+            CheckBlanksInBounds(next_ + 1);
+            header_.bounds = ReadBounds(next_ + 1);
+            return;
+        }
+        if (!isReported) {
+            isReported = true;
+            report_.Add(Code::CoordSysRestIgnored, place_,
+                        "the reader ignores the rest of the line, from " +
+                            Quoted(tokens_[next_].text) + " on");
+        }
+    }
+}
+
+void Clause::CheckBlanksInBounds(std::size_t first) {
+    for (std::size_t i = first; i + 1 < tokens_.size(); ++i) {
+        if (tokens_[i].text == "-" && IsDecimalNumber(tokens_[i + 1].text)) {
+            report_.Add(Code::BlankInIgnoredBounds, place_,
+                        "a blank stands between a minus sign and " + tokens_[i + 1].text);
+            report_.Change(PairFile::Mif, {.begin = tokens_[i].end,
+                                           .end = tokens_[i + 1].begin,
+                                           .text = {},
+                                           .code = Code::BlankInIgnoredBounds,
+                                           .line = place_.line,
+                                           .what = "the blank after the minus sign goes"});
+        }
+    }
+}
+
+std::optional<Box> Clause::ReadBounds(std::size_t first) const {
+    std::vector<double> numbers;
+    std::string sign;
+    for (std::size_t i = first; i < tokens_.size(); ++i) {
+        if (tokens_[i].text == "-") {
+            sign = "-";
+        } else if (IsDecimalNumber(tokens_[i].text)) {
+            numbers.push_back(ReaderDouble(sign + tokens_[i].text));
+            sign.clear();
+        }
+    }
+    if (numbers.size() != 4) {
+        return std::nullopt;
+    }
+    return Box{std::min(numbers[0], numbers[2]), std::min(numbers[1], numbers[3]),
+               std::max(numbers[0], numbers[2]), std::max(numbers[1], numbers[3])};
+}
+
+void Clause::CheckSwallowing() {
+    const Line* following = lines_.Peek();
+    if (following == nullptr || following->IsBlank()) {
+        return;
+    }
+    const std::string word = following->tokens.front().text;
+    const bool isData = EqualsIgnoringCase(word, "Data");
+    const Code code = isData ? Code::DataSwallowed : Code::LineSwallowed;
+    report_.Add(code, place_,
+                "the clause ends at its datum, and the reader takes the next line (" + word +
+                    ") as its continuation");
+    report_.Change(PairFile::Mif, {.begin = behind_,
+                                   .end = behind_,
+                                   .text = "\n",
+                                   .code = code,
+                                   .line = place_.line,
+                                   .what = "an empty line is put behind the CoordSys clause"});
+}
+
+}  // namespace
+
+std::string ProjectionInWords(std::int64_t code) {
+    const auto* const found = std::ranges::find(kUnknownProjections, code, &NamedCode::code);
+    if (found != kUnknownProjections.end()) {
+        return found->words;
+    }
+    const std::int64_t base = code % 1000;
+    if (code >= 1000 && code < 4000 && base > 0 && base < 100) {
+        const char* const with = code < 2000   ? " with an affine transformation"
+                                 : code < 3000 ? " with bounds"
+                                               : " with an affine transformation and bounds";
+        return "projection " + std::to_string(base) + with;
+    }
+    return "none that the format is known to have";
+}
+
+std::optional<std::int64_t> EqualProjection(std::int64_t code) {
+    if (code == 34) {
+        return 8;
+    }
+    if (code > 2000 && code < 2100 && FindProjection(code) == nullptr &&
+        FindProjection(code - 2000) != nullptr) {
+        return code - 2000;
+    }
+    return code == 2034 ? std::optional<std::int64_t>(8) : std::nullopt;
+}
+
+void CheckCoordSys(LineReader& lines, Report& report, CheckedHeader& header) {
+    Clause(lines, report, header).Check();
+}
+
+}  // namespace app::check

@@ -1,0 +1,109 @@
+// The part of the pair check that runs the module.
+#include "app/check/PairCheck.h"
+
+#include "app/Errors.h"
+#include "app/ImportRun.h"
+#include "app/Module.h"
+#include "app/Paths.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+
+namespace app::check {
+namespace {
+
+// What a reporter says, kept in memory.
+class KeptText {
+public:
+    KeptText() : stream_(open_memstream(&text_, &size_)) {
+        if (stream_ == nullptr) {
+            throw Failure("no memory for the messages of the import");
+        }
+    }
+    ~KeptText() {
+        static_cast<void>(std::fclose(stream_));  // memory only: nothing to lose
+        std::free(text_);
+    }
+    KeptText(const KeptText&) = delete;
+    KeptText& operator=(const KeptText&) = delete;
+
+    std::FILE* Stream() { return stream_; }
+    std::string Text() {
+        std::fflush(stream_);
+        return {text_, size_};
+    }
+
+private:
+    char* text_ = nullptr;
+    std::size_t size_ = 0;
+    std::FILE* stream_;
+};
+
+void Pass(Code code, const std::filesystem::path& mif, std::string message, FindingSink& sink,
+          CodeCounts& counts) {
+    CodeCount& count = counts[static_cast<std::size_t>(code)];
+    ++count.found;
+    ++count.reported;
+    const CodeInfo& info = InfoOf(code);
+    sink.Add({.code = &info,
+              .file = mif,
+              .line = 0,
+              .object = 0,
+              .message = std::move(message),
+              .advice = info.advice});
+}
+
+std::string WithoutName(std::string text, const std::filesystem::path& mif) {
+    const std::string prefix = PathText(mif) + ": ";
+    return text.starts_with(prefix) ? text.substr(prefix.size()) : text;
+}
+
+// A warning begins with the file's name; the lines after it belong to it.
+void PassWarnings(std::string_view kept, const std::filesystem::path& mif, FindingSink& sink,
+                  CodeCounts& counts) {
+    constexpr std::string_view kPrefix = "qolf: warning: ";
+    std::string warning;
+    while (!kept.empty()) {
+        const std::size_t end = std::min(kept.find('\n'), kept.size());
+        std::string_view line = kept.substr(0, end);
+        kept.remove_prefix(std::min(end + 1, kept.size()));
+        if (!line.starts_with(kPrefix)) {
+            continue;
+        }
+        line.remove_prefix(kPrefix.size());
+        // The check has a finding of its own for a file without objects.
+        if (!line.ends_with(": holds no objects")) {
+            warning += (warning.empty() ? "" : " ") + WithoutName(std::string(line), mif);
+        }
+    }
+    if (!warning.empty()) {
+        Pass(Code::ModuleWarning, mif, warning, sink, counts);
+    }
+}
+
+}  // namespace
+
+void CheckByImport(const std::filesystem::path& mif, const std::string& modulePath,
+                   FindingSink& sink, CodeCounts& counts) {
+    const Module module(modulePath);  // loaded first: its absence is no fault of the file
+    KeptText kept;
+    Reporter reporter(kept.Stream(), false, false);
+    ImportSettings settings;
+    settings.path = mif;
+    settings.noStore = true;
+    settings.modulePath = modulePath;
+    std::string error;
+    try {
+        static_cast<void>(RunImport(settings, reporter, [](zeio::TrBase&) {}));
+    } catch (const Failure& failure) {
+        error = failure.what();
+    }
+    PassWarnings(kept.Text(), mif, sink, counts);
+    if (!error.empty()) {
+        Pass(Code::ModuleError, mif, WithoutName(error, mif), sink, counts);
+    }
+}
+
+}  // namespace app::check

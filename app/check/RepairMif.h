@@ -1,0 +1,38 @@
+// Writes repaired copies of MIF files.
+#pragma once
+
+#include "app/Output.h"
+#include "app/check/FindingCodes.h"
+#include "app/check/Report.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace app::check {
+
+// One repair, for people.
+struct Repair {
+    Code code = Code::FileUnreadable;
+    std::filesystem::path file;  // of the input
+    std::uint64_t line = 0;
+    std::string what;  // "count 5 becomes 4"
+};
+
+struct RepairReport {
+    std::uint64_t count = 0;      // all repairs
+    std::vector<Repair> repairs;  // the first of each code, at most kMaxListed a code
+    bool hasMid = false;          // the copy has a .mid file
+
+    static constexpr std::uint64_t kMaxListed = 100;
+};
+
+// Writes a copy of input and its .mid to output with everything repaired that has one right repair;
+// both files appear or none. A file without faults is copied byte for byte. Memory is bounded by
+// the largest object. Throws Failure when a file can't be read or written, when output exists and
+// may not be replaced, and when it is the input.
+RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem::path& output,
+                       IfExists ifExists);
+
+}  // namespace app::check

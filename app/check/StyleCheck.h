@@ -1,0 +1,16 @@
+// Checks the clauses behind an object: pens, brushes, symbols, fonts.
+#pragma once
+
+#include "app/check/LineReader.h"
+#include "app/check/Report.h"
+
+#include <string_view>
+
+namespace app::check {
+
+bool IsClause(std::string_view word);
+
+// line begins with a clause.
+void CheckClauseLine(const Line& line, const Place& place, Report& report);
+
+}  // namespace app::check
