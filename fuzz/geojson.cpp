@@ -1,0 +1,39 @@
+// GeoJSON input, as the command convert reads it.
+#include "app/Errors.h"
+#include "app/Reporter.h"
+#include "app/convert/GeoJsonReader.h"
+#include "fuzz/FuzzInput.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <numeric>
+
+namespace {
+
+void Check(const app::Feature& feature, std::size_t columns) {
+    fuzz::Require(feature.values.size() == columns, "a feature has a value a column");
+    if (feature.kind == app::GeometryKind::Region) {
+        const std::size_t vertices =
+            std::accumulate(feature.partSizes.begin(), feature.partSizes.end(), std::size_t{0});
+        fuzz::Require(vertices == feature.points.size(), "the rings have the region's vertices");
+    }
+    fuzz::Require(feature.kind != app::GeometryKind::Line || feature.points.size() >= 2,
+                  "a line has two vertices");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static std::FILE* const nowhere = std::fopen("/dev/null", "w");
+    app::Reporter reporter(nowhere, /*isTerminal=*/false, /*useColor=*/false);
+    fuzz::WriteFile("in.geojson", fuzz::TextOf(data, size));
+    try {
+        app::GeoJsonReader reader(fuzz::PathOf("in.geojson"));
+        const app::GeoJsonFacts facts = reader.Survey(reporter);
+        reader.Read(facts, reporter,
+                    [&](app::Feature& feature) { Check(feature, facts.columns.size()); });
+    } catch (const app::Failure&) {
+        return 0;
+    }
+    return 0;
+}
