@@ -153,6 +153,7 @@ int main(int argc, char** argv) {
 
     CLI::App program(
         "Reads, writes, draws and checks MapInfo Interchange Format files (.mif, .mid)", "qolf");
+    program.allow_windows_style_options(false);  // "/maps/roads.mif" is a file everywhere
     GlobalOptions options;
     AddGlobalOptions(program, options, context);
     program.require_subcommand(1);
