@@ -35,12 +35,12 @@ std::string Joined(const std::vector<std::string>& words) {
     return text;
 }
 
-// The command that converts one file as these options say. Outputs of an earlier run were looked at
-// before it starts, so it may overwrite.
+// The command that converts one file as these options say; whether it may overwrite is added when
+// it runs.
 ChildCommand CommandFor(const ConvertOptions& options, Format format) {
     ChildCommand command = {kThisProgram};
     AddOption(command, "--module", options.modulePath);
-    command.insert(command.end(), {"--no-progress", "convert", "--overwrite"});
+    command.insert(command.end(), {"--no-progress", "convert"});
     AddOption(command, "--to", ExtensionOf(format) + 1);
     AddFlag(command, options.asIs, "--as-is");
     AddFlag(command, options.noStore, "--no-store");
