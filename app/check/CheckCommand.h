@@ -12,13 +12,13 @@
 namespace app {
 
 struct CheckOptions {
-    std::vector<std::filesystem::path> files;
+    std::vector<std::filesystem::path> files = {};
     bool json = false;
     bool strict = false;
     std::uint64_t maxPerCode = 100;  // findings of one code shown for a file; 0: all
-    std::filesystem::path fix;       // the repaired copy; empty: none
+    std::filesystem::path fix = {};  // the repaired copy; empty: none
     IfExists ifExists = IfExists::Refuse;
-    std::string modulePath;
+    std::string modulePath = {};
 };
 
 void AddCheckCommand(CLI::App& program, CommandContext& context);
