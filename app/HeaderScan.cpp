@@ -4,9 +4,11 @@
 #include "app/Paths.h"
 #include "host/platform/Stdio.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <memory>
@@ -343,6 +345,24 @@ const char* ColumnKindName(ColumnKind kind) {
         }
     }
     return "Other";
+}
+
+std::string UnitProblem(const MifHeader& header) {
+    constexpr std::array kKnown = {"m",         "meters",      "f",           "feet",
+                                   "survey ft", "survey feet", "us survey ft"};
+    constexpr std::string_view kEarth = "coordsys earth";
+    const std::string& unit = header.unitsText;
+    const bool isEarth =
+        header.coordSysText.size() >= kEarth.size() &&
+        Is(header.coordSysText.substr(0, kEarth.size()), std::string(kEarth).c_str());
+    const bool isKnown = std::any_of(kKnown.begin(), kKnown.end(),
+                                     [&unit](const char* known) { return Is(unit, known); });
+    if (!isEarth || unit.empty() || isKnown || std::strtod(unit.c_str(), nullptr) > 0.0) {
+        return {};
+    }
+    return "the module does not know the unit \"" + unit +
+           "\" and takes the coordinates as metres; a number of units per metre in its place is "
+           "understood";
 }
 
 MifHeader ScanHeader(const std::filesystem::path& path) {

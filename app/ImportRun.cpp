@@ -177,6 +177,9 @@ void ReportingHost::ProgressEnd() {
 ImportResult RunImport(const ImportSettings& settings, Reporter& reporter, const ObjectSink& sink) {
     ImportResult result;
     result.header = ScanHeader(settings.path);
+    if (const std::string problem = UnitProblem(result.header); !problem.empty()) {
+        reporter.Warning(PathText(settings.path) + ": " + problem);
+    }
     ChooseCodePage(settings.path, settings.encoding, reporter);
     MifHeader careHeader = result.header;
     if (settings.asIs) {

@@ -380,6 +380,50 @@ TEST(ConvertPair, KeepsTheLatitudeOfAnAzimuthalProjectionAtAnyLatitude) {
         << sandbox.Read("b.mif");
 }
 
+struct UnitRow {
+    std::string name;
+    std::string unit;
+    bool isWarnedOf;
+};
+
+std::ostream& operator<<(std::ostream& out, const UnitRow& row) {
+    return out << row.name;
+}
+
+class UnitOfAClause : public testing::TestWithParam<UnitRow> {};
+
+TEST_P(UnitOfAClause, IsWarnedOfWhenTheModuleDoesNotKnowIt) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif",
+                  "Version 300\nCharset \"Neutral\"\nCoordSys Earth Projection 8, 104, \"" +
+                      GetParam().unit + "\", 27, 0, 0.9996, 500, 0\nData\nPoint 500 6500\n");
+
+    const Result result = sandbox.Qolf({"convert", "a.mif", "a.geojson"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(result.err.find("the unit \"" + GetParam().unit + "\"") != std::string::npos,
+              GetParam().isWarnedOf)
+        << result.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , UnitOfAClause,
+    testing::Values(UnitRow{"Metres", "m", false}, UnitRow{"SurveyFeet", "survey ft", false},
+                    UnitRow{"ANumber", "0.001", false}, UnitRow{"Kilometres", "km", true},
+                    UnitRow{"InternationalFeet", "ft", true}, UnitRow{"Miles", "mi", true}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(ConvertToGeoJson, SaysWhatBecameOfAFaultyProjection) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCharset \"Neutral\"\nCoordSys Earth Projection 8, 104, "
+                           "\"m\", 27, 95, 0.9996, 500000, 0\nData\nPoint 1 2\n");
+
+    const Result result = sandbox.Qolf({"convert", "a.mif", "a.geojson"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_NE(result.err.find("faulty parameters"), std::string::npos) << result.err;
+}
+
 TEST(ConvertPair, LeavesOutTextsAndPointsWhenTold) {
     const Sandbox sandbox;
 
