@@ -27,12 +27,17 @@ bool FailsNow() {
     return fails;
 }
 
-void* Allocate(std::size_t size) {
+void* AllocateOrNull(std::size_t size) noexcept {
     void* const block = FailsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
+    g_liveBlocks += block != nullptr ? 1 : 0;
+    return block;
+}
+
+void* Allocate(std::size_t size) {
+    void* const block = AllocateOrNull(size);
     if (block == nullptr) {
         throw std::bad_alloc();
     }
-    ++g_liveBlocks;
     return block;
 }
 
@@ -67,15 +72,44 @@ long LiveBlocks() {
 
 }  // namespace fault_test
 
-// The forms that are not here (arrays, without an exception) call these.
+// All forms that are used, because a sanitizer has its own of those that are not here, and they
+// don't go together.
 void* operator new(std::size_t size) {
     return fault_test::Allocate(size);
+}
+
+void* operator new[](std::size_t size) {
+    return fault_test::Allocate(size);
+}
+
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return fault_test::AllocateOrNull(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return fault_test::AllocateOrNull(size);
 }
 
 void operator delete(void* block) noexcept {
     fault_test::Free(block);
 }
 
+void operator delete[](void* block) noexcept {
+    fault_test::Free(block);
+}
+
 void operator delete(void* block, std::size_t /*size*/) noexcept {
+    fault_test::Free(block);
+}
+
+void operator delete[](void* block, std::size_t /*size*/) noexcept {
+    fault_test::Free(block);
+}
+
+void operator delete(void* block, const std::nothrow_t& /*tag*/) noexcept {
+    fault_test::Free(block);
+}
+
+void operator delete[](void* block, const std::nothrow_t& /*tag*/) noexcept {
     fault_test::Free(block);
 }
