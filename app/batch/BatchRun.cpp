@@ -2,8 +2,13 @@
 
 #include "app/Errors.h"
 #include "app/Paths.h"
+#include "app/batch/ChildProcesses.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <iterator>
+#include <new>
+#include <string>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -20,12 +25,6 @@ struct Tally {
     std::size_t doneBefore = 0;
 };
 
-// A path that can't be taken for an option.
-std::string Argument(const std::filesystem::path& path) {
-    const std::string text = path.string();
-    return text.starts_with('-') ? "./" + text : text;
-}
-
 void MakeFolderOf(const std::filesystem::path& file) {
     const std::filesystem::path folder = file.parent_path();
     std::error_code error;
@@ -37,14 +36,18 @@ void MakeFolderOf(const std::filesystem::path& file) {
     }
 }
 
-ChildCommand CommandFor(const BatchOptions& options, const BatchItem& item) {
-    ChildCommand command = options.command;
-    if (options.resume || options.ifExists == IfExists::Overwrite) {
-        command.push_back("--overwrite");
+// The work of a process. Its messages are plain lines for ForwardMessages.
+int ConvertItem(const BatchOptions& options, const BatchItem& item) {
+    Reporter reporter(stderr, /*isTerminal=*/false, /*useColor=*/false);
+    const IfExists ifExists = options.resume ? IfExists::Overwrite : options.ifExists;
+    try {
+        return options.convert(item, ifExists, reporter);
+    } catch (const std::bad_alloc&) {
+        reporter.Error("out of memory");
+    } catch (const std::exception& error) {
+        reporter.Error(error.what());
     }
-    command.push_back(Argument(item.input));
-    command.push_back(Argument(item.output));
-    return command;
+    return 1;
 }
 
 // The warnings of a process again, as our own. Its error, which may have several lines, as one.
@@ -76,8 +79,9 @@ void ReportEnd(const BatchItem& item, const ChildResult& result, Reporter& repor
     } else if (error.empty()) {
         error = "ended with exit code " + std::to_string(result.exitCode);
     }
-    const std::string name = PathText(item.input);
-    reporter.Error(error.find(name) == std::string::npos ? name + ": " + error : error);
+    const bool isNamed = error.find(PathText(item.input)) != std::string::npos ||
+                         error.find(PathText(item.output)) != std::string::npos;
+    reporter.Error(isNamed ? error : PathText(item.input) + ": " + error);
 }
 
 std::string Summary(const Tally& tally, std::size_t total) {
@@ -112,7 +116,7 @@ int RunBatch(const BatchOptions& options, Reporter& reporter) {
     reporter.StartProgress("converting");
     const int signalNumber = RunChildren(
         items.size(), options.jobs == 0 ? processors : options.jobs,
-        [&](std::size_t number) { return CommandFor(options, items[number]); },
+        [&](std::size_t number) { return ConvertItem(options, items[number]); },
         [&](std::size_t number, const ChildResult& result) {
             ReportEnd(items[number], result, reporter, tally);
             reporter.Progress(static_cast<double>(tally.converted + tally.failed) /

@@ -4,10 +4,9 @@
 #include "app/Output.h"
 #include "app/Reporter.h"
 #include "app/batch/BatchPlan.h"
-#include "app/batch/ChildProcesses.h"
 
 #include <cstddef>
-#include <string>
+#include <functional>
 #include <vector>
 
 namespace app {
@@ -18,8 +17,9 @@ struct BatchOptions {
     bool resume = false;   // leave out what is done already, redo the rest
     IfExists ifExists = IfExists::Refuse;
 
-    // The command that converts one file; the input and the output are put behind it.
-    ChildCommand command;
+    // Converts one file, in a process of its own, and gives the exit code. What it throws is an
+    // error of that file.
+    std::function<int(const BatchItem& item, IfExists ifExists, Reporter& reporter)> convert;
 };
 
 // Makes the folders of the outputs and converts the items. A file that fails is one line on the

@@ -6,16 +6,15 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <cstring>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-extern char** environ;
 
 namespace app {
 namespace {
@@ -51,12 +50,7 @@ public:
             sigaction(kEndingSignals[i], &action, nullptr);
         }
     }
-    ~SignalWatch() {
-        for (std::size_t i = 0; i < kEndingSignals.size(); ++i) {
-            sigaction(kEndingSignals[i], &actions_[i], nullptr);
-        }
-        sigprocmask(SIG_SETMASK, &original_, nullptr);
-    }
+    ~SignalWatch() { Restore(); }
     SignalWatch(const SignalWatch&) = delete;
     SignalWatch& operator=(const SignalWatch&) = delete;
 
@@ -65,7 +59,13 @@ public:
         static_cast<void>(ppoll(descriptors.data(), descriptors.size(), nullptr, &original_));
     }
 
-    const sigset_t& Original() const { return original_; }
+    // Puts everything back as it was.
+    void Restore() const {
+        for (std::size_t i = 0; i < kEndingSignals.size(); ++i) {
+            sigaction(kEndingSignals[i], &actions_[i], nullptr);
+        }
+        sigprocmask(SIG_SETMASK, &original_, nullptr);
+    }
 
 private:
     sigset_t original_{};
@@ -77,39 +77,6 @@ struct Child {
     pid_t process;
     int messages;  // the reading end of its standard error
     ChildResult result;
-};
-
-// What the child gets: no input, the pipe as standard error, and the signals as they were.
-class SpawnSettings {
-public:
-    SpawnSettings(int errorPipe, const sigset_t& signalMask) {
-        posix_spawn_file_actions_init(&files_);
-        posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-        posix_spawn_file_actions_adddup2(&files_, errorPipe, STDERR_FILENO);
-        posix_spawnattr_init(&attributes_);
-        posix_spawnattr_setsigmask(&attributes_, &signalMask);
-        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK);
-    }
-    ~SpawnSettings() {
-        posix_spawn_file_actions_destroy(&files_);
-        posix_spawnattr_destroy(&attributes_);
-    }
-    SpawnSettings(const SpawnSettings&) = delete;
-    SpawnSettings& operator=(const SpawnSettings&) = delete;
-
-    int Spawn(pid_t& process, const ChildCommand& command) const {
-        std::vector<char*> arguments;
-        for (const std::string& word : command) {
-            arguments.push_back(const_cast<char*>(word.c_str()));
-        }
-        arguments.push_back(nullptr);
-        return posix_spawn(&process, arguments.front(), &files_, &attributes_, arguments.data(),
-                           environ);
-    }
-
-private:
-    posix_spawn_file_actions_t files_{};
-    posix_spawnattr_t attributes_{};
 };
 
 class ChildTable {
@@ -129,15 +96,19 @@ public:
 
     std::size_t Size() const { return running_.size(); }
 
-    void Start(std::size_t number, const ChildCommand& command) {
+    void Start(std::size_t number, const std::function<int(std::size_t)>& work) {
         std::array<int, 2> ends{};
         if (pipe2(ends.data(), O_CLOEXEC) != 0) {
             throw Failure(std::string("can't start a process: ") + std::strerror(errno));
         }
-        pid_t process = 0;
-        const int error = SpawnSettings(ends[1], watch_.Original()).Spawn(process, command);
+        std::fflush(nullptr);  // what waits in a buffer would be written twice
+        const pid_t process = fork();
+        if (process == 0) {
+            Become(number, ends[1], work);
+        }
+        const int error = errno;
         close(ends[1]);
-        if (error != 0) {
+        if (process < 0) {
             close(ends[0]);
             throw Failure(std::string("can't start a process: ") + std::strerror(error));
         }
@@ -172,6 +143,19 @@ public:
     }
 
 private:
+    // The life of a copy, which ends here: neither destructors nor exit handlers are its own.
+    [[noreturn]] void Become(std::size_t number, int errorPipe,
+                             const std::function<int(std::size_t)>& work) const noexcept {
+        const int nothing = open("/dev/null", O_RDONLY | O_CLOEXEC);
+        if (nothing < 0 || dup2(nothing, STDIN_FILENO) < 0 || dup2(errorPipe, STDERR_FILENO) < 0) {
+            _exit(1);
+        }
+        watch_.Restore();
+        const int exitCode = work(number);
+        std::fflush(nullptr);
+        _exit(exitCode);
+    }
+
     // False at the end, which comes with the end of the program.
     static bool ReadMessages(Child& child) {
         std::array<char, 4096> block{};
@@ -205,7 +189,7 @@ private:
 }  // namespace
 
 int RunChildren(std::size_t count, std::size_t parallel,
-                const std::function<ChildCommand(std::size_t)>& commandOf,
+                const std::function<int(std::size_t)>& work,
                 const std::function<void(std::size_t, const ChildResult&)>& onEnd) {
     const SignalWatch watch;
     ChildTable children(watch);
@@ -213,7 +197,7 @@ int RunChildren(std::size_t count, std::size_t parallel,
     std::size_t next = 0;
     while (children.Size() > 0 || (next < count && pendingSignal == 0)) {
         while (next < count && children.Size() < parallel && pendingSignal == 0) {
-            children.Start(next, commandOf(next));
+            children.Start(next, work);
             ++next;
         }
         for (const Child& child : children.Wait()) {

@@ -7,25 +7,19 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdio>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <new>
+#include <sstream>
 
 namespace {
 
 class BatchRun : public testing::Test {
 protected:
-    BatchRun() : messages_(std::tmpfile()) {
-        // Copies the input; what it says and how it ends stands in the input.
-        folder_.Write("convert.sh", R"(
-overwrite=no
-if [ "$1" = --overwrite ]; then overwrite=yes; shift; fi
-if [ -e "$2" ] && [ $overwrite = no ]; then echo "qolf: error: $2: exists" >&2; exit 1; fi
-if grep -q warn "$1"; then echo "qolf: warning: $1: careful" >&2; fi
-if grep -q fail "$1"; then printf 'qolf: error: first line\nqolf: error: second line\n' >&2; exit 1; fi
-if grep -q mute "$1"; then exit 7; fi
-if grep -q crash "$1"; then kill -SEGV $$; fi
-cp "$1" "$2"
-)");
-    }
+    BatchRun() : messages_(std::tmpfile()) { options_.convert = Convert; }
     ~BatchRun() override { std::fclose(messages_); }
 
     // An input with that text and its place in the batch.
@@ -38,8 +32,30 @@ cp "$1" "$2"
             {folder_.path() / (name + ".mif"), folder_.path() / "out" / (name + ".gpkg")});
     }
 
+    // Copies the input; what is said and how it ends stands in the input.
+    static int Convert(const app::BatchItem& item, app::IfExists ifExists,
+                       app::Reporter& reporter) {
+        std::stringstream text;
+        text << std::ifstream(item.input).rdbuf();
+        if (ifExists == app::IfExists::Refuse && std::filesystem::exists(item.output)) {
+            throw app::Failure(item.output.string() + ": exists");
+        }
+        const std::map<std::string, std::function<int()>> endings = {
+            {"fail", []() -> int { throw app::Failure("first line\nsecond line"); }},
+            {"memory", []() -> int { throw std::bad_alloc(); }},
+            {"mute", [] { return 7; }},
+            {"crash", [] { return std::raise(SIGKILL); }}};
+        if (const auto ending = endings.find(text.str()); ending != endings.end()) {
+            return ending->second();
+        }
+        if (text.str() == "warn") {
+            reporter.Warning(item.input.string() + ": careful");
+        }
+        std::ofstream(item.output) << text.str();
+        return 0;
+    }
+
     int Run() {
-        options_.command = {"/bin/sh", (folder_.path() / "convert.sh").string()};
         app::Reporter reporter(messages_, /*isTerminal=*/false, /*useColor=*/false);
         return app::RunBatch(options_, reporter);
     }
@@ -99,7 +115,16 @@ TEST_F(BatchRun, ReportsACrash) {
 
     EXPECT_EQ(Run(), 1);
 
-    EXPECT_EQ(Messages(), "qolf: error: a.mif: ended by signal 11\n"
+    EXPECT_EQ(Messages(), "qolf: error: a.mif: ended by signal 9\n"
+                          "qolf: note: converted 0 of 1 file, 1 failed\n");
+}
+
+TEST_F(BatchRun, ReportsAnEndOfMemory) {
+    Add("a", "memory");
+
+    EXPECT_EQ(Run(), 1);
+
+    EXPECT_EQ(Messages(), "qolf: error: a.mif: out of memory\n"
                           "qolf: note: converted 0 of 1 file, 1 failed\n");
 }
 
@@ -117,6 +142,10 @@ TEST_F(BatchRun, ReplacesNothingUnasked) {
     Run();
 
     EXPECT_EQ(Run(), 1);
+
+    EXPECT_EQ(Messages(), "qolf: note: converted 1 of 1 file\n"
+                          "qolf: error: out/a.gpkg: exists\n"
+                          "qolf: note: converted 0 of 1 file, 1 failed\n");
 }
 
 TEST_F(BatchRun, ReplacesWhatIsThereWhenAsked) {
