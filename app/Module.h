@@ -39,6 +39,9 @@ public:
 
     const std::filesystem::path& Path() const { return path_; }
 
+    // The system's handle of the loaded library; never null.
+    void* Library() const { return library_.get(); }
+
 private:
     std::filesystem::path path_;
     std::shared_ptr<void> library_;

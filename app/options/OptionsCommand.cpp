@@ -103,7 +103,7 @@ int ResetOptions() {
 int ShowPage(bool isImport, const std::string& modulePath, Reporter& reporter) {
     standalone::OptionStore store(standalone::OptionStore::UserFile());
     const Module module(modulePath);
-    OptionsHost host(store);
+    OptionsHost host(store, module.Library());
     zeio::IoManager manager(host);
     bool isAccepted = false;
     if (isImport) {

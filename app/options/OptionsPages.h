@@ -9,11 +9,16 @@
 
 namespace app {
 
-// Answers the pages' calls for help with a few words on each option.
+// Answers the pages' calls for help with a few words on each option, and names the library that
+// holds the pages' templates.
 class OptionsHost : public zeio::IoHost {
 public:
-    using IoHost::IoHost;
+    OptionsHost(standalone::OptionStore& store, void* library) : IoHost(store), library_(library) {}
     void ShowHelp(const std::wstring& topic, const std::wstring& anchor) override;
+    HINSTANCE ModuleInstance() const override { return static_cast<HINSTANCE>(library_); }
+
+private:
+    void* library_;  // not owned
 };
 
 // True when the user accepted, and the options were stored. Throws Failure when there is nowhere

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -73,6 +74,32 @@ TEST(TheCommand, TellsWhatAFileHolds) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_NE(result.out.find("objects.mif"), std::string::npos) << result.out;
 }
+
+struct OptionsRow {
+    std::string name;  // of the page, as the command takes it
+    std::wstring caption;
+};
+class ThePageOfTheCommand : public testing::TestWithParam<OptionsRow> {};
+
+TEST_P(ThePageOfTheCommand, IsShownAndCanBeCancelled) {
+    Result result{-1, {}};
+    std::thread command([&] { result = Qolf("options " + GetParam().name); });
+    HWND dialog = nullptr;
+    for (int attempt = 0; attempt < 1000 && dialog == nullptr; ++attempt) {
+        Sleep(20);
+        dialog = FindWindowW(L"#32770", GetParam().caption.c_str());
+    }
+    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    command.join();
+
+    EXPECT_NE(dialog, nullptr);
+    EXPECT_EQ(result.exitCode, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(, ThePageOfTheCommand,
+                         testing::Values(OptionsRow{"import", L"MIF Import Options"},
+                                         OptionsRow{"export", L"MIF Options"}),
+                         [](const auto& row) { return row.param.name; });
 
 TEST(TheCommand, EndsWithOneForAMissingFile) {
     EXPECT_EQ(Qolf("info missing.mif 2>nul").exitCode, 1);
