@@ -40,10 +40,18 @@ private:
     std::uint64_t objectCount_ = 0;
 };
 
+const std::filesystem::path& ShownPath(const ImportSettings& settings) {
+    return settings.shownPath.empty() ? settings.path : settings.shownPath;
+}
+
 [[noreturn]] void Rethrow(const shr::IError& error, const CareCopy& copy,
-                          const std::filesystem::path& path) {
-    const std::string text = standalone::Narrow(copy.WithOriginalPath(error.Message()));
-    const std::string name = PathText(path);
+                          const ImportSettings& settings) {
+    std::string text = standalone::Narrow(copy.WithOriginalPath(error.Message()));
+    const std::string read = PathText(settings.path);
+    const std::string name = PathText(ShownPath(settings));
+    if (const std::size_t at = text.find(read); at != std::string::npos) {
+        text.replace(at, read.size(), name);
+    }
     throw Failure(text.find(name) == std::string::npos ? name + ": " + text : text);
 }
 
@@ -178,7 +186,7 @@ ImportResult RunImport(const ImportSettings& settings, Reporter& reporter, const
     ImportResult result;
     result.header = ScanHeader(settings.path);
     if (const std::string problem = UnitProblem(result.header); !problem.empty()) {
-        reporter.Warning(PathText(settings.path) + ": " + problem);
+        reporter.Warning(PathText(ShownPath(settings)) + ": " + problem);
     }
     ChooseCodePage(settings.path, settings.encoding, reporter);
     MifHeader careHeader = result.header;
@@ -189,7 +197,7 @@ ImportResult RunImport(const ImportSettings& settings, Reporter& reporter, const
     const Module module(settings.modulePath);
     reporter.Detail("module: " + PathText(module.Path()));
     const auto store = OpenOptionStore(settings.noStore);
-    SinkHost host(*store, reporter, copy, PathText(settings.path), sink);
+    SinkHost host(*store, reporter, copy, PathText(ShownPath(settings)), sink);
     zeio::IoManager manager(host);
     const ImportFilterPtr filter = module.NewImportFilter(manager);
     try {
@@ -198,12 +206,12 @@ ImportResult RunImport(const ImportSettings& settings, Reporter& reporter, const
         }
         filter->Import(WidePath(copy.Path()));
     } catch (const shr::IError& error) {
-        Rethrow(error, copy, settings.path);
+        Rethrow(error, copy, settings);
     }
     result.objectCount = host.ObjectCount();
     result.warningCount = host.WarningCount();
     if (result.objectCount == 0) {
-        reporter.Warning(PathText(settings.path) + ": holds no objects");
+        reporter.Warning(PathText(ShownPath(settings)) + ": holds no objects");
     }
     return result;
 }

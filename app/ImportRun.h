@@ -19,8 +19,9 @@ namespace app {
 // What the subcommands that import have in common.
 struct ImportSettings {
     std::filesystem::path path;
-    bool asIs = false;                        // --as-is: no care copy
-    bool noStore = false;                     // --no-store: an empty store that is not written
+    std::filesystem::path shownPath;  // in messages, when path is a copy; empty: path itself
+    bool asIs = false;                // --as-is: no care copy
+    bool noStore = false;             // --no-store: an empty store that is not written
     std::optional<std::string> optionString;  // --option-string, handed to slot 3 as it stands
     std::string encoding;  // --encoding: code page 0 for the run; empty: by the header's charset
     std::string modulePath;

@@ -70,6 +70,12 @@ void AddInput(CLI::App& command, ConvertOptions& options) {
         .add_option("--crs", options.crs,
                     "Coordinate system of the output: keep, wgs84, EPSG:CODE, a PROJ string or WKT")
         ->type_name("SYSTEM");
+    command
+        .add_option("--assume-crs", options.assumedCrs,
+                    "Coordinate system of a MIF input, whatever its header says")
+        ->type_name("SYSTEM");
+    command.add_flag("--fix", options.isRepaired,
+                     "Read a MIF input with the faults repaired that check --fix repairs");
     command.add_option("--encoding", options.encoding, "Encoding of the MIF file's texts")
         ->type_name("NAME");
     command.add_flag("--as-is", options.asIs, "Give the file to the module without any care");

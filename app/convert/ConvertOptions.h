@@ -20,8 +20,10 @@ struct ConvertOptions {
     bool asIs = false;
     bool noStore = false;
     bool withStyles = false;
-    int segments = 64;  // edges of a full turn, for ellipses and rounded corners
-    std::string crs;    // empty: what suits the output; "keep"; or a definition for PROJ
+    int segments = 64;        // edges of a full turn, for ellipses and rounded corners
+    std::string crs;          // empty: what suits the output; "keep"; or a definition for PROJ
+    std::string assumedCrs;   // --assume-crs: of a MIF input, whatever its header says
+    bool isRepaired = false;  // --fix: a MIF input is read with its faults repaired
     std::string encoding;
     std::string layer;
     std::vector<std::string> select;

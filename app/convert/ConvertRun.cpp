@@ -12,6 +12,7 @@
 #include "app/convert/GeoJsonWriter.h"
 #include "app/convert/MifTarget.h"
 #include "app/convert/PackageTarget.h"
+#include "app/convert/PreparedMif.h"
 #include "app/convert/SystemPlan.h"
 #include "app/gpkg/GeoPackageReader.h"
 
@@ -30,9 +31,11 @@ IfExists IfExistsOf(const ConvertOptions& options) {
     return options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
 }
 
-ImportSettings ImportSettingsOf(const ConvertOptions& options, const std::string& input) {
+ImportSettings ImportSettingsOf(const ConvertOptions& options, const std::string& input,
+                                const PreparedMif& prepared) {
     ImportSettings settings;
-    settings.path = PathFromArgument(input);
+    settings.path = prepared.Path();
+    settings.shownPath = PathFromArgument(input);
     settings.asIs = options.asIs;
     settings.noStore = options.noStore;
     // The filters share the option AreasToCurves; the areas of a conversion become curves on the
@@ -133,18 +136,20 @@ std::string LayerName(const ConvertOptions& options, const std::string& input) {
 
 void ReadMif(const ConvertOptions& options, const std::string& input, LayerConversion& conversion,
              Reporter& reporter) {
+    const PreparedMif prepared(options, input, reporter);
     const auto begin = [&](const Layer& layer) {
         LayerFacts facts;
         facts.name = LayerName(options, input);
         facts.columns = layer.columns;
-        facts.system = layer.coordinateSystem.get();
+        facts.system = prepared.AssumedSystem() != nullptr ? prepared.AssumedSystem()
+                                                           : layer.coordinateSystem.get();
         if (layer.header.bounds) {
             const MifHeader::Bounds& bounds = *layer.header.bounds;
             facts.knownExtent = {bounds.minX, bounds.minY, bounds.maxX, bounds.maxY};
         }
         conversion.Begin(std::move(facts), input);
     };
-    static_cast<void>(ImportFeatures(ImportSettingsOf(options, input), reporter, begin,
+    static_cast<void>(ImportFeatures(ImportSettingsOf(options, input, prepared), reporter, begin,
                                      [&](Feature& feature) { conversion.Take(feature); }));
 }
 
@@ -240,7 +245,9 @@ void ConvertInput(const ConvertOptions& options, const std::string& input, Forma
 // What the host of an export asks and sends in place of an import's objects.
 class ObjectForwarder {
 public:
-    ObjectForwarder(ExportRun& run, const MifHeader& header) : run_(run), header_(header) {}
+    // assumed takes the place of the input's system unless it is null.
+    ObjectForwarder(ExportRun& run, const MifHeader& header, const gcs::CSDef* assumed)
+        : run_(run), header_(header), assumed_(assumed) {}
 
     void Send(zeio::TrBase& object) {
         const shr::CTypeInfo* type = object.GetTypeId();
@@ -265,6 +272,11 @@ private:
         }
         run_.Send(questions);
         capabilities_ = questions.capabilities;
+        if (assumed_ != nullptr) {
+            zeio::TrCRS system;
+            system.SetCS(assumed_);
+            SendSystem(system);
+        }
     }
 
     void SendSystem(zeio::TrCRS& system) {
@@ -277,6 +289,7 @@ private:
 
     ExportRun& run_;
     const MifHeader& header_;
+    const gcs::CSDef* assumed_;
     std::uint32_t capabilities_ = 0;
 };
 
@@ -285,10 +298,11 @@ int ConvertPair(const ConvertOptions& options, const std::string& input, const s
                 Reporter& reporter) {
     CheckMifOutput(output);
     CheckOutput(PathFromArgument(output), IfExistsOf(options));
-    const ImportSettings settings = ImportSettingsOf(options, input);
+    const PreparedMif prepared(options, input, reporter);
+    const ImportSettings settings = ImportSettingsOf(options, input, prepared);
     const MifHeader header = ScanHeader(settings.path);
     ExportRun run(ExportSettingsOf(options, output), reporter);
-    ObjectForwarder forwarder(run, header);
+    ObjectForwarder forwarder(run, header, prepared.AssumedSystem());
     static_cast<void>(
         RunImport(settings, reporter, [&](zeio::TrBase& object) { forwarder.Send(object); }));
     if (!run.Finish()) {

@@ -20,20 +20,6 @@ std::unique_ptr<gcs::CSDef> CopyOf(const gcs::CSDef* system) {
     return system == nullptr ? nullptr : system->Clone();
 }
 
-std::unique_ptr<gcs::CSDef> SystemOfOption(const std::string& crs, Reporter& reporter) {
-    if (crs == "wgs84" || crs == "WGS84" || crs == "EPSG:4326") {
-        return std::make_unique<gcs::GCSDef>(Wgs84System());
-    }
-    CrsForExport found = GcsFromCrs(crs);
-    if (!found) {
-        throw Failure("--crs " + crs + ": " + found.problem);
-    }
-    for (const std::string& warning : found.warnings) {
-        reporter.Warning("--crs " + crs + ": " + warning);
-    }
-    return std::move(found.system);
-}
-
 // Null: the input's own.
 std::unique_ptr<gcs::CSDef> WantedSystem(Format format, const std::string& crs,
                                          Reporter& reporter) {
@@ -43,7 +29,7 @@ std::unique_ptr<gcs::CSDef> WantedSystem(Format format, const std::string& crs,
     if (crs.empty()) {
         return std::make_unique<gcs::GCSDef>(Wgs84System());
     }
-    std::unique_ptr<gcs::CSDef> system = SystemOfOption(crs, reporter);
+    std::unique_ptr<gcs::CSDef> system = SystemOfDefinition("--crs", crs, reporter);
     if (IsGeoJson(format) && !IsWgs84(system.get())) {
         throw UsageError("--crs " + crs +
                          ": GeoJSON is longitude and latitude of WGS 84; "
@@ -83,6 +69,21 @@ SystemPlan PlanSystems(const gcs::CSDef* source, Format format, const std::strin
         plan.output = CopyOf(source);
     }
     return plan;
+}
+
+std::unique_ptr<gcs::CSDef> SystemOfDefinition(const std::string& option,
+                                               const std::string& definition, Reporter& reporter) {
+    if (definition == "wgs84" || definition == "WGS84" || definition == "EPSG:4326") {
+        return std::make_unique<gcs::GCSDef>(Wgs84System());
+    }
+    CrsForExport found = GcsFromCrs(definition);
+    if (!found) {
+        throw Failure(option + " " + definition + ": " + found.problem);
+    }
+    for (const std::string& warning : found.warnings) {
+        reporter.Warning(option + " " + definition + ": " + warning);
+    }
+    return std::move(found.system);
 }
 
 std::unique_ptr<gcs::CSDef> ForExport(const gcs::CSDef& system) {

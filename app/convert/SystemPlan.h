@@ -24,6 +24,11 @@ struct SystemPlan {
 SystemPlan PlanSystems(const gcs::CSDef* source, Format format, const std::string& crs,
                        const std::string& subject, Reporter& reporter);
 
+// The system that an option names: "wgs84", or what GcsFromCrs takes. Warnings go to the reporter.
+// Throws Failure, with the option's name, when MIF can't express it.
+std::unique_ptr<gcs::CSDef> SystemOfDefinition(const std::string& option,
+                                               const std::string& definition, Reporter& reporter);
+
 // The system with the latitude of an azimuthal projection in both of its places, as the export
 // needs it: the clause that names it at any latitude sets one of them only.
 std::unique_ptr<gcs::CSDef> ForExport(const gcs::CSDef& system);

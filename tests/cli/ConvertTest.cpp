@@ -424,6 +424,40 @@ TEST(ConvertToGeoJson, SaysWhatBecameOfAFaultyProjection) {
     EXPECT_NE(result.err.find("faulty parameters"), std::string::npos) << result.err;
 }
 
+TEST(ConvertWithAnAssumedSystem, ReadsTheGeometryWhateverTheClauseSays) {
+    const Sandbox sandbox;
+
+    const Json json =
+        GeoJsonOf(sandbox, {"--assume-crs", "EPSG:2393", cli::Sample("real/finnish_kkj.mif")});
+
+    const Json position = json["features"][0]["geometry"]["coordinates"][0][0];
+    EXPECT_NEAR(position[0].get<double>(), 30.0, 1.0);
+    EXPECT_NEAR(position[1].get<double>(), 65.7, 0.3);
+}
+
+TEST(ConvertWithAnAssumedSystem, WritesItIntoAPair) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf(
+        {"convert", "--assume-crs", "EPSG:32635", cli::Sample("real/finnish_kkj.mif"), "out.mif"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_NE(sandbox.Read("out.mif").find("Projection 8, 104, \"m\", 27, 0, 0.9996, 500000, 0"),
+              std::string::npos);
+}
+
+TEST(ConvertWithFix, ReadsWhatWouldBeMisread) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCharset \"Neutral\"\nCoordSys Nonearth Units \"m\"\nData\n"
+                           "Pline\n2\n1 2\n3 4\n");
+
+    const Result plain = sandbox.Qolf({"convert", "a.mif", "a.geojson"});
+    const Json json = GeoJsonOf(sandbox, {"--fix", "a.mif"});
+
+    EXPECT_EQ(plain.exitCode, 1);
+    EXPECT_EQ(json["features"][0]["geometry"]["coordinates"], Json::parse("[[1,2],[3,4]]"));
+}
+
 TEST(ConvertPair, LeavesOutTextsAndPointsWhenTold) {
     const Sandbox sandbox;
 
