@@ -69,6 +69,11 @@ constexpr std::array kCharsets = {
     CharsetName{"LMBCS", nullptr},
 };
 
+constexpr std::array<std::string_view, 7> kMultiByte = {
+    "PackedEUCJapaese", "PackedEUCJapanese", "WindowsTradChinese", "WindowsSimpChinese",
+    "WindowsJapanese",  "WindowsKorean",     "MacJapanese",
+};
+
 iconv_t NoConversion() {
     return reinterpret_cast<iconv_t>(static_cast<std::intptr_t>(-1));
 }
@@ -130,6 +135,7 @@ CharsetTester::CharsetTester(std::string_view declaredName) {
     kind_ = CharsetKind::Untestable;
     isUtf8_ = found->mifName == "UTF-8";
     isThai_ = found->mifName == "WindowsThai";
+    isMultiByte_ = std::ranges::find(kMultiByte, found->mifName) != kMultiByte.end();
     if (isUtf8_) {
         kind_ = CharsetKind::Known;
     } else if (found->conversionName != nullptr) {
@@ -184,7 +190,7 @@ CharsetVerdict CharsetTester::Test(std::string_view bytes) {
     if (isUtf8_) {
         return IsUtf8(bytes) ? CharsetVerdict::Fits : CharsetVerdict::NotInCharset;
     }
-    if (IsUtf8(bytes)) {
+    if (!isMultiByte_ && IsUtf8(bytes)) {
         return CharsetVerdict::LooksLikeUtf8;
     }
     return Converts(bytes) ? CharsetVerdict::Fits : CharsetVerdict::NotInCharset;

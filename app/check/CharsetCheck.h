@@ -42,6 +42,7 @@ private:
     void* conversion_ = nullptr;  // an open conversion, or null
     bool isUtf8_ = false;
     bool isThai_ = false;
+    bool isMultiByte_ = false;  // two bytes of it may look like UTF-8 by chance
 };
 
 bool IsAscii(std::string_view bytes);

@@ -122,7 +122,7 @@ private:
     void CheckParameters(const Projection& projection);
     void CheckRest(const Projection* projection);
     void CheckBlanksInBounds(std::size_t first);
-    void CheckSwallowing();
+    void CheckSwallowing(Code line, Code data, const char* why);
     std::optional<Box> ReadBounds(std::size_t first) const;
 
     LineReader& lines_;
@@ -132,6 +132,7 @@ private:
     std::vector<Token> tokens_;
     std::size_t next_ = 0;
     std::uint64_t behind_ = 0;  // offset behind the clause's last line
+    LineEnd lineEnd_ = LineEnd::Lf;
     double unitsPerMetre_ = 1.0;
 };
 
@@ -140,6 +141,7 @@ void Clause::TakeLine() {
     place_.line = line.number;
     tokens_.insert(tokens_.end(), line.tokens.begin(), line.tokens.end());
     behind_ = line.next;
+    lineEnd_ = line.lineEnd;
     lines_.Skip();
 }
 
@@ -176,6 +178,9 @@ void Clause::Check() {
         report_.Add(Code::CoordSysKindIgnored, place_,
                     "no Projection follows Earth; the reader takes the coordinates as plain "
                     "numbers");
+        if (AtEnd()) {
+            CheckSwallowing(Code::LineLost, Code::LineLost, "the clause ends at Earth");
+        }
         CheckRest(nullptr);
         return;
     }
@@ -228,7 +233,7 @@ void Clause::CheckProjection() {
     SkipComma();
     const Projection* projection = FindProjection(EqualProjection(code).value_or(code));
     if (isAtEnd && projection != nullptr && projection->parameterCount == 0) {
-        CheckSwallowing();
+        CheckSwallowing(Code::LineSwallowed, Code::DataSwallowed, "the clause ends at its datum");
     }
     if (projection != nullptr) {
         if (!isAtEnd && !At("Bounds") && !At("Affine")) {
@@ -324,6 +329,9 @@ void Clause::CheckParameters(const Projection& projection) {
         report_.Add(Code::AlbersDisplaced, place_,
                     "the reader expects an azimuth before the false easting and takes the "
                     "false easting for it");
+        if (AtEnd()) {
+            CheckSwallowing(Code::LineLost, Code::LineLost, "a parameter is missing");
+        }
     } else if (taken < projection.parameterCount) {
         report_.Add(Code::ParametersMissing, place_,
                     Counted(taken, "parameter", "parameters") + " where projection " +
@@ -398,20 +406,22 @@ std::optional<Box> Clause::ReadBounds(std::size_t first) const {
                std::max(numbers[0], numbers[2]), std::max(numbers[1], numbers[3])};
 }
 
-void Clause::CheckSwallowing() {
+// The reader looks for more of the clause in the next line. An empty line there is all that it
+// takes.
+void Clause::CheckSwallowing(Code line, Code data, const char* why) {
     const Line* following = lines_.Peek();
     if (following == nullptr || following->IsBlank()) {
         return;
     }
     const std::string word = following->tokens.front().text;
     const bool isData = EqualsIgnoringCase(word, "Data");
-    const Code code = isData ? Code::DataSwallowed : Code::LineSwallowed;
+    const Code code = isData ? data : line;
     report_.Add(code, place_,
-                "the clause ends at its datum, and the reader takes the next line (" + word +
+                std::string(why) + ", and the reader takes the next line (" + word +
                     ") as its continuation");
     report_.Change(PairFile::Mif, {.begin = behind_,
                                    .end = behind_,
-                                   .text = "\n",
+                                   .text = LineEndText(lineEnd_),
                                    .code = code,
                                    .line = place_.line,
                                    .what = "an empty line is put behind the CoordSys clause"});

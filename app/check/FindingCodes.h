@@ -65,6 +65,7 @@ enum class Code {
     LineSwallowed,
     DataSwallowed,
     BlankInIgnoredBounds,
+    LineLost,
     // Objects
     ObjectUnknown,
     CountMismatch,

@@ -347,12 +347,13 @@ void HeaderChecker::CheckData(const Line& line) {
                     "the header has no Delimiter clause; the reader splits rows at tabs");
     }
     if (seen_[kDelimiter] == 0 && rewriting_ == TabRewriting::On) {
-        report_.Change(PairFile::Mif, {.begin = line.begin,
-                                       .end = line.begin,
-                                       .text = "Delimiter \",\"\n",
-                                       .code = Code::EmptyFieldUnderTab,
-                                       .line = line.number,
-                                       .what = "the delimiter becomes a comma"});
+        report_.Change(PairFile::Mif,
+                       {.begin = line.begin,
+                        .end = line.begin,
+                        .text = std::string("Delimiter \",\"") + LineEndText(line.lineEnd),
+                        .code = Code::EmptyFieldUnderTab,
+                        .line = line.number,
+                        .what = "the delimiter becomes a comma"});
     }
     if (!header_.isCoordSysGiven) {
         report_.Add(Code::CoordSysMissing, At(line), "the header has no CoordSys clause");

@@ -33,6 +33,10 @@ Token QuotedToken(std::string_view raw, std::size_t& pos, std::uint64_t begin) {
 
 }  // namespace
 
+const char* LineEndText(LineEnd lineEnd) {
+    return lineEnd == LineEnd::CrLf ? "\r\n" : "\n";
+}
+
 std::vector<Token> TokensOf(std::string_view raw, std::uint64_t begin) {
     std::vector<Token> tokens;
     std::size_t pos = 0;

@@ -27,6 +27,9 @@ struct Token {
 
 enum class LineEnd { None, Lf, CrLf, LoneCr };
 
+// The line end to write into a file whose lines end so: lone carriage returns become line feeds.
+const char* LineEndText(LineEnd lineEnd);
+
 struct Line {
     std::uint64_t number = 0;  // 1-based
     std::uint64_t begin = 0;   // offset of its first byte

@@ -3,6 +3,7 @@
 #include "app/check/NumberText.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace app::check {
@@ -133,6 +134,9 @@ std::vector<double> ReadNumbers(const Line& line, std::uint64_t from, std::size_
                            NumberAsText(ReaderDouble(words[i].text)));
         }
         numbers[i] = ReaderDouble(words[i].text);
+        if (IsDecimalNumber(words[i].text) && !std::isfinite(numbers[i])) {
+            report.Add(Code::NumberUnreadable, place, Quoted(words[i].text) + " is too large");
+        }
     }
     if (words.size() < count) {
         report.Add(Code::NumberMissing, place,

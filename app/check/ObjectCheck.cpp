@@ -224,14 +224,13 @@ void ObjectChecker::OfferPolyline(const Line& first, const Line& last,
     const Box box{std::min(numbers[0], numbers[2]), std::min(numbers[1], numbers[3]),
                   std::max(numbers[0], numbers[2]), std::max(numbers[1], numbers[3])};
     const std::vector<Vertex> points = ArcPoints(box, angles[0], angles[1]);
-    report_.Change(
-        PairFile::Mif,
-        {.begin = first.begin,
-         .end = last.end,
-         .text = PlineText(points, first.lineEnd == LineEnd::CrLf ? "\r\n" : "\n"),
-         .code = Code::ArcMisplaced,
-         .line = first.number,
-         .what = "the Arc becomes a Pline of " + std::to_string(points.size()) + " points"});
+    report_.Change(PairFile::Mif, {.begin = first.begin,
+                                   .end = last.end,
+                                   .text = PlineText(points, LineEndText(first.lineEnd)),
+                                   .code = Code::ArcMisplaced,
+                                   .line = first.number,
+                                   .what = "the Arc becomes a Pline of " +
+                                           std::to_string(points.size()) + " points"});
 }
 
 // The reader takes the text from the next line when there is none behind the keyword.
@@ -252,7 +251,10 @@ void ObjectChecker::CheckText() {
     }
     if (text.text.empty()) {
         ++counts_.emptyTexts;
-        report_.Add(Code::TextEmpty, At(where), "the Text has no text; the reader misses it");
+        report_.Add(Code::TextEmpty, At(where),
+                    isOnNextLine ? "the Text has no text; the reader drops it and takes no row"
+                                 : "no text follows Text; the reader takes the first word of the "
+                                   "next line for it");
     } else if (!text.isClosed) {
         report_.Add(Code::QuoteUnclosed, At(where),
                     "the text has no closing quote; the reader ends it at the line end");

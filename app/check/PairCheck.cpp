@@ -65,11 +65,12 @@ private:
             report_.Add(code, place, "the last line has no line end");
             report_.Change(file_, {.begin = line.end,
                                    .end = line.end,
-                                   .text = "\n",
+                                   .text = LineEndText(lastLineEnd_),
                                    .code = code,
                                    .line = line.number,
                                    .what = "a line end is put behind the last line"});
         }
+        lastLineEnd_ = line.lineEnd;
     }
 
     void SeeCharacters(const Line& line, const Place& place) {
@@ -98,6 +99,7 @@ private:
     const std::uint64_t& object_;
     std::unique_ptr<CharsetTester> tester_;
     std::string testerName_;
+    LineEnd lastLineEnd_ = LineEnd::Lf;
     bool isReturnReported_ = false;
     bool isUtf8Reported_ = false;
     bool isNeutralReported_ = false;

@@ -348,8 +348,10 @@ void RowChecker::OfferCommas(const std::vector<Field>& fields, std::uint64_t beg
         if (IsNumeric(kind) && HasDecimalComma(value)) {
             value[value.find(',')] = '.';
         }
+        // A quote inside a quoted value would end it for the reader, but not inside a bare one.
         const bool isBare =
-            !field.isQuoted && kind != ColumnKind::Char && value.find(',') == std::string::npos;
+            !field.isQuoted && value.find(',') == std::string::npos &&
+            (kind != ColumnKind::Char || (value.find('"') != std::string::npos && value[0] != '"'));
         text += i == 0 ? "" : ",";
         if (field.isQuoted) {
             text += Trimmed(field.raw);

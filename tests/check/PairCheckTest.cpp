@@ -51,6 +51,37 @@ TEST(ACheck, GivesTheNumberOfTheObject) {
     EXPECT_THAT(kept.objects, ElementsAre(3U));
 }
 
+constexpr std::string_view kPlainHeader =
+    "Version 300\nCharset \"Neutral\"\nCoordSys NonEarth Units \"m\"\nData\n";
+
+TEST(ACheck, KeepsNoMoreThanTheBeginningOfALongLine) {
+    const support::TemporaryFolder folder;
+    std::string text(kPlainHeader);
+    text += "Point 1 " + std::string(20'000'000, '2') + "\nPoint 1 2\n";
+    folder.Write("long.mif", text);
+
+    const KeptFindings kept = FindingsOf(folder.path() / "long.mif");
+
+    EXPECT_THAT(kept.names, ElementsAre("line-too-long@5", "number-unreadable@5"));
+    EXPECT_LT(kept.messages[1].size(), 200U);
+}
+
+TEST(ACheck, FindsAHeaderThatBeginsTooLate) {
+    const support::TemporaryFolder folder;
+    folder.Write("late.mif", std::string(70'000, '\n') + std::string(kPlainHeader) + "Point 1 2\n");
+
+    EXPECT_THAT(FindingsOf(folder.path() / "late.mif").names, ElementsAre("header-too-long@65538"));
+}
+
+TEST(ACheck, SaysWhenARingCannotBeTested) {
+    const support::TemporaryFolder folder;
+    folder.Write("infinite.mif",
+                 std::string(kPlainHeader) + "Region 1\n4\n0 0\n1e999 0\n1 1\n0 0\n");
+
+    EXPECT_THAT(FindingsOf(folder.path() / "infinite.mif").names,
+                ElementsAre("number-unreadable@8", "ring-not-tested@6"));
+}
+
 TEST(ACheck, PassesOnNoMoreFindingsOfACodeThanAskedFor) {
     class CountingSink : public app::check::FindingSink {
     public:

@@ -41,6 +41,12 @@ TEST_P(ARepairOf, TheFileLeavesNothingThatCouldBeRepaired) {
     EXPECT_EQ(FindingsOf(folder_.path() / "copy.mif").editCount, 0U);
 }
 
+TEST_P(ARepairOf, TheFileCanBeImported) {
+    static_cast<void>(Repair());
+
+    EXPECT_THAT(ImportFindingsOf(folder_.path() / "copy.mif").names, testing::IsEmpty());
+}
+
 TEST_P(ARepairOf, TheFileLeavesTheInputAlone) {
     const std::string before = BytesOf(Data(GetParam() + ".mif"));
 
@@ -50,7 +56,9 @@ TEST_P(ARepairOf, TheFileLeavesTheInputAlone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, ARepairOf,
-                         testing::Values("arc", "blank-after-minus", "bounds-on-coordsys-line",
+                         testing::Values("albers-at-the-end-of-its-line", "data-swallowed",
+                                         "earth-alone", "empty-field-and-quotes-under-tab", "arc",
+                                         "blank-after-minus", "bounds-on-coordsys-line",
                                          "byte-order-mark", "columns-one-off", "columns-swallowed",
                                          "count-on-next-line", "decimal-comma-in-value",
                                          "decimal-commas", "empty-field-under-default-tab",
