@@ -61,8 +61,8 @@ struct MifHeader {
     bool NeedsCare() const { return !careOffsets.empty(); }
 };
 
-// What is to be said of the unit of an Earth system: the module knows metres and survey feet by name
-// and takes a number as units per metre; any other name leaves metres. Empty when all is well.
+// What is to be said of the unit of an Earth system: the module knows metres and survey feet by
+// name and takes a number as units per metre; any other name leaves metres. Empty when all is well.
 std::string UnitProblem(const MifHeader& header);
 
 // Reads the header of a file; of a file that is none, what could be found in its first lines. Never

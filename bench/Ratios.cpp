@@ -215,8 +215,8 @@ void RegisterAll(const Settings& settings, const std::vector<double>& coordinate
     for (const char* extension : {"geojson", "gpkg"}) {
         const std::string target = (settings.folder / "out.").string() + extension;
         Register(std::string("convert/") + extension, [=, qolf = settings.qolf.string()] {
-            bench::RunOrThrow({qolf, "convert", "--quiet", "--overwrite", "--crs",
-                               "keep", regions.mif.string(), target});
+            bench::RunOrThrow({qolf, "convert", "--quiet", "--overwrite", "--crs", "keep",
+                               regions.mif.string(), target});
         });
         rows.push_back({std::string("convert regions to ") + extension, "the bare import", 0.0,
                         std::string(extension) == "gpkg" ? 4.0 : 3.0, "x"});

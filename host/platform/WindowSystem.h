@@ -81,7 +81,9 @@ QOLF_HOST_API BOOL SetWindowTextW(HWND window, LPCWSTR text);
 QOLF_HOST_API LONG_PTR GetWindowLongPtrW(HWND window, int index);
 QOLF_HOST_API LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value);
 
-constexpr unsigned LOWORD(std::uintptr_t value) { return static_cast<unsigned>(value & 0xFFFFU); }
+constexpr unsigned LOWORD(std::uintptr_t value) {
+    return static_cast<unsigned>(value & 0xFFFFU);
+}
 
 #endif
 

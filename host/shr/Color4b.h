@@ -18,8 +18,9 @@ struct Color4b {
     // From a packed value: alpha in the highest byte, then red, green and blue. The packed value
     // 0 is (0, 0, 0, 0).
     constexpr explicit Color4b(std::uint32_t packed)
-        : red(static_cast<std::uint8_t>(packed >> 16)), green(static_cast<std::uint8_t>(packed >> 8)),
-          blue(static_cast<std::uint8_t>(packed)), alpha(static_cast<std::uint8_t>(packed >> 24)) {}
+        : red(static_cast<std::uint8_t>(packed >> 16)),
+          green(static_cast<std::uint8_t>(packed >> 8)), blue(static_cast<std::uint8_t>(packed)),
+          alpha(static_cast<std::uint8_t>(packed >> 24)) {}
 
     constexpr bool operator==(const Color4b&) const = default;
 };

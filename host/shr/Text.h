@@ -17,8 +17,9 @@ QOLF_HOST_API std::string ToString(double value, const char* format);
 QOLF_HOST_API std::string ToString(int value, const char* format);
 
 // 8-bit text of a code page to wide text and back. Code page 0 is the host's own (Windows-1252
-// unless SetCodePage0 chose another). Nothing fails: an undecodable byte of Windows-1252 becomes the C1
-// control of its number, that of another code page U+FFFD, and what a code page can't hold '?'.
+// unless SetCodePage0 chose another). Nothing fails: an undecodable byte of Windows-1252 becomes
+// the C1 control of its number, that of another code page U+FFFD, and what a code page can't hold
+// '?'.
 QOLF_HOST_API std::wstring AtoW(const char* text, unsigned codePage = 0);
 QOLF_HOST_API std::wstring AtoW(const std::string& text, unsigned codePage = 0);
 QOLF_HOST_API std::string WtoAN(const std::wstring& text, unsigned codePage = 0);

@@ -10,9 +10,9 @@ namespace zeio {
 enum class FilterKind : std::uint32_t { Import = 1, Export = 2 };
 
 struct FilterIdentity {
-    char tag[12];         // "$ZEIO_FILT$"
+    char tag[12];           // "$ZEIO_FILT$"
     std::uint32_t version;  // 100
-    char16_t name[40];    // of the module, NUL-terminated and zero-padded
+    char16_t name[40];      // of the module, NUL-terminated and zero-padded
     FilterKind kind;
     std::uint8_t reserved[12];
 };

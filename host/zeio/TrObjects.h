@@ -136,8 +136,8 @@ public:
 
     Style style;
     shr::Color4b color;
-    bool isRelative = true;  // width in world units; else in inches
-    double width;            // 0 is the thinnest line
+    bool isRelative = true;     // width in world units; else in inches
+    double width;               // 0 is the thinnest line
     std::vector<float> dashes;  // for CustomDash: dash, gap, dash, ...
 };
 
@@ -186,10 +186,10 @@ public:
     const shr::CTypeInfo* GetTypeId() const override;
     static const shr::CTypeInfo* GetClassTypeId();
 
-    std::wstring faceName;     // empty: the system's default variable-pitch face
-    std::uint16_t flags = 4;   // weight class and style bits above
-    double height = 0.0;       // world units; 0 means 1
-    double widthDivisor = 0.0; // character width is height / divisor; 0 means height x 0.7
+    std::wstring faceName;      // empty: the system's default variable-pitch face
+    std::uint16_t flags = 4;    // weight class and style bits above
+    double height = 0.0;        // world units; 0 means 1
+    double widthDivisor = 0.0;  // character width is height / divisor; 0 means height x 0.7
 };
 
 // The coordinate system of what follows.
