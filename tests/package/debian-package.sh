@@ -30,8 +30,8 @@ for library in libc6 libstdc++6 libproj25 libcairo2 libsqlite3-0; do
     [[ $depends == *$library* ]] || fail "the package does not depend on $library: $depends"
 done
 
-dpkg-deb --extract "$package" "$scratch/root"
-qolf=$scratch/root/usr/bin/qolf
+dpkg-deb --extract "$package" "$scratch/tree"
+qolf=$scratch/tree/usr/bin/qolf
 cd "$scratch"
 "$qolf" info "$source/samples/island.mif" >info.out || fail "qolf info"
 grep -q 'WGS 84' info.out || fail "qolf info printed: $(cat info.out)"
