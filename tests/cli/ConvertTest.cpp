@@ -68,6 +68,44 @@ TEST(ConvertToGeoJson, ReadsTheTextsInTheHeadersCharset) {
     EXPECT_EQ(json["features"][0]["properties"]["Поле_А"], "Значение А");
 }
 
+struct CharsetRow {
+    std::string name;
+    std::string charset;
+    std::string bytes;
+    std::string text;  // UTF-8
+};
+
+std::ostream& operator<<(std::ostream& out, const CharsetRow& row) {
+    return out << row.name;
+}
+
+class TextOfACharset : public testing::TestWithParam<CharsetRow> {};
+
+TEST_P(TextOfACharset, IsThisTextInGeoJson) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCharset \"" + GetParam().charset +
+                               "\"\nDelimiter \",\"\nCoordSys Nonearth Units \"m\"\n"
+                               "Columns 1\n  N Char(20)\nData\nPoint 1 2\n");
+    sandbox.Write("a.mid", "\"" + GetParam().bytes + "\"\n");
+
+    const Json json = GeoJsonOf(sandbox, {"a.mif"});
+
+    EXPECT_EQ(json["features"][0]["properties"]["N"], GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , TextOfACharset,
+    testing::Values(CharsetRow{"Latin1", "WindowsLatin1", "caf\xE9", "caf\u00E9"},
+                    CharsetRow{"Latin2", "WindowsLatin2",
+                               "\xA3\xF3"
+                               "d\x9F",
+                               "\u0141\u00F3d\u017A"},
+                    CharsetRow{"Cyrillic", "WindowsCyrillic", "\xCC\xE8\xF0", "\u041C\u0438\u0440"},
+                    CharsetRow{"Japanese", "WindowsJapanese", "\x93\x8C\x8B\x9E", "\u6771\u4EAC"},
+                    CharsetRow{"Utf8", "UTF-8", "\xC5\x81\xC3\xB3", "\u0141\u00F3"},
+                    CharsetRow{"UnknownIsLatin1", "Klingon", "caf\xE9", "caf\u00E9"}),
+    [](const auto& row) { return row.param.name; });
+
 TEST(ConvertToGeoJson, ReadsTheTextsInAnotherEncodingWhenTold) {
     const Sandbox sandbox;
 
