@@ -71,7 +71,7 @@ void AddHelpCommand(CLI::App& program, GlobalOptions& options, app::CommandConte
             if (command == nullptr) {
                 throw app::UsageError("there is no command " + options.helpTopic);
             }
-            std::cout << command->help() << std::flush;
+            std::cout << command->help(program.get_name()) << std::flush;
             return 0;
         };
     });
@@ -91,11 +91,20 @@ void ApplyGlobalOptions(const GlobalOptions& options, app::CommandContext& conte
     }
 }
 
+// Whether the argument is an option that takes the next argument as its value.
+bool TakesNext(const CLI::App& program, const std::string& argument) {
+    const CLI::Option* option = program.get_option_no_throw(argument);
+    return option != nullptr && option->get_items_expected_max() > 0;
+}
+
 // The first argument that is no option, when it is no command: the parser alone would only say that
 // a command is missing.
 std::string UnknownCommand(const CLI::App& program, const std::vector<std::string>& arguments) {
-    for (const std::string& argument : arguments) {
-        if (argument.empty() || argument.front() != '-') {
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (TakesNext(program, argument)) {
+            ++i;
+        } else if (argument.empty() || argument.front() != '-') {
             return FindCommand(program, argument) == nullptr ? argument : "";
         }
     }

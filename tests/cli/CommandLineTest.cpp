@@ -1,0 +1,252 @@
+// What all subcommands have in common on the command line.
+#include "tests/cli/CliRun.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using cli::Result;
+using cli::Sandbox;
+
+TEST(TheCommandLine, PrintsTheVersionFirst) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"--version"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.out.starts_with("qolf ")) << result.out;
+    EXPECT_EQ(result.err, "");
+}
+
+class EachCommand : public testing::TestWithParam<const char*> {};
+
+TEST_P(EachCommand, ExplainsItselfWithExamples) {
+    const Sandbox sandbox;
+
+    const Result help = sandbox.Qolf({GetParam(), "--help"});
+
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_EQ(help.err, "");
+    EXPECT_NE(help.out.find("Examples:"), std::string::npos) << help.out;
+    EXPECT_NE(sandbox.Qolf({"--help"}).out.find(std::string("\n  ") + GetParam() + " "),
+              std::string::npos);
+}
+
+TEST_P(EachCommand, ExplainsTheSameUnderHelp) {
+    const Sandbox sandbox;
+
+    EXPECT_EQ(sandbox.Qolf({"help", GetParam()}).out, sandbox.Qolf({GetParam(), "--help"}).out);
+}
+
+TEST_P(EachCommand, RefusesAnUnknownOptionWithExitCode2) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({GetParam(), "--no-such-option"});
+
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_TRUE(result.err.starts_with("qolf: error: ")) << result.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(, EachCommand,
+                         testing::Values("info", "convert", "trace", "replay", "draw", "check",
+                                         "options"),
+                         [](const auto& row) { return std::string(row.param); });
+
+TEST(TheCommandLine, NamesACommandThatThereIsNot) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"covnert", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.err, "qolf: error: there is no command 'covnert'; qolf --help lists them\n");
+}
+
+TEST(TheCommandLine, NeedsACommand) {
+    const Sandbox sandbox;
+
+    EXPECT_EQ(sandbox.Qolf({}).exitCode, 2);
+}
+
+TEST(TheCommandLine, NeedsAFileForInfo) {
+    const Sandbox sandbox;
+
+    EXPECT_EQ(sandbox.Qolf({"info"}).exitCode, 2);
+}
+
+TEST(TheCommandLine, NamesAModuleThatThereIsNot) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"--module", "no-such.so", "info", cli::Sample("texts.mif")});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.starts_with("qolf: error: no-such.so: can't load the filter module: "))
+        << result.err;
+}
+
+TEST(TheCommandLine, RefusesALibraryThatIsNoModule) {
+    const Sandbox sandbox;
+    const std::string library =
+        (std::filesystem::path(QOLF_COMMAND).parent_path() / "libqolfhost.so").string();
+
+    const Result result = sandbox.Qolf({"--module", library, "info", cli::Sample("texts.mif")});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err,
+              "qolf: error: " + library + ": is no filter module: it lacks ImportMIF\n");
+}
+
+TEST(TheCommandLine, SaysNothingButErrorsWhenQuiet) {
+    const Sandbox sandbox;
+    sandbox.Write("empty.mif", "Version 300\nColumns 0\nData\n");
+
+    EXPECT_NE(sandbox.Qolf({"info", "--count", "empty.mif"}).err, "");
+    EXPECT_EQ(sandbox.Qolf({"--quiet", "info", "--count", "empty.mif"}).err, "");
+}
+
+TEST(TheCommandLine, TellsVersionAndModuleWhenVerbose) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"--verbose", "info", cli::Sample("texts.mif")});
+
+    EXPECT_TRUE(result.err.starts_with("qolf: detail: version ")) << result.err;
+    EXPECT_NE(result.err.find("qolf: detail: module: "), std::string::npos) << result.err;
+}
+
+TEST(Trace, IntoAPipeThatNobodyReadsEndsQuietly) {
+    const Sandbox sandbox;
+    // The shell's own notion of a reader that goes away at once.
+    const std::string command = std::string(QOLF_COMMAND) + " trace --no-store " +
+                                cli::Sample("real/osm_water.mif") + " 2>" +
+                                sandbox.Path("err").string() + " | true";
+
+    EXPECT_EQ(std::system(command.c_str()), 0);
+
+    EXPECT_EQ(sandbox.Read("err"), "");
+}
+
+// A replay that waits for its standard input and keeps its temporary files in the folder.
+pid_t StartWaitingReplay(const Sandbox& sandbox, int& input) {
+    int ends[2];
+    if (pipe(ends) != 0) {
+        throw std::runtime_error("no pipe");
+    }
+    const std::string folder = sandbox.Path("").string();
+    const pid_t child = fork();
+    if (child == 0) {
+        setenv("TMPDIR", folder.c_str(), 1);
+        dup2(ends[0], 0);
+        close(ends[0]);
+        close(ends[1]);
+        execl(QOLF_COMMAND, "qolf", "replay", "--no-store", "-", (folder + "out.mif").c_str(),
+              static_cast<char*>(nullptr));
+        _exit(127);
+    }
+    close(ends[0]);
+    input = ends[1];
+    return child;
+}
+
+TEST(AnInterrupt, LeavesNoTemporaryFiles) {
+    const Sandbox sandbox;
+    int input = -1;
+    const pid_t child = StartWaitingReplay(sandbox, input);
+    for (int i = 0; i < 500 && sandbox.Names().empty(); ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    ASSERT_FALSE(sandbox.Names().empty());
+
+    kill(child, SIGTERM);
+    int status = 0;
+    waitpid(child, &status, 0);
+    close(input);
+
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_TRUE(sandbox.Names().empty());
+}
+
+TEST(Replay, TakesACrLfInputAndEmptyLines) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"replay", "--no-store", "-", "out.mif"},
+                     "\r\n{\"type\":\"TrPolyline\",\"vertices\":[[0,0,0],[1,1,0]]}\r\n\r\n");
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(sandbox.Names(), (std::vector<std::string>{"out.mid", "out.mif"}));
+}
+
+TEST(Replay, OfNothingSaysSoAndWritesNothing) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"replay", "--no-store", "-", "out.mif"}, "");
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "qolf: warning: standard input: holds no objects that are drawn; nothing "
+                          "was written\n");
+    EXPECT_TRUE(sandbox.Names().empty());
+}
+
+TEST(Replay, ToStandardOutputIsAUsageErrorSinceAPairIsTwoFiles) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"replay", "-", "-"});
+
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_NE(result.err.find("two files"), std::string::npos) << result.err;
+}
+
+TEST(Replay, ToAnotherExtensionIsAUsageError) {
+    const Sandbox sandbox;
+
+    EXPECT_EQ(sandbox.Qolf({"replay", "-", "out.txt"}).exitCode, 2);
+}
+
+TEST(Replay, OfAMissingFileNamesIt) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"replay", "missing.jsonl", "out.mif"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "qolf: error: missing.jsonl: can't open: No such file or directory\n");
+}
+
+TEST(Replay, IntoAFolderThatThereIsNotSaysSo) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"replay", "-", "no/out.mif"}, "");
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "qolf: error: no/out.mif: can't write: there is no folder no\n");
+}
+
+TEST(Replay, GradesPenWidthsAlikeWithAndWithoutTheExtent) {
+    // With the extent at once, without it at the end by the bounds of what was written.
+    const std::string objects =
+        "{\"type\":\"TrInitGraphicsImp\"}\n"
+        "{\"type\":\"TrPen\",\"style\":1,\"color\":[0,0,0,255],\"relative\":true,\"width\":1}\n"
+        "{\"type\":\"TrPolyline\",\"vertices\":[[0,0,0],[6,8,0]]}\n";
+    const Sandbox sandbox;
+
+    sandbox.Qolf({"replay", "--no-store", "--trace", "-", "a.mif"}, objects);
+    sandbox.Qolf({"replay", "--no-store", "--no-extent", "-", "b.mif"}, objects);
+
+    EXPECT_NE(sandbox.Read("a.mif").find("PEN (7, 2, 0)"), std::string::npos);
+    EXPECT_EQ(sandbox.Read("a.mif"), sandbox.Read("b.mif"));
+}
+
+}  // namespace

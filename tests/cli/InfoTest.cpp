@@ -1,0 +1,151 @@
+// qolf info on files that are right, odd and broken.
+#include "tests/cli/CliRun.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <string>
+
+namespace {
+
+using cli::Result;
+using cli::Sandbox;
+using Json = nlohmann::json;
+
+constexpr const char* kSwallowed = "Version 300\nCharset \"WindowsLatin1\"\nDelimiter \",\"\n"
+                                   "CoordSys Earth Projection 1, 104\nColumns 1\n  A Char(5)\n"
+                                   "Data\n\nPoint 1 2\n";
+
+Json InfoOf(const Sandbox& sandbox, std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"info", "--json"});
+    const Result result = sandbox.Qolf(arguments);
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(result.err, "");
+    return Json::parse(result.out).at("files").at(0);
+}
+
+TEST(Info, AnswersWhatTheSlotsAndTheHeaderSay) {
+    const Sandbox sandbox;
+
+    const Json info = InfoOf(sandbox, {cli::Sample("real/utm_ridge.mif")});
+
+    EXPECT_EQ(info.at("canImport"), 1);
+    EXPECT_EQ(info.at("version"), 300);
+    EXPECT_EQ(info.at("charset"), "Neutral");
+    EXPECT_EQ(info.at("codePage"), "CP1252");
+    EXPECT_EQ(info.at("delimiter"), ",");
+    EXPECT_EQ(info.at("earth"), true);
+    EXPECT_EQ(info.at("mid"), true);
+    EXPECT_EQ(info.at("fileSize"), 4939);
+    EXPECT_FALSE(info.contains("objects"));
+}
+
+TEST(Info, NamesTheTypesOfTheColumns) {
+    const Sandbox sandbox;
+
+    const Json columns = InfoOf(sandbox, {"--count", cli::Sample("attributes.mif")}).at("columns");
+
+    EXPECT_EQ(columns.at(0).at("type"), "Char");
+}
+
+TEST(Info, CountsObjectsVerticesExtentAndRows) {
+    const Sandbox sandbox;
+
+    const Json info = InfoOf(sandbox, {"--count", cli::Sample("real/osm_places.mif")});
+
+    EXPECT_EQ(info.at("objects").at("total"), 118);
+    EXPECT_EQ(info.at("objects").at("points"), 118);
+    EXPECT_EQ(info.at("vertices"), 118);
+    EXPECT_EQ(info.at("rows"), 118);
+    EXPECT_EQ(info.at("extent"), Json::parse("[1.418893,42.4322803,1.7746355,42.6532059]"));
+}
+
+TEST(Info, TakesCareOfAColumnsLineThatTheModuleWouldSwallow) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", kSwallowed);
+
+    const Json info = InfoOf(sandbox, {"a.mif"});
+
+    EXPECT_EQ(info.at("careTaken"), true);
+    EXPECT_EQ(info.at("columns").size(), 1U);
+    EXPECT_EQ(info.at("fileSize"), std::string(kSwallowed).size());
+}
+
+TEST(Info, ShowsWhatTheModuleSeesWithAsIs) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", kSwallowed);
+
+    const Json info = InfoOf(sandbox, {"--as-is", "a.mif"});
+
+    EXPECT_EQ(info.at("careTaken"), false);
+    EXPECT_TRUE(info.at("columns").empty());
+}
+
+TEST(Info, FindsAMidInAnotherCaseAndDoesWithoutOne) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", kSwallowed);
+    EXPECT_EQ(InfoOf(sandbox, {"--count", "a.mif"}).at("rows"), nullptr);
+
+    sandbox.Write("A.MID", "\"x\"\n\"y\"");
+
+    EXPECT_EQ(InfoOf(sandbox, {"--count", "a.mif"}).at("rows"), 2);
+}
+
+TEST(Info, LeavesNoOptionsBehind) {
+    const Sandbox sandbox;
+
+    sandbox.Qolf({"info", "--count", cli::Sample("objects.mif")});
+
+    EXPECT_FALSE(std::filesystem::exists(sandbox.Path(".home/qolf/options.txt")));
+}
+
+TEST(Info, GoesOnBehindAFileThatCantBeReadAndFails) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"info", "missing.mif", cli::Sample("texts.mif")});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "qolf: error: missing.mif: can't open: No such file or directory\n");
+    EXPECT_TRUE(result.out.starts_with(cli::Sample("texts.mif") + "\n")) << result.out;
+}
+
+struct BrokenRow {
+    std::string name;  // letters and digits
+    std::string text;
+    std::string error;
+};
+
+class InfoOfABrokenFile : public testing::TestWithParam<BrokenRow> {};
+
+TEST_P(InfoOfABrokenFile, GivesTheModulesReason) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", GetParam().text);
+
+    const Result result = sandbox.Qolf({"info", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "qolf: error: Can't import 'a.mif'.  " + GetParam().error + "\n");
+}
+
+const BrokenRow kBroken[] = {
+    {"Empty", "", "End of file encountered while reading file header."},
+    {"NoVersion", "Charset \"Neutral\"\nData\n", "VERSION section missing from file header."},
+    {"NothingElse", "Version 300\nData\n", "Corrupt or incomplete file header."},
+    {"UnknownProjection", "Version 300\nCoordSys Earth Projection 2, 104\nData\n",
+     "Unrecognized/invalid parameters while parsing COORDSYS section of file header."},
+};
+INSTANTIATE_TEST_SUITE_P(, InfoOfABrokenFile, testing::ValuesIn(kBroken),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(Info, OfAFolderIsAnError) {
+    const Sandbox sandbox;
+    std::filesystem::create_directory(sandbox.Path("folder.mif"));
+
+    const Result result = sandbox.Qolf({"info", "folder.mif"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "qolf: error: folder.mif: can't open: Is a directory\n");
+}
+
+}  // namespace
