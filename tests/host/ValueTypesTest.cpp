@@ -65,6 +65,19 @@ TEST(TrPen, IsAssignedWithItsDashes) {
     EXPECT_EQ(pen.dashes, (std::vector<float>{3, 1}));
 }
 
+TEST(TrBrush, IsAssignedWithItsColours) {
+    zeio::TrBrush hatched(zeio::TrBrush::Pattern::Cross);
+    hatched.fore = shr::Color4b(1, 2, 3);
+    hatched.back = shr::Color4b(4, 5, 6, 7);
+    zeio::TrBrush brush;
+
+    brush = hatched;
+
+    EXPECT_EQ(brush.pattern, zeio::TrBrush::Pattern::Cross);
+    EXPECT_EQ(brush.fore, shr::Color4b(1, 2, 3));
+    EXPECT_EQ(brush.back, shr::Color4b(4, 5, 6, 7));
+}
+
 TEST(TrFont, IsAssignedWithItsFlags) {
     zeio::TrFont bold(L"Courier");
     bold.flags = 7 | zeio::TrFont::kItalic;
