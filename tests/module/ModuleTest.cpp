@@ -98,9 +98,18 @@ TEST_F(TheModule, ExportsExactlyItsTwoFactories) {
     EXPECT_THAT(ExportedSymbols(), testing::UnorderedElementsAre("ImportMIF", "ExportMIF"));
 }
 
-TEST_F(TheModule, ReturnsADistinctFilterFromEachCall) {
+TEST_F(TheModule, ReturnsADistinctImportFilterFromEachCall) {
     const auto first = NewImportFilter();
     const auto second = NewImportFilter();
+
+    EXPECT_NE(first, nullptr);
+    EXPECT_NE(second, nullptr);
+    EXPECT_NE(first, second);
+}
+
+TEST_F(TheModule, ReturnsADistinctExportFilterFromEachCall) {
+    const auto first = NewExportFilter();
+    const auto second = NewExportFilter();
 
     EXPECT_NE(first, nullptr);
     EXPECT_NE(second, nullptr);
