@@ -205,7 +205,8 @@ bool CMifInputFile::ReadChar(char* out) {
 }
 
 bool CMifInputFile::SkipComma() {
-    return token() == "," && NextToken();
+    const bool isComma = token_[0] == ',' && token_[1] == '\0';
+    return isComma && NextToken();
 }
 
 bool CMifInputFile::TokenIs(const char* keyword) const {

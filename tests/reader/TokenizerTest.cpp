@@ -190,6 +190,13 @@ TEST_P(InputFile, AQuotedCommaIsSkippedLikeABareOne) {
     EXPECT_EQ(text.token(), "b");
 }
 
+TEST_P(InputFile, ACommaEndsAtANulAsEveryComparedTokenDoes) {
+    OpenText text(GetParam(), "\",\0x\" b"s);
+
+    EXPECT_TRUE(text.input().SkipComma());
+    EXPECT_EQ(text.token(), "b");
+}
+
 TEST_P(InputFile, KeywordsCompareWithoutCase) {
     OpenText text(GetParam(), "pLiNe");
 
