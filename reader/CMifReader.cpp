@@ -7,6 +7,7 @@
 #include "reader/CoordSysParser.h"
 #include "reader/ErrorOrigin.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -89,7 +90,9 @@ bool CMifReader::Open(const std::wstring& path, std::wstring& warnings) {
 
 // A missing .mid file is no error: the objects then have no attributes.
 void CMifReader::OpenMid(const std::wstring& path) {
-    midPath_ = shr::CPath::ChangeExtension(path, L".mid");
+    shr::CPath beside(path);
+    beside.SetExtension(L".mid");
+    midPath_ = beside.GetPath();
     midStream_ = platform::OpenFile(midPath_, platform::OpenMode::ReadBinary);
     if (midStream_ == nullptr) {
         midPath_.clear();
@@ -162,7 +165,8 @@ CMifReader::AfterClause CMifReader::ReadHeaderClause(HeaderRun& run) {
 }
 
 CMifReader::AfterClause CMifReader::ReadVersion(HeaderRun& run) {
-    // Kept: an empty quoted string reads as nothing, so it counts as the end of the file too.
+    // Kept: an empty quoted string reads as nothing, so it counts as the end of the file too;
+    // hosts show users this message for both.
     if (!NextToken()) {
         run.error = L"Premature end of file after version keyword.";
         return AfterClause::Fail;
@@ -212,7 +216,8 @@ CMifReader::AfterClause CMifReader::ReadBounds(HeaderRun& run) {
 }
 
 CMifReader::AfterClause CMifReader::ReadTransform(HeaderRun&) {
-    // Kept: four tokens in a row, so a comma between the numbers is taken for one of them.
+    // Kept: four tokens in a row, so a comma between the numbers is taken for one of them. The
+    // numbers are only stored, so files with commas come to no harm.
     for (double* number :
          {&transform_.scaleX, &transform_.scaleY, &transform_.offsetX, &transform_.offsetY}) {
         NextToken();
@@ -227,8 +232,8 @@ CMifReader::AfterClause CMifReader::ReadColumns(HeaderRun& run) {
     const int count = TokenAsInt();
     NextLine();
     const auto isPastTheFile = [this] { return IsEOF() && (token().empty() || TokenIsLineEnd()); };
-    // Kept: the names are added to those of an earlier clause. A count beyond the lines that the
-    // file has ends with the file.
+    // Kept: the names are added to those of an earlier clause, as the rows of such files have the
+    // fields of both. A count beyond the lines that the file has ends with the file.
     for (int column = 0; column < count && !isPastTheFile(); ++column) {
         columnNames_.emplace_back(token());
         NextLine();
@@ -264,7 +269,8 @@ CMifReader::AfterClause CMifReader::FinishAtData(HeaderRun& run) {
 
 CMifReader::AfterClause CMifReader::SkipUnknown() {
     NextLine();
-    // Kept: a file that ends with an unknown line fails without a text.
+    // Kept: a file that ends with an unknown line fails without a text; hosts end their own
+    // sentence there when a file is no MIF file at all.
     return IsEOF() ? AfterClause::Fail : AfterClause::GoOn;
 }
 
@@ -359,12 +365,14 @@ bool CMifReader::GetMidField(std::size_t index, std::string& out) {
     if (midStream_ == nullptr || !FindField(index)) {
         return false;
     }
-    // Kept: with a tab as the delimiter this runs over empty fields to the next value.
+    // Kept: with a tab as the delimiter this runs over empty fields to the next value. Drawings
+    // made from such files have their values in these columns.
     std::size_t begin = midRow_.find_first_not_of(" \t", fieldOffset_);
     if (begin == std::string::npos) {
         return false;
     }
-    // Kept: an empty delimiter is a NUL, which no row contains: the row is one field.
+    // Kept: an empty delimiter is a NUL, which no row contains: the row is one field, which is all
+    // that a file without a delimiter can mean.
     char terminator = delimiter_.empty() ? '\0' : delimiter_.front();
     if (midRow_[begin] == '"') {
         terminator = '"';

@@ -23,7 +23,8 @@ constexpr int kSevenNumbers = 9999;
 constexpr double kPresetMajorRadius = 6378206.4;
 constexpr double kPresetFlattening = 0.0033900753040885176;
 
-// Kept: feet of every kind are survey feet, the international ones included.
+// Kept: feet of every kind are survey feet, the international ones included. Drawings lie where
+// this factor has put them, and files of this system name no other foot.
 constexpr double kFeetPerMetre = 3.28083333333333;
 
 class ClauseReader {
@@ -180,7 +181,8 @@ double ClauseReader::ReadNextNumber() {
 }
 
 // Kept: whatever token stands here is the unit, a line end too. So a clause that ends right after
-// its datum loses the line that follows it, when the rest of "its" line is dropped.
+// its datum loses the line that follows it, when the rest of "its" line is dropped. In the files
+// that this system writes that line holds the clause's own Bounds, and hosts expect it unread.
 void ClauseReader::ReadUnits() {
     SkipOptionalComma();
     if (!input_.token().empty()) {
@@ -205,7 +207,8 @@ void ClauseReader::ReadParameters(const ProjectionRow& row) {
     if (row.hasOriginLatitude && row.method == Method::Stereographic) {
         clause_.projection.SetParameter(Id::StandardParallel1, 0.0);
     }
-    // Kept: this replaces the origin latitude that the same parameter has just received.
+    // Kept: this replaces the origin latitude that the same parameter has just received; hosts
+    // find that latitude in the other one.
     ReadParameter(row.hasStandardParallel1, {Id::StandardParallel1});
     ReadParameter(row.hasStandardParallel2, {Id::StandardParallel2});
     ReadParameter(row.hasAzimuth, {Id::Azimuth});

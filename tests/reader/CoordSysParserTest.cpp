@@ -409,6 +409,17 @@ INSTANTIATE_TEST_SUITE_P(, OwnDatumEllipsoid, testing::ValuesIn(mif::kEllipsoidT
                              return "Code" + std::to_string(row.param.mifCode);
                          });
 
+TEST(CoordSys, TakesCodesThatAreNewerThanTheFilesVersion) {
+    readertest::FilePair pair(
+        "Version 300\nCoordSys Earth Projection 2003, 157, \"m\", 1, 2, 3, 4, "
+        "5, 6\nData\n\n");
+
+    EXPECT_TRUE(pair.Open());
+
+    EXPECT_EQ(pair.reader().projection().GetMethod(), ProjectionMethod::LambertConformalConic);
+    EXPECT_FALSE(pair.reader().datum().IsUnknown());
+}
+
 struct UnitRow {
     std::string name;
     std::string unit;
