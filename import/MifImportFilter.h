@@ -72,6 +72,8 @@ public:
     // that can't be read, without the HDR_… keys for one that is no MIF file.
     zeio::ImportFileInfo GetFileInfo(int detail, const std::wstring& path) override;
 
+    // Reads the whole pair: hands over the start of the graphics, the coordinate system, the
+    // column names and then each object with its pen, brush or font and its row of the .mid file.
     void Import(const std::wstring& path) override;
 
     // Edits the options in a modal dialog (import/MifImportDlg.h). True when the user accepted

@@ -23,6 +23,8 @@ public:
 
     // Units per metre; 0 when there is none.
     virtual double UnitFactor() const = 0;
+
+    // A copy of the whole object, the caller's own.
     virtual std::unique_ptr<CSDef> Clone() const = 0;
 
 protected:

@@ -23,9 +23,11 @@ public:
 // Index 0 means not found; 1 and up are the known entries.
 class QOLF_HOST_API EllipsoidList {
 public:
-    // The first entry with this major radius (metres) and this flattening (to 1e-12).
+    // The index of the first entry with this major radius (to 1e-6 metres) and this flattening (to
+    // 1e-12), 0 when there is none.
     int FindByDimensions(double majorRadius, double flattening) const;
 
+    // Copies entry index to out. False, and out unknown, when there is no such entry.
     bool Enum(int index, EllipsoidDef& out) const;
 
     // The entry's name in words; "" when there is no such entry.

@@ -16,8 +16,11 @@ public:
     void SetExtension(const std::wstring& extension);
 
     const std::wstring& GetPath() const { return path_; }
+
+    // The last name, without its folders; empty for a path that ends with a separator.
     std::wstring GetNameAndExtension() const;
 
+    // The path with SetExtension applied to it.
     static std::wstring ChangeExtension(const std::wstring& path, const std::wstring& extension);
 
 private:

@@ -19,6 +19,8 @@ class QOLF_HOST_API IoExportFilter : public IoFilter {
 public:
     ~IoExportFilter() override;
 
+    // Creates the files of an export, replacing older ones. Errors leave as exceptions
+    // (host/zeio/Errors.h).
     virtual ExportStatus BeginExport(const std::wstring& path) = 0;
 
     // Base: exports to a private temporary file; EndExportToMemory fills the vector with the main
@@ -28,8 +30,14 @@ public:
     // Base: the same into a block from malloc, which becomes the caller's to free.
     virtual ExportStatus BeginExportToGlobalMemory(void*& block, unsigned long long& size);
 
+    // Takes one object: writes what is drawn, remembers what it is drawn with, answers a
+    // TrInitGraphicsExp. The object stays the caller's.
     virtual ExportStatus ExportObject(TrBase& object) = 0;
+
+    // Completes and closes the files.
     virtual ExportStatus EndExport() = 0;
+
+    // Base: end what the matching operation above has begun, else throw an InternalError.
     virtual ExportStatus EndExportToMemory();
     virtual ExportStatus EndExportToGlobalMemory();
 

@@ -19,21 +19,23 @@ class QOLF_HOST_API IoFilter : public shr::NonCopyable, protected shr::NonCompar
 public:
     // Slots 0 to 6. Slots 7 and up belong to IoImportFilter and IoExportFilter.
     virtual ~IoFilter();
+
+    // The filter class's constant record; never null.
     virtual const FilterIdentity* GetFilterIdentity() const = 0;
 
     // Appends the filter's options pages, which stay the filter's own. Base: none.
     virtual void GetPropertyPages(std::vector<IoPropertyPage*>& pages, const std::wstring& title);
 
-    // Base: does nothing.
+    // Sets the options that the string names (IoManager::GetStringOption). Base: does nothing.
     virtual void SetOptionsFromString(const std::wstring& options);
 
-    // Base: an empty text.
+    // The options as such a string. Base: an empty text.
     virtual std::wstring GetOptionsInStringForm() const;
 
-    // Base: ';'.
+    // What stands between two options of the string. Base: ';'.
     virtual wchar_t GetOptionStringDelimiter() const;
 
-    // Base: false.
+    // True for the translation objects that the filter makes or takes. Base: false.
     virtual bool SupportsObjectType(const shr::CTypeInfo* type) const;
 
     // The throw operations: each throws the matching class of host/zeio/Errors.h.
@@ -47,8 +49,10 @@ public:
                                            const std::wstring& path,
                                            const std::wstring& reason) const;
 
+    // Opens a help topic, given by its file name; an empty anchor is its top.
     void ShowHelp(const std::wstring& topic, const std::wstring& anchor) const;
 
+    // The manager that the filter was made with.
     IoManager& Manager() const { return manager_; }
 
 protected:

@@ -12,13 +12,14 @@ class QOLF_HOST_API IoImportFilter : public IoFilter {
 public:
     ~IoImportFilter() override;
 
-    // 0: no; other values are the filter's. Base: 0.
+    // Whether the filter can import the file. 0: no; other values are the filter's. Base: 0.
     virtual int CanImportFile(const std::wstring& path);
 
-    // The first argument says how much the host wants to know; a filter may not care. Base: empty.
+    // What the file holds, without importing it. The first argument says how much the host wants
+    // to know; a filter may not care. Base: empty.
     virtual ImportFileInfo GetFileInfo(int detail, const std::wstring& path);
 
-    // Base: false.
+    // True when objects still come after Import has returned. Base: false.
     virtual bool HasDelayedImport() const;
 
     // Runs a whole import. Errors leave as exceptions (host/zeio/Errors.h).

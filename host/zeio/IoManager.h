@@ -31,14 +31,15 @@ public:
     // returned, only when the name is there with one of these values; the last one counts.
     bool GetStringOption(const std::wstring& options, const std::wstring& name, bool& value) const;
 
+    // Shows or logs a warning. The result is the host's; filters ignore it.
     int Warning(shr::IError::WarnStyle style, const std::wstring& text) const;
 
     // Starts the progress display. The booleans say whether the run may be cancelled and whether
     // its proportion is known.
     void ProgressStart(const std::wstring& title, bool canCancel, bool hasProportion);
-    void ProgressProportion(double fraction);  // 0 to 1
-    void ProgressIndeterminate();
-    void ProgressMessage(const std::wstring& text);
+    void ProgressProportion(double fraction);        // 0 to 1
+    void ProgressIndeterminate();                    // under way, without a proportion
+    void ProgressMessage(const std::wstring& text);  // the status line
     void ProgressEnd();
 
     HWND GetParentWindow() const;         // for modal dialogs; may be null
