@@ -1,5 +1,6 @@
 #include "host/gcs/KnownLists.h"
 
+#include "host/platform/Stdio.h"
 #include "standalone/gcs/DatumTable.h"
 #include "standalone/gcs/EllipsoidTable.h"
 
@@ -38,20 +39,9 @@ DatumDef DatumOf(const DatumRow& row) {
     return {row.token, row.name, parameters};
 }
 
-wchar_t AsciiUpper(wchar_t letter) {
-    return letter >= L'a' && letter <= L'z' ? static_cast<wchar_t>(letter - L'a' + L'A') : letter;
-}
-
-bool EqualIgnoringAsciiCase(std::wstring_view left, std::wstring_view right) {
-    if (left.size() != right.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (AsciiUpper(left[i]) != AsciiUpper(right[i])) {
-            return false;
-        }
-    }
-    return true;
+bool EqualsNoCase(std::wstring_view left, std::wstring_view right) {
+    return left.size() == right.size() &&
+           platform::CompareNoCase(left.data(), right.data(), left.size()) == 0;
 }
 
 }  // namespace
@@ -65,7 +55,7 @@ int DatumList::FindByToken(const wchar_t* token, DatumDef* out) const {
     }
     int index = kFirstDatum;
     for (const DatumRow& row : KnownDatums()) {
-        if (EqualIgnoringAsciiCase(row.token, token)) {
+        if (EqualsNoCase(row.token, token)) {
             if (out != nullptr) {
                 *out = DatumOf(row);
             }
