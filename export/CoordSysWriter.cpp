@@ -51,9 +51,10 @@ bool IsRefusedStereographic(const gcs::ProjectionDef& projection) {
     if (projection.GetMethod() != ProjectionMethod::Stereographic) {
         return false;
     }
-    // Kept: the difference from 90 degrees is not made absolute, so every latitude of origin up to
-    // the pole counts, and a true-scale latitude alone decides. Hosts expect these refused.
-    const double latitude = projection.GetParameter(ProjectionParameterID::LatitudeOfOrigin);
+    // Kept: the difference from 90 degrees is not made absolute, so every latitude of origin from
+    // pole to pole counts, and a true-scale latitude alone decides. Hosts expect these refused.
+    const double latitude =
+        std::abs(projection.GetParameter(ProjectionParameterID::LatitudeOfOrigin));
     const double parallel = projection.GetParameter(ProjectionParameterID::StandardParallel1);
     return latitude - 90.0 <= kSingleEpsilon && std::abs(parallel) > kSingleEpsilon;
 }

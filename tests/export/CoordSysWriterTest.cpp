@@ -291,12 +291,34 @@ INSTANTIATE_TEST_SUITE_P(
                    StandardParallel1, 1.1920928955078125e-7, true}),
     [](const auto& row) { return row.param.name; });
 
-TEST(CoordSys, OfAStereographicProjectionBeyondThePoleIsWritten) {
-    const gcs::ProjectionDef projection = Projection(
-        ProjectionMethod::Stereographic, {{LatitudeOfOrigin, 90.5}, {StandardParallel1, 60.0}});
+struct LatitudeRow {
+    std::string name;
+    double latitudeOfOrigin;
+    bool isWritten;
+};
+class AStereographicParallel : public testing::TestWithParam<LatitudeRow> {};
+
+TEST_P(AStereographicParallel, KeptIsRefusedUpToThePoleOnly) {
+    const gcs::ProjectionDef projection =
+        Projection(ProjectionMethod::Stereographic,
+                   {{LatitudeOfOrigin, GetParam().latitudeOfOrigin}, {StandardParallel1, 60.0}});
+
+    EXPECT_EQ(HeaderClause(Earth(projection, Wgs84())) != "300 ", GetParam().isWritten);
+}
+INSTANTIATE_TEST_SUITE_P(, AStereographicParallel,
+                         testing::Values(LatitudeRow{"AtTheEquator", 0.0, false},
+                                         LatitudeRow{"AtTheNorthPole", 90.0, false},
+                                         LatitudeRow{"AtTheSouthPole", -90.0, false},
+                                         LatitudeRow{"BeyondTheNorthPole", 90.5, true},
+                                         LatitudeRow{"BeyondTheSouthPole", -90.5, true}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(CoordSys, OfAStereographicProjectionHasItsLatitudeOfOrigin) {
+    const gcs::ProjectionDef projection =
+        Projection(ProjectionMethod::Stereographic, {{LatitudeOfOrigin, 90.0}});
 
     EXPECT_EQ(HeaderClause(Earth(projection, Wgs84())),
-              "300 COORDSYS Earth  \n  Projection 20, 104, \"m\", 0, 90.5, 1, 0, 0\n");
+              "300 COORDSYS Earth  \n  Projection 20, 104, \"m\", 0, 90, 1, 0, 0\n");
 }
 
 TEST(InlineCoordSys, NamesTheUnitsOfAProjectionAtTheEnd) {
