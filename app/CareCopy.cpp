@@ -9,7 +9,7 @@
 namespace app {
 namespace {
 
-// Writes the header's bytes up to the last offset with an empty line at each.
+// Writes the header's bytes up to the last offset, with an empty line for each.
 void WriteHead(const std::filesystem::path& source, const MifHeader& header,
                const std::filesystem::path& target) {
     std::ifstream from(source, std::ios::binary);

@@ -1,6 +1,7 @@
 // Care for real files: most longitude/latitude files have COLUMNS on the line right after
-// "CoordSys Earth Projection 1, 104", the very line that the module's parser swallows. Such a file
-// is handed to the module as a private temporary copy with an empty line put in.
+// "CoordSys Earth Projection 1, 104", the very line that the module's parser swallows, as it does
+// behind every clause that lacks its last parts. Such a file is handed to the module as a private
+// temporary copy with empty lines put in.
 #pragma once
 
 #include "app/HeaderScan.h"

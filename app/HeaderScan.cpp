@@ -2,6 +2,7 @@
 
 #include "app/Errors.h"
 #include "app/Paths.h"
+#include "app/Projections.h"
 #include "host/platform/Stdio.h"
 
 #include <algorithm>
@@ -282,11 +283,18 @@ private:
         }
         isInCoordSys_ = false;
         const bool more = tokens_.NextLine();
-        if (more && endsAtDatum_ && !tokens_.AtLineEnd()) {
-            header_.careOffsets.push_back(datumEnd_);
+        if (more && lacking_ > 0 && !tokens_.AtLineEnd() && !IsNumberToken()) {
+            header_.careOffsets.insert(header_.careOffsets.end(), lacking_, clauseEnd_);
         }
-        endsAtDatum_ = false;
+        lacking_ = 0;
         return more;
+    }
+
+    // A clause that goes on in the next line, which the module reads as it stands there.
+    bool IsNumberToken() const {
+        constexpr std::string_view kStarts = "0123456789+-.";
+        return !tokens_.Token().empty() &&
+               kStarts.find(tokens_.Token().front()) != std::string_view::npos;
     }
 
     bool ReadCoordSys() {
@@ -298,33 +306,63 @@ private:
         }
         Advance();
         if (tokens_.AtLineEnd()) {
-            Advance();  // the clause may break after Earth
+            clauseEnd_ = tokens_.Offset();
+            const std::string text = header_.coordSysText;
+            if (!Advance()) {
+                return false;
+            }
+            if (!Is(tokens_.Token(), "projection")) {
+                header_.coordSysText = text;
+                return FinishAtEarth();
+            }
+            // The clause may break after Earth.
         }
-        if (!Is(tokens_.Token(), "projection") || !Advance() || !Advance() ||
-            tokens_.Token() != "," || !Advance()) {
+        if (!Is(tokens_.Token(), "projection") || !Advance()) {
             return FinishCoordSys();
         }
-        const int datum = tokens_.AtLineEnd() ? 0 : WholeNumber(tokens_.Token());
-        Advance();
-        SkipDatumNumbers(datum == 999 ? 4 : datum == 9999 ? 9 : 0);
-        if (tokens_.Token() == ",") {
-            Advance();
+        const Projection* const projection = FindProjection(WholeNumber(tokens_.Token()));
+        if (!Advance() || tokens_.Token() != "," || !Advance()) {
+            return FinishCoordSys();
         }
-        if (tokens_.AtLineEnd()) {
-            endsAtDatum_ = true;
-            datumEnd_ = tokens_.Offset();
-        } else if (!Is(tokens_.Token(), "bounds") && !Is(tokens_.Token(), "affine")) {
+        ReadDatum();
+        if (!tokens_.AtLineEnd() && !AtBounds()) {
             header_.unitsText = tokens_.Token();
+        }
+        // An unknown projection stops the import anyway.
+        for (std::size_t i = 0; projection != nullptr && i <= projection->parameterCount; ++i) {
+            TakePart();
         }
         return FinishCoordSys();
     }
 
-    // The numbers of a custom datum: the ellipsoid's code, the shifts, the rotations and so on.
-    void SkipDatumNumbers(int count) {
-        for (int i = 0; i < count && !tokens_.AtLineEnd(); ++i) {
-            if (tokens_.Token() == ",") {
-                Advance();
-            }
+    // The clause has nothing behind Earth, and the current token begins the next line.
+    bool FinishAtEarth() {
+        isInCoordSys_ = false;
+        if (!tokens_.AtLineEnd()) {
+            header_.careOffsets.push_back(clauseEnd_);
+        }
+        return true;
+    }
+
+    // The code, and for a custom datum the ellipsoid's code, the shifts, the rotations and so on.
+    void ReadDatum() {
+        const int datum = tokens_.AtLineEnd() ? 0 : WholeNumber(tokens_.Token());
+        const int count = datum == 999 ? 4 : datum == 9999 ? 9 : 0;
+        for (int i = 0; i <= count; ++i) {
+            TakePart();
+        }
+    }
+
+    bool AtBounds() const { return Is(tokens_.Token(), "bounds") || Is(tokens_.Token(), "affine"); }
+
+    // Goes on behind a token that the module reads as a part of the clause, and behind a comma.
+    // Counts the parts that the clause's line does not have. The module takes the words of Bounds
+    // and Affine as well, which are enough for all parts.
+    void TakePart() {
+        if (tokens_.AtLineEnd()) {
+            clauseEnd_ = tokens_.Offset();
+            ++lacking_;
+        } else if (!AtBounds() && Advance() && tokens_.Token() == ",") {
             Advance();
         }
     }
@@ -332,8 +370,8 @@ private:
     HeaderTokens tokens_;
     MifHeader header_;
     bool isInCoordSys_ = false;
-    bool endsAtDatum_ = false;
-    std::uint64_t datumEnd_ = 0;  // bytes before the line behind the clause, with endsAtDatum_
+    std::size_t lacking_ = 0;      // parts that the module would look for in the next line
+    std::uint64_t clauseEnd_ = 0;  // bytes before that line
 };
 
 }  // namespace

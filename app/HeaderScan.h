@@ -55,8 +55,9 @@ struct MifHeader {
     std::uint64_t dataOffset = 0;  // bytes from the start: the line after Data
     std::uint64_t dataLine = 0;    // the 1-based line number of that line
 
-    // Offsets (bytes) right behind the line end of each CoordSys clause that ends at its datum. The
-    // module swallows the line that follows there, unless that line is empty.
+    // Offsets (bytes) right behind the line end of each CoordSys clause that lacks something for
+    // which the module would take the line that follows: all behind Earth, or the unit and
+    // parameters behind the datum. An offset stands as often as empty lines are needed there.
     std::vector<std::uint64_t> careOffsets;
     bool NeedsCare() const { return !careOffsets.empty(); }
 };

@@ -1,5 +1,6 @@
 #include "app/check/CoordSysCheck.h"
 
+#include "app/Projections.h"
 #include "app/check/NumberText.h"
 
 #include <algorithm>
@@ -11,28 +12,6 @@
 
 namespace app::check {
 namespace {
-
-struct Projection {
-    std::int64_t code;
-    std::size_t parameterCount;
-    bool hasRange;
-};
-
-constexpr std::array kProjections = {
-    Projection{1, 0, false},  Projection{3, 6, false},    Projection{4, 2, true},
-    Projection{5, 2, true},   Projection{6, 6, false},    Projection{7, 6, false},
-    Projection{8, 5, false},  Projection{9, 7, false},    Projection{10, 1, false},
-    Projection{11, 1, false}, Projection{12, 1, false},   Projection{13, 1, false},
-    Projection{14, 1, false}, Projection{15, 1, false},   Projection{16, 1, false},
-    Projection{18, 2, false}, Projection{20, 5, false},   Projection{27, 4, false},
-    Projection{28, 2, true},  Projection{29, 2, true},    Projection{30, 4, false},
-    Projection{33, 4, false}, Projection{2003, 6, false},
-};
-
-const Projection* FindProjection(std::int64_t code) {
-    const auto* const found = std::ranges::find(kProjections, code, &Projection::code);
-    return found == kProjections.end() ? nullptr : found;
-}
 
 struct NamedCode {
     std::int64_t code;

@@ -128,32 +128,54 @@ INSTANTIATE_TEST_SUITE_P(, AColumn, testing::ValuesIn(kTypes),
 struct CareRow {
     std::string name;  // letters and digits
     std::string clause;
-    bool needsCare;
+    std::size_t emptyLines;  // that the module needs behind the clause
+    std::size_t columns = 0;
 };
 
 class AHeader : public testing::TestWithParam<CareRow> {};
 
-TEST_P(AHeader, NeedsCareWhenALineWouldBeSwallowed) {
-    EXPECT_EQ(Scan("Version 300\n" + GetParam().clause + "Data\n").NeedsCare(),
-              GetParam().needsCare);
+TEST_P(AHeader, NeedsAnEmptyLineForEachPartThatTheModuleWouldTakeFromTheNextLine) {
+    EXPECT_EQ(Scan("Version 300\n" + GetParam().clause + "Data\n").careOffsets.size(),
+              GetParam().emptyLines);
+}
+
+TEST_P(AHeader, KeepsItsColumnsBehindAnyClause) {
+    EXPECT_TRUE(Scan("Version 300\n" + GetParam().clause + "Data\n").hasData);
+    EXPECT_EQ(
+        Scan("Version 300\n" + GetParam().clause + "Columns 1\n A Char(1)\nData\n").columns.size(),
+        GetParam().columns + 1);
 }
 
 const CareRow kCare[] = {
-    {"DatumThenColumns", "CoordSys Earth Projection 1, 104\nColumns 1\n A Char(1)\n", true},
-    {"DatumThenData", "CoordSys Earth Projection 1, 104\n", true},
-    {"CrLf", "CoordSys Earth Projection 1, 104\r\nColumns 1\r\n A Char(1)\r\n", true},
-    {"BrokenBehindEarth", "CoordSys Earth\n  Projection 1, 104\nColumns 0\n", true},
-    {"CustomDatum", "CoordSys Earth Projection 1, 999, 0, 1, 2, 3\nColumns 0\n", true},
+    {"DatumThenColumns", "CoordSys Earth Projection 1, 104\nColumns 1\n A Char(1)\n", 1, 1},
+    {"DatumThenData", "CoordSys Earth Projection 1, 104\n", 1},
+    {"CrLf", "CoordSys Earth Projection 1, 104\r\nColumns 1\r\n A Char(1)\r\n", 1, 1},
+    {"BrokenBehindEarth", "CoordSys Earth\n  Projection 1, 104\nColumns 0\n", 1},
+    {"CustomDatum", "CoordSys Earth Projection 1, 999, 0, 1, 2, 3\nColumns 0\n", 1},
     {"SevenParameters", "CoordSys Earth Projection 1, 9999, 0, 1, 2, 3, 4, 5, 6, 7, 8\nColumns 0\n",
-     true},
-    {"TrailingComma", "CoordSys Earth Projection 1, 104,\nColumns 0\n", true},
-    {"EmptyLine", "CoordSys Earth Projection 1, 104\n\nColumns 0\n", false},
-    {"LineOfBlanks", "CoordSys Earth Projection 1, 104\n  \t\nColumns 0\n", false},
-    {"BoundsOnTheSameLine", "CoordSys Earth Projection 1, 104 Bounds (1,2) (3,4)\n", false},
-    {"Unit", "CoordSys Earth Projection 1, 104, \"m\"\nColumns 0\n", false},
-    {"Projected", "CoordSys Earth Projection 8, 104, \"m\", 9, 0, 1, 0, 0\nColumns 0\n", false},
-    {"Plane", "CoordSys NonEarth Units \"m\"\nColumns 0\n", false},
-    {"NoClause", "Columns 0\n", false},
+     1},
+    {"CustomDatumLackingAShift", "CoordSys Earth Projection 1, 999, 0, 1, 2\n", 2},
+    {"NoDatum", "CoordSys Earth Projection 1,\n", 2},
+    {"TrailingComma", "CoordSys Earth Projection 1, 104,\nColumns 0\n", 1},
+    {"EmptyLine", "CoordSys Earth Projection 1, 104\n\nColumns 0\n", 0},
+    {"LineOfBlanks", "CoordSys Earth Projection 1, 104\n  \t\nColumns 0\n", 0},
+    {"BoundsOnTheSameLine", "CoordSys Earth Projection 1, 104 Bounds (1,2) (3,4)\n", 0},
+    {"Unit", "CoordSys Earth Projection 1, 104, \"m\"\nColumns 0\n", 0},
+    {"Projected", "CoordSys Earth Projection 8, 104, \"m\", 9, 0, 1, 0, 0\nColumns 0\n", 0},
+    {"ProjectedWithBounds", "CoordSys Earth Projection 8, 104, \"m\", 9 Bounds (1,2) (3,4)\n", 0},
+    {"ProjectedWithoutTheLastTwo", "CoordSys Earth Projection 8, 104, \"m\", 9, 0, 1\n", 2},
+    {"ProjectedWithTheDatumAlone", "CoordSys Earth Projection 8, 104\n", 6},
+    {"ProjectedOverTwoLines", "CoordSys Earth Projection 8, 104, \"m\",\n9, 0, 1, 0, 0\n", 0},
+    {"AlbersWithoutAzimuth",
+     "CoordSys Earth Projection 9, 62, \"m\", -96, 23, 20, 60, 0, 0\nColumns 0\n", 1},
+    {"AlbersWithAzimuth",
+     "CoordSys Earth Projection 9, 62, \"m\", -96, 23, 20, 60, 0, 0, 0\nColumns 0\n", 0},
+    {"UnknownProjection", "CoordSys Earth Projection 24, 62, \"m\"\n", 0},
+    {"EarthAlone", "CoordSys Earth\nColumns 0\n", 1},
+    {"EarthAloneThenAnEmptyLine", "CoordSys Earth\n\nColumns 0\n", 0},
+    {"EarthWithBounds", "CoordSys Earth Bounds (1,2) (3,4)\nColumns 0\n", 0},
+    {"Plane", "CoordSys NonEarth Units \"m\"\nColumns 0\n", 0},
+    {"NoClause", "Columns 0\n", 0},
 };
 INSTANTIATE_TEST_SUITE_P(, AHeader, testing::ValuesIn(kCare),
                          [](const auto& row) { return row.param.name; });

@@ -71,6 +71,49 @@ TEST(Info, TakesCareOfAColumnsLineThatTheModuleWouldSwallow) {
     EXPECT_EQ(info.at("fileSize"), std::string(kSwallowed).size());
 }
 
+struct SwallowingRow {
+    std::string name;  // letters and digits
+    std::string clause;
+};
+
+class AClauseThatSwallows : public testing::TestWithParam<SwallowingRow> {};
+
+TEST_P(AClauseThatSwallows, TheNextLineLosesNoColumn) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCharset \"WindowsLatin1\"\nDelimiter \",\"\n" +
+                               GetParam().clause +
+                               "\nColumns 2\n  A Char(5)\n  B Integer\nData\n\nPoint 1 2\n");
+
+    const Json info = InfoOf(sandbox, {"a.mif"});
+
+    EXPECT_EQ(info.at("careTaken"), true);
+    ASSERT_EQ(info.at("columns").size(), 2U);
+    EXPECT_EQ(info.at("columns").at(1).at("type"), "Integer");
+}
+
+TEST_P(AClauseThatSwallows, ADataLineStopsNoImport) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCharset \"WindowsLatin1\"\nColumns 1\n  A Char(5)\n" +
+                               GetParam().clause + "\nData\n\nPoint 1 2\n");
+
+    const Json info = InfoOf(sandbox, {"--count", "a.mif"});
+
+    EXPECT_EQ(info.at("columns").size(), 1U);
+    EXPECT_EQ(info.at("objects").at("total"), 1);
+}
+
+const SwallowingRow kSwallowing[] = {
+    {"DatumAlone", "CoordSys Earth Projection 1, 104"},
+    {"EarthAlone", "CoordSys Earth"},
+    {"AlbersWithoutAzimuth", "CoordSys Earth Projection 9, 62, \"m\", -96, 23, 29.5, 45.5, 0, 0"},
+    {"OneParameterOfFive", "CoordSys Earth Projection 8, 104, \"m\", 27"},
+    {"NoUnitAndNoParameter", "CoordSys Earth Projection 8, 104"},
+    {"OneShiftTooFew", "CoordSys Earth Projection 1, 999, 0, 1, 2"},
+    {"CommaAtTheEnd", "CoordSys Earth Projection 8, 104, \"m\", 27, 0, 1,"},
+};
+INSTANTIATE_TEST_SUITE_P(, AClauseThatSwallows, testing::ValuesIn(kSwallowing),
+                         [](const auto& row) { return row.param.name; });
+
 TEST(Info, ShowsWhatTheModuleSeesWithAsIs) {
     const Sandbox sandbox;
     sandbox.Write("a.mif", kSwallowed);
