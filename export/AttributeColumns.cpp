@@ -9,7 +9,8 @@ namespace mif {
 
 namespace {
 
-// Part of every separator: a blank stands before the comma.
+// Kept: a blank stands before the comma. Programs that take these rows apart by the text between
+// two quotes have learned this one.
 constexpr const char* kValueSeparator = " ,";
 
 constexpr std::size_t kWidthFieldCharacters = 7;  // the declared "(n)" is padded to this

@@ -108,7 +108,7 @@ TEST(ColumnBlock, KeepsItsLengthUpToFiveDigits) {
     EXPECT_EQ(BlockOf(ColumnsOfWidth(1, 99999)).size(), BlockOf(ColumnsOf({L"A"})).size());
 }
 
-TEST(MidRow, SeparatesValuesByABlankAndAComma) {
+TEST(MidRow, KeptSeparatesValuesByABlankAndAComma) {
     AttributeColumns columns = ColumnsOf({L"A", L"B", L"C"});
 
     EXPECT_EQ(Row(columns, {{L"A", L"1"}, {L"B", L"two"}, {L"C", L"3"}}),
