@@ -1,5 +1,7 @@
 // Whole pairs of files, byte for byte: one for each kind of object, for the style mappings and for
-// each form of the COORDSYS clause. UPDATE_GOLDENS=1 rewrites them.
+// each form of the COORDSYS clause. UPDATE_GOLDENS=1 rewrites them; they are of systems with LF
+// line ends, and where lines end with CR LF a file has one in the place of every LF and is else the
+// same.
 #include "host/iolib/Styles.h"
 #include "tests/export/CoordinateSystems.h"
 #include "tests/export/ExportRun.h"
@@ -36,17 +38,27 @@ std::filesystem::path GoldenPath(std::string name, const char* extension) {
     return std::filesystem::path(QOLF_TEST_GOLDEN) / "export" / (name + extension);
 }
 
-std::string ReadText(const std::filesystem::path& path) {
-    std::ifstream stream(path);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+// The bytes of a text that is written in text mode.
+std::string WithSystemLineEnds(const std::string& text) {
+    constexpr bool kHasCrLf = std::filesystem::path::preferred_separator == '\\';
+    std::string bytes;
+    for (const char character : text) {
+        if (kHasCrLf && character == '\n') {
+            bytes += '\r';
+        }
+        bytes += character;
+    }
+    return bytes;
 }
 
-// The golden text; rewritten first when that is asked for.
-std::string Golden(const std::filesystem::path& path, const std::string& actual) {
+// The bytes that the golden file asks for; it is rewritten first when that is asked for.
+std::string Golden(const std::filesystem::path& path, const std::string& actualText) {
     if (std::getenv("UPDATE_GOLDENS") != nullptr) {
-        std::ofstream(path, std::ios::binary) << actual;
+        std::ofstream(path, std::ios::binary) << actualText;
     }
-    return ReadText(path);
+    std::ifstream stream(path, std::ios::binary);
+    return WithSystemLineEnds(
+        {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()});
 }
 
 void SendColumnsOfEveryKind(ExportRun& run) {
@@ -211,8 +223,8 @@ TEST_P(AGoldenExport, IsWrittenByteForByte) {
     GetParam().send(run);
     static_cast<void>(run.End());
 
-    EXPECT_EQ(run.Mif(), Golden(GoldenPath(GetParam().name, ".mif"), run.Mif()));
-    EXPECT_EQ(run.Mid(), Golden(GoldenPath(GetParam().name, ".mid"), run.Mid()));
+    EXPECT_EQ(run.folder.Read("out.mif"), Golden(GoldenPath(GetParam().name, ".mif"), run.Mif()));
+    EXPECT_EQ(run.folder.Read("out.mid"), Golden(GoldenPath(GetParam().name, ".mid"), run.Mid()));
 }
 INSTANTIATE_TEST_SUITE_P(
     Object, AGoldenExport,
