@@ -377,6 +377,16 @@ TEST(TextObject, WithABoxIsScaledWithItsTransform) {
     EXPECT_THAT(ObjectsOf(text), HasSubstr("\n  0 0 6 5\nAngle 0\n"));
 }
 
+TEST(TextObject, WithABoxReversedInOneDirectionHasNoBox) {
+    zeio::TrText reversedInX = Text(L"AB", 1, 2);
+    reversedInX.box = {5.0, 0.0, 4.0, 9.0};
+    zeio::TrText reversedInY = Text(L"AB", 1, 2);
+    reversedInY.box = {0.0, 5.0, 9.0, 4.0};
+
+    EXPECT_THAT(ObjectsOf(Font(1.0, 1.0), reversedInX), HasSubstr("\n  1 2 3 1\nAngle 0\n"));
+    EXPECT_THAT(ObjectsOf(Font(1.0, 1.0), reversedInY), HasSubstr("\n  1 2 3 1\nAngle 0\n"));
+}
+
 TEST(TextObject, WithABoxOfNoWidthIsNotEmpty) {
     zeio::TrText text = Text(L"AB", 1, 2);
     text.box = {3.0, 3.0, 3.0, 3.0};
