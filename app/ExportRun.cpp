@@ -2,6 +2,7 @@
 
 #include "app/Errors.h"
 #include "app/Paths.h"
+#include "app/TraceHost.h"
 #include "standalone/Text.h"
 
 namespace app {
@@ -23,42 +24,45 @@ public:
 // Members are destroyed from the last to the first: the filter deletes what is unfinished, then the
 // pair's folder goes.
 struct ExportRun::Parts {
-    Parts(const ExportSettings& exportSettings, Reporter& reporter, zeio::IoHost* otherHost)
+    Parts(const ExportSettings& exportSettings, Reporter& reporter, TraceHost* traceHost)
         : settings(exportSettings), pair(settings.path, settings.ifExists),
           module(settings.modulePath), store(OpenOptionStore(settings.noStore)),
-          ownHost(*store, reporter, PathText(settings.path)),
-          manager(otherHost != nullptr ? *otherHost : ownHost),
+          ownHost(*store, reporter, PathText(settings.path)), trace(traceHost),
+          manager(trace != nullptr ? static_cast<zeio::IoHost&>(*trace) : ownHost),
           filter(module.NewExportFilter(manager)) {}
+
+    // Tells the trace what the filter threw, and the user in the user's own words for the files.
+    [[noreturn]] void Rethrow(const shr::IError& error) const;
 
     ExportSettings settings;
     OutputPair pair;
     Module module;
     std::unique_ptr<standalone::OptionStore> store;
     ExportHost ownHost;
+    TraceHost* trace;  // null without one
     zeio::IoManager manager;
     ExportFilterPtr filter;
 };
 
-namespace {
-
-[[noreturn]] void Rethrow(const shr::IError& error, const OutputPair& pair,
-                          const std::filesystem::path& path) {
+void ExportRun::Parts::Rethrow(const shr::IError& error) const {
+    if (trace != nullptr) {
+        trace->Thrown(error, [this](const std::wstring& text) { return pair.WithFinalPath(text); });
+    }
     const std::string text = standalone::Narrow(pair.WithFinalPath(error.Message()));
-    const std::string name = PathText(path.filename());
-    throw Failure(text.find(name) == std::string::npos ? PathText(path) + ": " + text : text);
+    const std::string name = PathText(settings.path.filename());
+    throw Failure(text.find(name) == std::string::npos ? PathText(settings.path) + ": " + text
+                                                       : text);
 }
 
-}  // namespace
-
-ExportRun::ExportRun(const ExportSettings& settings, Reporter& reporter, zeio::IoHost* host)
-    : parts_(std::make_unique<Parts>(settings, reporter, host)) {
+ExportRun::ExportRun(const ExportSettings& settings, Reporter& reporter, TraceHost* trace)
+    : parts_(std::make_unique<Parts>(settings, reporter, trace)) {
     try {
         if (settings.optionString) {
             parts_->filter->SetOptionsFromString(standalone::Widen(*settings.optionString));
         }
         beginStatus_ = parts_->filter->BeginExport(WidePath(parts_->pair.WorkPath()));
     } catch (const shr::IError& error) {
-        Rethrow(error, parts_->pair, settings.path);
+        parts_->Rethrow(error);
     }
 }
 
@@ -68,7 +72,7 @@ zeio::ExportStatus ExportRun::Send(zeio::TrBase& object) {
     try {
         return parts_->filter->ExportObject(object);
     } catch (const shr::IError& error) {
-        Rethrow(error, parts_->pair, parts_->settings.path);
+        parts_->Rethrow(error);
     }
 }
 
@@ -77,7 +81,7 @@ bool ExportRun::Finish() {
     try {
         status = parts_->filter->EndExport();
     } catch (const shr::IError& error) {
-        Rethrow(error, parts_->pair, parts_->settings.path);
+        parts_->Rethrow(error);
     }
     if (status == zeio::ExportStatus::NothingWritten) {
         return false;

@@ -13,6 +13,8 @@
 
 namespace app {
 
+class TraceHost;
+
 struct ExportSettings {
     std::filesystem::path path;
     IfExists ifExists = IfExists::Refuse;
@@ -24,9 +26,9 @@ struct ExportSettings {
 // One export under way. Construct, Send every object, Finish. Without Finish nothing is left.
 class ExportRun {
 public:
-    // Opens the pair. Another host than the run's own sees the filter's calls when it is given; it
-    // must outlive the run. Throws Failure.
-    ExportRun(const ExportSettings& settings, Reporter& reporter, zeio::IoHost* host = nullptr);
+    // Opens the pair. A trace, when it is given, is the filter's host in the place of the run's
+    // own, and must outlive the run. Throws Failure.
+    ExportRun(const ExportSettings& settings, Reporter& reporter, TraceHost* trace = nullptr);
     ~ExportRun();
 
     // Hands an object to the filter. Throws Failure when it can't be written.

@@ -82,17 +82,23 @@ zeio::ExportStatus SendAsHost(ExportRun& run, zeio::TrBase& object, const shr::B
     return run.Send(questions);
 }
 
-std::string ResultLine(const ExportRun& run, const std::vector<zeio::ExportStatus>& statuses,
-                       bool isWritten) {
+// What the filter answered to the calls of an export.
+struct Answers {
+    zeio::ExportStatus begin = zeio::ExportStatus::Done;
+    std::vector<zeio::ExportStatus> objects;  // kept for a trace only: inputs may be long
+    bool isWritten = false;
+};
+
+std::string ResultLine(const Answers& answers) {
     std::string line = "{\"result\":{\"BeginExport\":";
-    AppendJsonNumber(line, static_cast<std::int64_t>(run.BeginStatus()));
+    AppendJsonNumber(line, static_cast<std::int64_t>(answers.begin));
     line += ",\"ExportObject\":[";
-    for (const zeio::ExportStatus& status : statuses) {
-        line += &status == statuses.data() ? "" : ",";
+    for (const zeio::ExportStatus& status : answers.objects) {
+        line += &status == answers.objects.data() ? "" : ",";
         AppendJsonNumber(line, static_cast<std::int64_t>(status));
     }
     line += "],\"EndExport\":";
-    line += isWritten ? "0}}\n" : "1}}\n";
+    line += answers.isWritten ? "0}}\n" : "1}}\n";
     return line;
 }
 
@@ -106,6 +112,47 @@ ExportSettings SettingsOf(const ReplayOptions& options) {
     return settings;
 }
 
+// Exports the input, with the trace as the filter's host unless it is null.
+Answers Export(const RereadableInput& input, const ReplayOptions& options, Reporter& reporter,
+               TraceHost* trace) {
+    // The first pass finds the extent, and every faulty line before anything is written.
+    ExtentOfObjects extent;
+    reporter.StartProgress("reading");
+    ForEachObject(input, reporter, [&](zeio::TrBase& object) { extent.Add(object); });
+
+    ExportRun run(SettingsOf(options), reporter, trace);
+    Answers answers;
+    answers.begin = run.BeginStatus();
+    reporter.StartProgress(options.output);
+    ForEachObject(input, reporter, [&](zeio::TrBase& object) {
+        const shr::Box3d box = options.noExtent ? ExtentOfObjects().Box() : extent.Box();
+        const zeio::ExportStatus status = SendAsHost(run, object, box);
+        if (trace != nullptr) {
+            answers.objects.push_back(status);
+        }
+    });
+    answers.isWritten = run.Finish();
+    reporter.EndProgress();
+    return answers;
+}
+
+// The same, with the filter's calls and answers on standard output; an error ends them there.
+Answers ExportWithTrace(const RereadableInput& input, const ReplayOptions& options,
+                        Reporter& reporter) {
+    const auto store = OpenOptionStore(options.noStore);
+    OutputFile output("-", IfExists::Overwrite);
+    TraceHost trace(*store, output);
+    try {
+        Answers answers = Export(input, options, reporter, &trace);
+        output.Write(ResultLine(answers));
+        output.Finish();
+        return answers;
+    } catch (const Failure&) {
+        output.Finish();
+        throw;
+    }
+}
+
 }  // namespace
 
 int RunReplay(const ReplayOptions& options, Reporter& reporter) {
@@ -116,32 +163,9 @@ int RunReplay(const ReplayOptions& options, Reporter& reporter) {
     const ExportSettings settings = SettingsOf(options);
     CheckOutput(settings.path, settings.ifExists);
     const RereadableInput input(PathFromArgument(options.input));
-
-    // The first pass finds the extent, and every faulty line before anything is written.
-    ExtentOfObjects extent;
-    reporter.StartProgress("reading");
-    ForEachObject(input, reporter, [&](zeio::TrBase& object) { extent.Add(object); });
-
-    const auto store = OpenOptionStore(options.noStore);
-    OutputFile output("-", IfExists::Overwrite);
-    TraceHost traceHost(*store, output);
-    ExportRun run(settings, reporter, options.trace ? &traceHost : nullptr);
-    std::vector<zeio::ExportStatus> statuses;
-    reporter.StartProgress(options.output);
-    ForEachObject(input, reporter, [&](zeio::TrBase& object) {
-        const shr::Box3d box = options.noExtent ? ExtentOfObjects().Box() : extent.Box();
-        const zeio::ExportStatus status = SendAsHost(run, object, box);
-        if (options.trace) {
-            statuses.push_back(status);
-        }
-    });
-    const bool isWritten = run.Finish();
-    reporter.EndProgress();
-    if (options.trace) {
-        output.Write(ResultLine(run, statuses, isWritten));
-        output.Finish();
-    }
-    if (!isWritten) {
+    const Answers answers = options.trace ? ExportWithTrace(input, options, reporter)
+                                          : Export(input, options, reporter, nullptr);
+    if (!answers.isWritten) {
         reporter.Warning(input.Name() + ": holds no objects that are drawn; nothing was written");
     }
     return 0;

@@ -9,10 +9,10 @@
 namespace app {
 namespace {
 
-void AppendTexts(JsonObjectWriter& writer, const zeio::FileError& error) {
+void AppendTexts(JsonObjectWriter& writer, const std::wstring& path, const zeio::FileError& error) {
     std::string& out = writer.Member("texts");
     out += '[';
-    AppendJsonString(out, standalone::Narrow(error.Path()));
+    AppendJsonString(out, standalone::Narrow(path));
     out += ',';
     AppendJsonString(out, standalone::Narrow(error.Reason()));
     out += ']';
@@ -99,7 +99,8 @@ void TraceHost::ImportObject(zeio::TrBase& object) {
          [&](JsonObjectWriter& writer) { AppendObjectJson(writer.Member("object"), object); });
 }
 
-void TraceHost::Thrown(const shr::IError& error) {
+void TraceHost::Thrown(const shr::IError& error, const ShownText& shown) {
+    const auto asShown = [&](const std::wstring& text) { return shown ? shown(text) : text; };
     const auto* open = dynamic_cast<const zeio::FileOpenError*>(&error);
     const auto* write = dynamic_cast<const zeio::FileWriteError*>(&error);
     const bool isInternal = dynamic_cast<const zeio::InternalError*>(&error) != nullptr;
@@ -111,9 +112,10 @@ void TraceHost::Thrown(const shr::IError& error) {
         writer.Text("source", error.Source());
         writer.Integer("line", error.Line());
         if (open != nullptr || write != nullptr) {
-            AppendTexts(writer, static_cast<const zeio::FileError&>(error));
+            const auto& fileError = static_cast<const zeio::FileError&>(error);
+            AppendTexts(writer, asShown(fileError.Path()), fileError);
         } else if (!isInternal) {
-            writer.Text("message", error.Message());
+            writer.Text("message", asShown(error.Message()));
         }
     });
 }

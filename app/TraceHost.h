@@ -28,8 +28,10 @@ public:
     void ProgressEnd() override;
     void ImportObject(zeio::TrBase& object) override;
 
-    // The line of a throw operation, by the class of the error.
-    void Thrown(const shr::IError& error);
+    // The line of a throw operation, by the class of the error. Its texts go through shown, for a
+    // run whose files lie elsewhere while they are written; empty: as they are.
+    using ShownText = std::function<std::wstring(std::wstring)>;
+    void Thrown(const shr::IError& error, const ShownText& shown = {});
 
     // Graphic objects received.
     std::uint64_t ObjectCount() const { return objectCount_; }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -78,6 +81,19 @@ TEST(Trace, OfAMissingFileEndsWithTheThrowAndExitCode1) {
                               "file\""),
               std::string::npos);
     EXPECT_TRUE(result.out.ends_with("{\"call\":\"ProgressEnd\"}\n"));
+}
+
+TEST(Trace, OfAnArcThatTheHostCanNotDrawEndsWithTheInternalError) {
+    const Sandbox sandbox;
+    sandbox.Write("arc.mif", "Version 300\nDelimiter \",\"\nData\nArc 0 0 0 2\n0 90\n");
+
+    const Result result = sandbox.Qolf({"trace", "--no-store", "arc.mif"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.out.ends_with(
+        "{\"call\":\"Throw_ERR_INTERNAL\",\"source\":\"MifImportParse\",\"line\":1430}\n"
+        "{\"call\":\"ProgressEnd\"}\n"))
+        << result.out;
 }
 
 TEST(Trace, HandsTheOptionStringToTheFilterAsItStands) {
@@ -200,6 +216,61 @@ TEST(Replay, TracesTheCallsOfTheExportFilterAndItsResults) {
     EXPECT_TRUE(result.out.ends_with(
         "{\"result\":{\"BeginExport\":0,\"ExportObject\":[0,0],\"EndExport\":0}}\n"))
         << result.out;
+}
+
+TEST(Replay, TracesAnExportWithoutGraphicObjectsWithTheAnswerOne) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"replay", "--no-store", "--trace", "-", "out.mif"}, "{\"type\":\"TrPen\"}\n");
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_TRUE(result.out.ends_with(
+        "{\"call\":\"ProgressEnd\"}\n"
+        "{\"result\":{\"BeginExport\":0,\"ExportObject\":[0],\"EndExport\":1}}\n"))
+        << result.out;
+    EXPECT_TRUE(sandbox.Names().empty());
+}
+
+// Lowers the largest size of a file for the commands that are started meanwhile.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) : previousHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &previous_);
+        rlimit lowered = previous_;
+        lowered.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &lowered);
+    }
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &previous_);
+        std::signal(SIGXFSZ, previousHandler_);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit previous_{};
+    void (*previousHandler_)(int);
+};
+
+TEST(Replay, TracesAFailedWriteAsTheLastCallButTheEndOfTheProgress) {
+    const Sandbox sandbox;
+    std::string vertices = "[0,0,0]";
+    for (int count = 0; count < 20'000; ++count) {
+        vertices += ",[0.1,0.2,0]";
+    }
+    sandbox.Write("in.jsonl", "{\"type\":\"TrPolyline\",\"vertices\":[" + vertices + "]}\n");
+    const FileSizeLimit limit(32 * 1024);
+
+    const Result result = sandbox.Qolf({"replay", "--no-store", "--trace", "in.jsonl", "out.mif"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "qolf: error: out.mif: File write error\n");
+    EXPECT_TRUE(result.out.ends_with(
+        "{\"call\":\"Throw_ERR_FILE_WRITE\",\"source\":\"MifExportFilter\",\"line\":402,"
+        "\"texts\":[\"out.mif\",\"File write error\"]}\n{\"call\":\"ProgressEnd\"}\n"))
+        << result.out;
+    EXPECT_EQ(sandbox.Names(), std::vector<std::string>{"in.jsonl"});
 }
 
 }  // namespace
