@@ -7,7 +7,6 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
-#include <span>
 #include <string>
 
 namespace app {
@@ -27,7 +26,9 @@ struct CommandEntry {
     void (*add)(CLI::App& app, CommandContext& context);
 };
 
-// In the order of the help text.
-std::span<const CommandEntry> AllCommands();
+// Adds the commands in the order of the help text: all of them, or, when wanted names one that
+// needs no large library, those alone that need none. Throws Failure when the library of the
+// others can't be loaded.
+void AddCommands(CLI::App& program, CommandContext& context, const std::string& wanted);
 
 }  // namespace app

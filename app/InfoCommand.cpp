@@ -8,11 +8,14 @@
 #include "app/Reporter.h"
 
 #ifdef QOLF_HAS_CRS
+#include "app/CommandLibrary.h"
 #include "app/crs/DescribeCoordSys.h"
+#include "app/crs/FrequentSystems.h"
 #endif
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 namespace app {
 namespace {
@@ -115,9 +118,22 @@ void AddCountRows(Table& table, const ObjectCounts& counts) {
     table.Row("Rows", counts.rows ? std::to_string(*counts.rows) : "no .mid file");
 }
 
+#ifdef QOLF_HAS_CRS
+CrsIdentity Identified(const gcs::CSDef& system) {
+    return LoadCommandLibrary().identify(system);
+}
+
+// Leaves PROJ alone where it can; without WKT, which only PROJ makes.
+CrsIdentity IdentifiedQuickly(const gcs::CSDef& system) {
+    const std::optional<RegisteredSystem> known = FindFrequentSystem(system);
+    return known ? CrsIdentity{"", known->epsgCode, known->epsgName} : Identified(system);
+}
+#endif
+
 void AddCoordSysRows(Table& table, const FileFacts& facts) {
 #ifdef QOLF_HAS_CRS
-    const CoordSysDescription description = DescribeCoordSys(facts.coordinateSystem.get());
+    const CoordSysDescription description =
+        DescribeCoordSys(facts.coordinateSystem.get(), IdentifiedQuickly);
     table.Row("System", description.name);
     if (description.epsgCode != 0) {
         table.Row("EPSG", std::to_string(description.epsgCode) + " " + description.epsgName);
@@ -238,7 +254,8 @@ void AddCounts(std::string& out, const ObjectCounts& counts) {
 void AddCoordSys(std::string& out, const FileFacts& facts) {
     AddText(out, "coordSys", facts.header.coordSysText);
 #ifdef QOLF_HAS_CRS
-    const CoordSysDescription description = DescribeCoordSys(facts.coordinateSystem.get());
+    const CoordSysDescription description =
+        DescribeCoordSys(facts.coordinateSystem.get(), Identified);
     AddText(out, "crsName", description.name);
     AddText(out, "unit", description.unit);
     AddText(out, "proj", description.proj);

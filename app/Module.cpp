@@ -10,15 +10,33 @@
 namespace app {
 namespace {
 
-std::vector<std::filesystem::path> UsualPlaces() {
+std::vector<std::filesystem::path> UsualPlaces(const char* fileName) {
     std::vector<std::filesystem::path> places;
     const std::filesystem::path folder = ProgramFolder();
-    places.push_back(folder / ModuleFileName());
-    places.push_back(folder / ".." / "lib" / "qolf" / ModuleFileName());
+    places.push_back(folder / fileName);
+    places.push_back(folder / ".." / "lib" / "qolf" / fileName);
 #ifdef QOLF_MODULE_DIR
-    places.push_back(folder / QOLF_MODULE_DIR / ModuleFileName());
+    places.push_back(folder / QOLF_MODULE_DIR / fileName);
 #endif
     return places;
+}
+
+struct Search {
+    std::filesystem::path path;  // empty: the file is in none of the places
+    std::string tried;           // the places without it, each in a line of its own
+};
+
+Search SearchUsualPlaces(const char* fileName) {
+    Search search;
+    for (const std::filesystem::path& place : UsualPlaces(fileName)) {
+        std::error_code error;
+        if (std::filesystem::exists(place, error)) {
+            search.path = place;
+            break;
+        }
+        search.tried += "\n  " + PathText(place.lexically_normal());
+    }
+    return search;
 }
 
 std::filesystem::path FindModule(const std::string& wanted) {
@@ -29,16 +47,12 @@ std::filesystem::path FindModule(const std::string& wanted) {
         fromEnvironment != nullptr && *fromEnvironment != '\0') {
         return PathFromArgument(fromEnvironment);
     }
-    std::string tried;
-    for (const std::filesystem::path& place : UsualPlaces()) {
-        std::error_code error;
-        if (std::filesystem::exists(place, error)) {
-            return place;
-        }
-        tried += "\n  " + PathText(place.lexically_normal());
+    const Search search = SearchUsualPlaces(ModuleFileName());
+    if (search.path.empty()) {
+        throw Failure("the filter module was not found; looked for" + search.tried +
+                      "\nname it with --module or in QOLF_MODULE");
     }
-    throw Failure("the filter module was not found; looked for" + tried +
-                  "\nname it with --module or in QOLF_MODULE");
+    return search.path;
 }
 
 template <typename Filter>
@@ -58,9 +72,17 @@ Filter* CallFactory(void* library, const std::filesystem::path& path, const char
 
 }  // namespace
 
+std::filesystem::path FindBesideProgram(const char* fileName) {
+    const Search search = SearchUsualPlaces(fileName);
+    if (search.path.empty()) {
+        throw Failure(std::string(fileName) + " was not found; looked for" + search.tried);
+    }
+    return search.path;
+}
+
 Module::Module(const std::string& path) : path_(FindModule(path)) {
     std::string reason;
-    library_ = LoadSharedLibrary(path_, reason);
+    library_ = LoadSharedLibrary(path_, reason, SymbolBinding::AtOnce);
     if (library_ == nullptr) {
         throw Failure(PathText(path_) + ": can't load the filter module: " + reason);
     }

@@ -11,6 +11,10 @@
 
 namespace app {
 
+// The first that exists of the places where a module of the program's own is: beside the program;
+// ../lib/qolf/ seen from it. Throws Failure with the places that were looked at.
+std::filesystem::path FindBesideProgram(const char* fileName);
+
 // Deletes a filter before it lets go of the module that holds the filter's code.
 template <typename Filter> class FilterDeleter {
 public:

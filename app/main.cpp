@@ -97,15 +97,14 @@ bool TakesNext(const CLI::App& program, const std::string& argument) {
     return option != nullptr && option->get_items_expected_max() > 0;
 }
 
-// The first argument that is no option, when it is no command: the parser alone would only say that
-// a command is missing.
-std::string UnknownCommand(const CLI::App& program, const std::vector<std::string>& arguments) {
+// The first argument that is no option; empty when there is none.
+std::string NamedCommand(const CLI::App& program, const std::vector<std::string>& arguments) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
         if (TakesNext(program, argument)) {
             ++i;
         } else if (argument.empty() || argument.front() != '-') {
-            return FindCommand(program, argument) == nullptr ? argument : "";
+            return argument;
         }
     }
     return "";
@@ -132,11 +131,6 @@ int RunCommand(app::CommandContext& context) {
 
 int ParseAndRun(CLI::App& program, std::vector<std::string> arguments, const GlobalOptions& options,
                 app::CommandContext& context) {
-    const std::string unknown = UnknownCommand(program, arguments);
-    if (!unknown.empty()) {
-        context.reporter.Error("there is no command '" + unknown + "'; qolf --help lists them");
-        return kUsageError;
-    }
     try {
         std::reverse(arguments.begin(), arguments.end());  // as CLI11 takes a vector
         program.parse(arguments);
@@ -167,10 +161,19 @@ int main(int argc, char** argv) {
     AddGlobalOptions(program, options, context);
     program.require_subcommand(1);
     program.fallthrough();
-    for (const app::CommandEntry& entry : app::AllCommands()) {
-        entry.add(program, context);
+    const std::string command = NamedCommand(program, arguments);
+    try {
+        app::AddCommands(program, context, command);
+    } catch (const app::Failure& failure) {
+        context.reporter.Error(failure.what());
+        return kDataError;
     }
     AddHelpCommand(program, options, context);
     program.footer(kFooter);
+    // The parser alone would only say that a command is missing.
+    if (!command.empty() && FindCommand(program, command) == nullptr) {
+        context.reporter.Error("there is no command '" + command + "'; qolf --help lists them");
+        return kUsageError;
+    }
     return ParseAndRun(program, std::move(arguments), options, context);
 }

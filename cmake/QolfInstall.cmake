@@ -2,6 +2,7 @@
 #
 #   bin/qolf                       the command
 #   lib/qolf/qolf.so               the module, in a folder of its own: nothing links with it
+#   lib/qolf/qolf-commands.so      the commands that need large libraries
 #   lib/libqolfhost.so*            the host library, beside which both look for it
 #   include/qolf/{host,standalone} headers, included as "host/zeio/IoManager.h"
 #   lib/cmake/qolf                 find_package(qolf), which gives qolf::host
@@ -18,6 +19,9 @@ set(QOLF_INSTALL_INCLUDE_DIR "${CMAKE_INSTALL_INCLUDEDIR}/qolf")
 install(TARGETS qolf_module LIBRARY DESTINATION "${QOLF_INSTALL_MODULE_DIR}")
 if(TARGET qolf_app)
   install(TARGETS qolf_app RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+  if(TARGET qolf_commands)
+    install(TARGETS qolf_commands LIBRARY DESTINATION "${QOLF_INSTALL_MODULE_DIR}")
+  endif()
   install(FILES "${PROJECT_SOURCE_DIR}/docs/completion/qolf.bash"
           DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME qolf)
 endif()

@@ -19,7 +19,7 @@ void AddLine(std::string& text, std::string_view label, std::string_view value) 
 
 }  // namespace
 
-CoordSysDescription DescribeCoordSys(const gcs::CSDef* system) {
+CoordSysDescription DescribeCoordSys(const gcs::CSDef* system, const CrsIdentifier& identify) {
     CoordSysDescription description;
     if (system == nullptr) {
         description.name = "None";
@@ -37,7 +37,7 @@ CoordSysDescription DescribeCoordSys(const gcs::CSDef* system) {
         return description;
     }
     description.proj = definition.crs;
-    CrsIdentity identity = Identify(*system);
+    CrsIdentity identity = identify(*system);
     description.wkt2 = std::move(identity.wkt2);
     description.epsgCode = identity.epsgCode;
     description.epsgName = std::move(identity.epsgName);

@@ -1,8 +1,10 @@
 // A coordinate system as a person reads it.
 #pragma once
 
+#include "app/crs/CrsIdentity.h"
 #include "host/gcs/CSDef.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,8 +20,11 @@ struct CoordSysDescription {
     std::vector<std::string> notes;  // warnings, or why there is no definition
 };
 
-// Null stands for a file that names no system.
-CoordSysDescription DescribeCoordSys(const gcs::CSDef* system);
+// Tells how a system is known elsewhere: Identify, or what stands in for it.
+using CrsIdentifier = std::function<CrsIdentity(const gcs::CSDef& system)>;
+
+// Null stands for a file that names no system. Only a system with a definition is identified.
+CoordSysDescription DescribeCoordSys(const gcs::CSDef* system, const CrsIdentifier& identify);
 
 // The description on several lines "Label: text", each ended by a line feed; labels without a text
 // are left out, WKT stands on lines of its own.

@@ -17,6 +17,9 @@ struct ProjDefinition {
     // opposite sign of the datum's, since +towgs84 follows the position-vector convention.
     std::string crs;
 
+    // The same without the shift, to be put on a datum that has its own.
+    std::string crsWithoutShift;
+
     // A pipeline from the file's coordinates to longitude and latitude of WGS 84 in degrees.
     std::string toWgs84;
 
@@ -43,18 +46,6 @@ struct ProjDefinition {
 // Projections that PROJ has on a sphere alone take the major radius. Miller (18) is the one where
 // PROJ does otherwise when it reads crs as a system, so toWgs84 and crs differ, with a warning.
 ProjDefinition ToProj(const gcs::CSDef& system);
-
-struct CrsIdentity {
-    std::string wkt2;      // WKT2:2019 on several lines; empty when PROJ makes none
-    int epsgCode = 0;      // 0 when there is none for sure
-    std::string epsgName;  // the register's name of that code
-};
-
-// How the system is known elsewhere. PROJ compares it with the EPSG register, on the register's
-// own datum when the known datum has one with the same ellipsoid; the code counts as sure when
-// PROJ's confidence is 90 of 100 or more (equal definition, other name), or when the register has
-// exactly one equal definition. Empty for what ToProj has no definition of.
-CrsIdentity Identify(const gcs::CSDef& system);
 
 // "World Geodetic System 1984 (WGS 84) / Transverse Mercator"; "Nonearth" for a plane.
 std::string NameInWords(const gcs::CSDef& system);

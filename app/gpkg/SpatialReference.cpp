@@ -1,5 +1,6 @@
 #include "app/gpkg/SpatialReference.h"
 
+#include "app/crs/CrsIdentity.h"
 #include "app/crs/GcsFromCrs.h"
 #include "app/crs/GcsToProj.h"
 #include "app/crs/WktText.h"

@@ -19,8 +19,13 @@ void IgnoreClosedPipes();
 // Puts standard input and output into binary mode where there is another one.
 void UseBinaryStandardStreams();
 
+// When a library's functions are looked up: a foreign one shows at once that one is missing, one
+// of our own starts faster. Windows always looks at once.
+enum class SymbolBinding { AtOnce, AtFirstCall };
+
 // A loaded library, unloaded with the last copy of the pointer. Null on failure, with the reason.
-std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason);
+std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason,
+                                        SymbolBinding binding);
 
 // The address of an exported function; null when there is none.
 void* LibrarySymbol(void* library, const char* name);

@@ -78,9 +78,11 @@ void IgnoreClosedPipes() {
 
 void UseBinaryStandardStreams() {}
 
-std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason) {
+std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason,
+                                        SymbolBinding binding) {
+    const int mode = binding == SymbolBinding::AtOnce ? RTLD_NOW : RTLD_LAZY;
     // An absolute path keeps the loader from searching its own folders for a bare name.
-    void* library = dlopen(std::filesystem::absolute(path).c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* library = dlopen(std::filesystem::absolute(path).c_str(), mode | RTLD_LOCAL);
     if (library == nullptr) {
         reason = dlerror();
         return nullptr;

@@ -33,7 +33,8 @@ void UseBinaryStandardStreams() {
     _setmode(_fileno(stdout), _O_BINARY);
 }
 
-std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason) {
+std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason,
+                                        SymbolBinding /*binding*/) {
     HMODULE library = LoadLibraryExW(std::filesystem::absolute(path).c_str(), nullptr,
                                      LOAD_WITH_ALTERED_SEARCH_PATH);
     if (library == nullptr) {

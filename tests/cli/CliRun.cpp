@@ -53,13 +53,18 @@ Sandbox::~Sandbox() {
 }
 
 Result Sandbox::Qolf(const std::vector<std::string>& arguments, const std::string& input) const {
+    return Run(QOLF_COMMAND, arguments, input);
+}
+
+Result Sandbox::Run(const std::string& program, const std::vector<std::string>& arguments,
+                    const std::string& input) const {
     const std::filesystem::path home = folder_ / kHome;
     const std::string in = (home / "in").string();
     const std::string out = (home / "out").string();
     const std::string err = (home / "err").string();
     std::ofstream(in, std::ios::binary) << input;
 
-    std::vector<std::string> words = {QOLF_COMMAND};
+    std::vector<std::string> words = {program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> variables = {"HOME=" + home.string(),
                                           "XDG_CONFIG_HOME=" + home.string(), "PATH=/usr/bin:/bin",
@@ -71,8 +76,8 @@ Result Sandbox::Qolf(const std::vector<std::string>& arguments, const std::strin
     posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     posix_spawn_file_actions_addchdir_np(&actions, folder_.c_str());
     pid_t child = 0;
-    const int error = posix_spawn(&child, QOLF_COMMAND, &actions, nullptr, Pointers(words).data(),
-                                  Pointers(variables).data());
+    const int error = posix_spawn(&child, program.c_str(), &actions, nullptr,
+                                  Pointers(words).data(), Pointers(variables).data());
     posix_spawn_file_actions_destroy(&actions);
     if (error != 0) {
         throw std::runtime_error("the command can't be started");
@@ -102,6 +107,10 @@ std::vector<std::string> Sandbox::Names() const {
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::filesystem::path Command() {
+    return QOLF_COMMAND;
 }
 
 std::string Sample(const std::string& name) {

@@ -24,6 +24,10 @@ public:
     // Runs the command in the folder. input is what it finds on its standard input.
     Result Qolf(const std::vector<std::string>& arguments, const std::string& input = "") const;
 
+    // Runs another program in the same way.
+    Result Run(const std::string& program, const std::vector<std::string>& arguments,
+               const std::string& input = "") const;
+
     std::filesystem::path Path(const std::string& name) const { return folder_ / name; }
     std::filesystem::path Write(const std::string& name, const std::string& bytes) const;
     std::string Read(const std::string& name) const;
@@ -34,6 +38,9 @@ public:
 private:
     std::filesystem::path folder_;
 };
+
+// The built command; the module and the libraries are in its folder.
+std::filesystem::path Command();
 
 // The path of a sample file, and a file's bytes.
 std::string Sample(const std::string& name);

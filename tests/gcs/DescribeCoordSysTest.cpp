@@ -13,7 +13,7 @@ TEST(ADescription, HasNameUnitCodeAndDefinition) {
     app::CoordSysDescription description;
     const auto system = System(LongitudeLatitude(), KnownDatum(L"DATUM_WGS84"));
 
-    description = app::DescribeCoordSys(&system);
+    description = app::DescribeCoordSys(&system, app::Identify);
 
     EXPECT_EQ(description.name, "World Geodetic System 1984 (WGS 84) / Longitude/Latitude");
     EXPECT_EQ(description.unit, "degree");
@@ -26,7 +26,7 @@ TEST(ADescription, HasNameUnitCodeAndDefinition) {
 TEST(ADescription, SaysWhyThereIsNoDefinition) {
     const auto system = System(Projection(2, {}), KnownDatum(L"DATUM_WGS84"));
 
-    const auto description = app::DescribeCoordSys(&system);
+    const auto description = app::DescribeCoordSys(&system, app::Identify);
 
     EXPECT_EQ(description.notes,
               std::vector<std::string>{"an arbitrary plane has no place on the Earth (a projection "
@@ -37,11 +37,13 @@ TEST(ADescription, SaysWhyThereIsNoDefinition) {
 TEST(ADescription, OfAPlaneHasItsUnitAlone) {
     const gcs::PlaneDef plane(1.0);
 
-    EXPECT_EQ(app::TextOf(app::DescribeCoordSys(&plane)), "Coordinate system: Nonearth\nUnit: m\n");
+    EXPECT_EQ(app::TextOf(app::DescribeCoordSys(&plane, app::Identify)),
+              "Coordinate system: Nonearth\nUnit: m\n");
 }
 
 TEST(ADescription, OfNoSystemSaysSo) {
-    EXPECT_EQ(app::TextOf(app::DescribeCoordSys(nullptr)), "Coordinate system: None\n");
+    EXPECT_EQ(app::TextOf(app::DescribeCoordSys(nullptr, app::Identify)),
+              "Coordinate system: None\n");
 }
 
 TEST(ADescription, IsTextWithALabelALine) {

@@ -1,4 +1,5 @@
 // Definitions for PROJ, and how a system is known in the EPSG register.
+#include "app/crs/CrsIdentity.h"
 #include "app/crs/GcsToProj.h"
 #include "tests/gcs/Definitions.h"
 

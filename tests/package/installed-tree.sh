@@ -33,7 +33,8 @@ for header in $(cd "$source" && find host -name '*.h'); do
     [ -f "$root/include/qolf/$header" ] || fail "$header is missing in host/CMakeLists.txt"
 done
 
-for binary in bin/qolf "$libdir/qolf/qolf.so" "$libdir/libqolfhost.so"; do
+for binary in bin/qolf "$libdir/qolf/qolf.so" "$libdir/qolf/qolf-commands.so" \
+    "$libdir/libqolfhost.so"; do
     readelf -d "$root/$binary" | grep -E 'R(UN)?PATH' | grep -F "$build" &&
         fail "$binary looks for libraries in the build folder"
 done

@@ -11,6 +11,10 @@ namespace app::detail {
 // known ones that the register lacks.
 int EpsgGeographicCodeOf(const gcs::DatumDef& datum);
 
+// The register's name of that code when its system is the datum's own longitude and latitude in
+// degrees; else null.
+const char* EpsgGeographicNameOf(const gcs::DatumDef& datum);
+
 struct DatumOfCode {
     gcs::DatumDef datum;       // unknown when none has the code
     bool isAmbiguous = false;  // other known datums with other numbers have the code too

@@ -1,0 +1,31 @@
+// The commands that need large libraries (PROJ, cairo, GEOS, SQLite, newt, and what these bring
+// along) live in a library of their own, qolf-commands.so beside the filter module, with all else
+// that needs them. Loading some sixty libraries takes several times as long as qolf info does.
+#pragma once
+
+#include "app/Commands.h"
+#include "app/crs/CrsIdentity.h"
+#include "host/gcs/CSDef.h"
+
+#include <span>
+
+namespace app {
+
+// What the library offers. It is built with the command and has code of its own of the parts that
+// both use, so only these two of one version belong together.
+struct CommandLibrary {
+    const char* version;
+    std::span<const CommandEntry> commands;
+    CrsIdentity (*identify)(const gcs::CSDef& system);
+};
+
+inline constexpr const char* kCommandLibraryFileName = "qolf-commands.so";
+
+// The one function that the library exports.
+inline constexpr const char* kCommandLibraryFunction = "QolfCommands";
+using CommandLibraryFunction = const CommandLibrary* (*)();
+
+// Loads the library when it is first asked for; it stays loaded. Throws Failure.
+const CommandLibrary& LoadCommandLibrary();
+
+}  // namespace app
