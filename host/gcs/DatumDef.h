@@ -48,6 +48,7 @@ struct DatumParameters {
     double rz = 0.0;
     double scale = 0.0;
     double primeMeridian = 0.0;
+    DatumTarget target = DatumTarget::WGS84;
 };
 
 class QOLF_HOST_API DatumDef {
@@ -57,13 +58,13 @@ public:
     // An entry of the known list.
     DatumDef(std::wstring token, std::wstring name, const DatumParameters& parameters);
 
-    // Makes this a datum of its own (without a token) that leads to WGS 84; null makes it unknown.
+    // Makes this a datum of its own (without a token); null makes it unknown.
     void SetParameters(const DatumParameters* parameters);
 
     bool IsUnknown() const { return parameters_.kind == DatumMethod::Unknown; }
     const std::wstring& GetToken() const { return token_; }  // "" for a datum of its own
     const std::wstring& GetName() const { return name_; }    // in words; "" when not known
-    DatumTarget GetTarget() const;
+    DatumTarget GetTarget() const;                           // None for an unknown datum
     DatumMethod GetMethod() const { return parameters_.kind; }
     const EllipsoidDef& GetEllipsoid() const { return parameters_.ellipsoid; }
     const DatumParameters& GetParameters() const { return parameters_; }

@@ -14,7 +14,7 @@ void DatumDef::SetParameters(const DatumParameters* parameters) {
 }
 
 DatumTarget DatumDef::GetTarget() const {
-    return IsUnknown() ? DatumTarget::None : DatumTarget::WGS84;
+    return IsUnknown() ? DatumTarget::None : parameters_.target;
 }
 
 bool DatumDef::GetParameter(DatumParameterID id, double& value) const {

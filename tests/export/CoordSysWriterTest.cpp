@@ -194,6 +194,19 @@ TEST(CoordSys, OfAKnownDatumWithoutACodeIsWrittenByItsShift) {
     EXPECT_EQ(HeaderClause(system), "450 COORDSYS Earth  \n  Projection 1, 999, 28, 1, 0, 0\n");
 }
 
+TEST(CoordSys, OfAShiftThatDoesNotLeadToWgs84FallsBackTo104) {
+    EXPECT_EQ(OwnDatumClause({.kind = DatumMethod::ThreeParameters,
+                              .ellipsoid = {},
+                              .dx = 1.0,
+                              .target = gcs::DatumTarget::None}),
+              "300 COORDSYS Earth  \n  Projection 1, 104\n");
+    EXPECT_EQ(OwnDatumClause({.kind = DatumMethod::SevenParameters,
+                              .ellipsoid = {},
+                              .dx = 1.0,
+                              .target = gcs::DatumTarget::None}),
+              "300 COORDSYS Earth  \n  Projection 1, 104\n");
+}
+
 struct EllipsoidRowOfTest {
     std::string name;
     gcs::EllipsoidDef ellipsoid;

@@ -92,6 +92,17 @@ TEST(ADatum, OfItsOwnHasNoTokenAndLeadsToWgs84) {
     EXPECT_EQ(datum.GetTarget(), gcs::DatumTarget::WGS84);
 }
 
+TEST(ADatum, LeadsNowhereWhenItsParametersSaySo) {
+    gcs::DatumParameters parameters;
+    parameters.kind = gcs::DatumMethod::ThreeParameters;
+    parameters.target = gcs::DatumTarget::None;
+    gcs::DatumDef datum;
+
+    datum.SetParameters(&parameters);
+
+    EXPECT_EQ(datum.GetTarget(), gcs::DatumTarget::None);
+}
+
 TEST(ADatum, IsUnknownWithoutParameters) {
     gcs::DatumDef datum = KnownDatum(L"DATUM_ED50");
 
