@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -100,6 +101,7 @@ gcs::DatumDef DatumFrom(const Json& json) {
     // What is not said is as in the known list.
     gcs::DatumParameters parameters = known.GetParameters();
     members.ReadEnum("method", parameters.kind);
+    members.ReadEnum("target", parameters.target);
     if (const Json* ellipsoid = members.Find("ellipsoid")) {
         parameters.ellipsoid = EllipsoidFrom(*ellipsoid);
     }
@@ -247,7 +249,7 @@ ObjectPtr ReadPolygon(const JsonMembers& members) {
     members.Read("parts", parts);
     for (const double part : parts) {
         if (!(part >= std::numeric_limits<std::int32_t>::min() &&
-              part <= std::numeric_limits<std::int32_t>::max())) {
+              part <= std::numeric_limits<std::int32_t>::max() && std::trunc(part) == part)) {
             members.WrongKind("parts", "a list of whole numbers");
         }
         object->partSizes.push_back(static_cast<std::int32_t>(part));

@@ -62,6 +62,10 @@ const ObjectRow kObjects[] = {
      R"("datum":{"token":"","method":3,"target":1,"ellipsoid":{"a":6378206.4,)"
      R"("f":0.0033900753040885176},"parameters":{"4":0,"5":1,"6":2,"7":3,"8":4,"9":5,"10":6,)"
      R"("11":7}},"unit":2}})"},
+    {"DatumWithoutTarget",
+     R"({"type":"TrCRS","cs":{"type":1,"projection":null,"datum":{"token":"","method":2,"target":0,)"
+     R"("ellipsoid":{"a":6378137,"f":0},"parameters":{"4":0,"5":1,"6":2,"7":3,"8":0,"9":0,"10":0,)"
+     R"("11":0}},"unit":1}})"},
     {"Names", R"({"type":"TrNamedIds","names":["A","Größe"]})"},
     {"NoNames", R"({"type":"TrNamedIds","names":[]})"},
     {"Pen",
@@ -166,6 +170,10 @@ const ErrorRow kErrors[] = {
      "\"names\" of TrNamedIds must be a list of texts"},
     {"HugePart", R"({"type":"TrPolygon","parts":[1e10]})",
      "\"parts\" of TrPolygon must be a list of whole numbers"},
+    {"BrokenPart", R"({"type":"TrPolygon","parts":[3,2.5]})",
+     "\"parts\" of TrPolygon must be a list of whole numbers"},
+    {"TextForATarget", R"({"type":"TrCRS","cs":{"datum":{"target":"WGS84"}}})",
+     "\"target\" of a datum must be a whole number from -2147483648 to 2147483647"},
     {"UnknownSystem", R"({"type":"TrCRS","cs":{"type":7}})",
      "\"type\" of a coordinate system must be 1 (of the Earth) or 2 (a plane)"},
     {"SystemIsNoObject", R"({"type":"TrCRS","cs":4326})", "a coordinate system is no JSON object"},
