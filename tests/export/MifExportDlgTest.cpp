@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -20,11 +21,16 @@ namespace mif::test {
 
 namespace {
 
+using platform::ControlKind;
+using platform::DialogControl;
 using standalone::DialogModel;
 using standalone::ScriptedPresenter;
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::Field;
 using testing::IsEmpty;
 using testing::Pair;
+using testing::StrEq;
 
 // A host whose option store can be made to fail.
 class FailingHost : public support::RecordingHost {
@@ -113,6 +119,22 @@ TEST_F(TheExportPage, IsDescribedToTheHost) {
     EXPECT_EQ(description.pszTemplate, platform::TemplateName(resources::kExportDialog));
     EXPECT_EQ(description.pfnDlgProc, &zeio::IoPropPageDlgProc);
     EXPECT_EQ(description.lParam, reinterpret_cast<LPARAM>(&page));
+}
+
+TEST(TheExportTemplate, HasTheCaptionAndTheControlsOfThePage) {
+    const platform::DialogTemplate& page = resources::kExportDialog;
+    const auto isControl = [](int id, ControlKind kind, const wchar_t* text) {
+        return AllOf(Field(&DialogControl::id, id), Field(&DialogControl::kind, kind),
+                     Field(&DialogControl::text, StrEq(text)));
+    };
+
+    EXPECT_EQ(page.id, 102);
+    EXPECT_STREQ(page.caption, L"MIF Options");
+    EXPECT_THAT(std::span(page.controls, static_cast<std::size_t>(page.controlCount)),
+                ElementsAre(isControl(2101, ControlKind::CheckBox, L"&Write areas as curves"),
+                            isControl(2103, ControlKind::CheckBox, L"Render &text"),
+                            isControl(2104, ControlKind::CheckBox, L"Render &marker symbols"),
+                            isControl(2105, ControlKind::PushButton, L"&Defaults")));
 }
 
 TEST_F(TheExportPage, ShowsTheSavedOptions) {

@@ -4,19 +4,21 @@
 #include "host/shr/IError.h"
 #include "host/zeio/Errors.h"
 #include "import/MifImportDlg.h"
-#include "resources/DialogTexts.h"
+#include "resources/DialogTemplates.h"
 #include "standalone/DialogModel.h"
 #include "standalone/Log.h"
 #include "standalone/ScriptedPresenter.h"
 
 #include <gmock/gmock.h>
 
+#include <span>
 #include <stdexcept>
 
 namespace {
 
 using import_test::Importing;
 using mif::ImportOptions;
+using platform::ControlKind;
 using testing::ElementsAre;
 
 class TheImportDialog : public Importing {
@@ -32,6 +34,22 @@ private:
     standalone::ScriptedPresenter script_;
     standalone::DialogPresenter* previous_ = nullptr;
 };
+
+TEST(TheImportTemplate, HasTheControlsOfTheDialog) {
+    const platform::DialogTemplate& dialog = resources::kImportDialog;
+    const auto isControl = [](int id, ControlKind kind) {
+        return testing::AllOf(testing::Field(&platform::DialogControl::id, id),
+                              testing::Field(&platform::DialogControl::kind, kind));
+    };
+
+    EXPECT_EQ(dialog.id, 100);
+    EXPECT_THAT(std::span(dialog.controls, static_cast<std::size_t>(dialog.controlCount)),
+                testing::UnorderedElementsAre(isControl(2101, ControlKind::CheckBox),
+                                              isControl(2102, ControlKind::CheckBox),
+                                              isControl(2100, ControlKind::PushButton),
+                                              isControl(1, ControlKind::DefaultButton),
+                                              isControl(2, ControlKind::PushButton)));
+}
 
 TEST_F(TheImportDialog, ShowsTheFiltersOptions) {
     Filter().SetOptionsFromString(L"IgnoreStyles=1");
@@ -172,6 +190,20 @@ TEST_F(TheImportDialog, LogsAnErrorOfTheHostAndStaysOpen) {
     EXPECT_EQ(log[0].module, L"qolf");
     EXPECT_EQ(log[0].sourceFile, L"MifImportDlg");
     EXPECT_EQ(log[0].line, 157);
+}
+
+TEST_F(TheImportDialog, AnswersAMessageThatFailedWithTheHostsCode) {
+    const standalone::LogSink previous = standalone::SetLogSink(nullptr);
+    Host().onHelp = [](const std::wstring&) { throw zeio::InternalError(L"Host", 7); };
+    INT_PTR result = -1;
+    User().Do([&](standalone::DialogModel& dialog) {
+        result = dialog.Send(WM_SYSCOMMAND, SC_CONTEXTHELP, 0);
+    });
+
+    Show(L"");
+    standalone::SetLogSink(previous);
+
+    EXPECT_EQ(result, shr::WinProcReturnCodeAfterException(nullptr, WM_SYSCOMMAND));
 }
 
 TEST_F(TheImportDialog, LetsAnExceptionPassThatIsNotTheHosts) {
