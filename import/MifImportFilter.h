@@ -31,7 +31,10 @@ struct ImportOptions {
     bool operator==(const ImportOptions&) const = default;
 };
 
-// The smallest box around the coordinates read so far, over all runs of a filter.
+// The smallest box around the coordinates read so far.
+//
+// Kept: over all runs of a filter, so sizes in a second file that states no bounds depend on the
+// first. Hosts that load the sheets of one map with one filter get the same widths in all of them.
 struct RunningExtents {
     RunningExtents();
 
@@ -74,6 +77,10 @@ public:
 
     // Reads the whole pair: hands over the start of the graphics, the coordinate system, the
     // column names and then each object with its pen, brush or font and its row of the .mid file.
+    // Hands the whole file to the host: the start of graphics, the coordinate system of an Earth
+    // file, the column names if there are any, then the objects in their order. Header warnings
+    // reach the host as one text. Fails with the reader's error, an invalid object, or whatever the
+    // host throws.
     void Import(const std::wstring& path) override;
 
     // Edits the options in a modal dialog (import/MifImportDlg.h). True when the user accepted
