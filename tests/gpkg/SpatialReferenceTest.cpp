@@ -1,6 +1,7 @@
 // Systems of files as rows of the package's table, and back.
 #include "app/gpkg/SpatialReference.h"
 
+#include "app/crs/CrsIdentity.h"
 #include "app/crs/GcsFromCrs.h"
 #include "app/crs/GcsToProj.h"
 
