@@ -7,8 +7,8 @@
 namespace app {
 namespace {
 
-// Entries are put in order before they are inserted, so that neighbours meet in one node while it
-// is at hand. A block of them bounds the memory.
+// Entries are put in order before they go into the tree, so that neighbours share a node. A block
+// of them bounds the memory.
 constexpr std::size_t kHeldEntries = std::size_t{1} << 17;
 
 // TABLE, GEOM, KEY and INDEX stand for quoted names, "INDEX suffix" in NAME(suffix) for the name of
@@ -74,11 +74,11 @@ std::string IndexName(const std::string& table, const std::string& geometry) {
     return "rtree_" + table + "_" + geometry;
 }
 
-// Makes the index on the way: the statement needs it.
-std::string InsertInto(SqliteDatabase& database, const std::string& index) {
+// Makes the index on the way: the tree needs its tables.
+std::string MakeIndex(SqliteDatabase& database, std::string index) {
     database.Execute("CREATE VIRTUAL TABLE " + QuotedName(index) +
                      " USING rtree(id, minx, maxx, miny, maxy)");
-    return "INSERT INTO " + QuotedName(index) + " VALUES (?, ?, ?, ?, ?)";
+    return index;
 }
 
 }  // namespace
@@ -86,7 +86,7 @@ std::string InsertInto(SqliteDatabase& database, const std::string& index) {
 SpatialIndex::SpatialIndex(SqliteDatabase& database, std::string table, std::string geometry,
                            std::string key)
     : database_(database), table_(std::move(table)), geometry_(std::move(geometry)),
-      key_(std::move(key)), insert_(database, InsertInto(database, IndexName(table_, geometry_))) {}
+      key_(std::move(key)), tree_(database, MakeIndex(database, IndexName(table_, geometry_))) {}
 
 void SpatialIndex::Add(std::int64_t row, const shr::Box2d& box) {
     held_.push_back({0, row, box});
@@ -110,12 +110,7 @@ void SpatialIndex::Flush() {
         return std::pair(left.place, left.row) < std::pair(right.place, right.row);
     });
     for (const Entry& entry : held_) {
-        insert_.BindWhole(1, entry.row);
-        insert_.BindReal(2, entry.box.minX);
-        insert_.BindReal(3, entry.box.maxX);
-        insert_.BindReal(4, entry.box.minY);
-        insert_.BindReal(5, entry.box.maxY);
-        static_cast<void>(insert_.Step());  // an insertion has no rows
+        tree_.Add(entry.row, entry.box);
     }
     held_.clear();
 }
@@ -152,6 +147,7 @@ std::string SpatialIndex::Filled(std::string sql) const {
 
 void SpatialIndex::Finish() {
     Flush();
+    tree_.Finish();
     database_.Execute(Filled(kTriggers));
     database_.Execute("INSERT INTO gpkg_extensions VALUES (" + QuotedText(table_) + ", " +
                       QuotedText(geometry_) +

@@ -1,6 +1,7 @@
 // The R-tree index of one geometry column, with the triggers that keep it right.
 #pragma once
 
+#include "app/gpkg/PackedRTree.h"
 #include "app/gpkg/Sqlite.h"
 #include "host/shr/Geometry.h"
 
@@ -36,7 +37,7 @@ private:
     std::string table_;
     std::string geometry_;
     std::string key_;
-    SqliteStatement insert_;
+    PackedRTree tree_;
     std::vector<Entry> held_;
 };
 
