@@ -36,9 +36,7 @@ CareCopy::CareCopy(const std::filesystem::path& mifPath, const MifHeader& header
     if (!header.NeedsCare()) {
         return;
     }
-    // The file that opening finds may have a name in another case.
-    const std::filesystem::path found = FindCompanion(mifPath, PathText(mifPath.extension()));
-    const std::filesystem::path source = found.empty() ? mifPath : found;
+    const std::filesystem::path source = AsOnDisk(mifPath);
     folder_.emplace();
     path_ = folder_->File(mifPath.filename());
     WriteHead(source, header, path_);

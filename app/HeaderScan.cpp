@@ -320,7 +320,11 @@ private:
         if (!Is(tokens_.Token(), "projection") || !Advance()) {
             return FinishCoordSys();
         }
-        const Projection* const projection = FindProjection(WholeNumber(tokens_.Token()));
+        const int code = WholeNumber(tokens_.Token());
+        const Projection* const projection = FindProjection(code);
+        if (projection == nullptr) {
+            header_.unknownProjection = code;
+        }
         if (!Advance() || tokens_.Token() != "," || !Advance()) {
             return FinishCoordSys();
         }

@@ -41,7 +41,8 @@ struct MifHeader {
     std::string delimiter = "\t";
     std::string coordSysText;  // the clause's first line, from the keyword on, blanks squeezed;
                                // "" without one
-    std::string unitsText;     // of the clause, without quotes; "" when absent
+    std::optional<std::int64_t> unknownProjection;  // a code that stops the import
+    std::string unitsText;                          // of the clause, without quotes; "" when absent
     struct Bounds {
         double minX = 0.0;
         double minY = 0.0;

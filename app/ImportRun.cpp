@@ -3,6 +3,7 @@
 #include "app/Errors.h"
 #include "app/FeatureBuilder.h"
 #include "app/Paths.h"
+#include "app/Projections.h"
 #include "standalone/Text.h"
 
 #ifdef QOLF_HAS_CRS
@@ -44,15 +45,28 @@ const std::filesystem::path& ShownPath(const ImportSettings& settings) {
     return settings.shownPath.empty() ? settings.path : settings.shownPath;
 }
 
+// What a user can do about an import that the module has stopped.
+std::string AdviceFor(const MifHeader& header, const std::string& name) {
+    if (header.unknownProjection) {
+        const std::int64_t code = *header.unknownProjection;
+        return "Projection code " + std::to_string(code) + " is " + ProjectionInWords(code) + ". " +
+               AdviceForProjection(code);
+    }
+    return "'qolf check " + name + "' says more.";
+}
+
 [[noreturn]] void Rethrow(const shr::IError& error, const CareCopy& copy,
-                          const ImportSettings& settings) {
+                          const ImportSettings& settings, const MifHeader& header) {
     std::string text = standalone::Narrow(copy.WithOriginalPath(error.Message()));
     const std::string read = PathText(settings.path);
     const std::string name = PathText(ShownPath(settings));
     if (const std::size_t at = text.find(read); at != std::string::npos) {
         text.replace(at, read.size(), name);
     }
-    throw Failure(text.find(name) == std::string::npos ? name + ": " + text : text);
+    if (text.find(name) == std::string::npos) {
+        text = name + ": " + text;
+    }
+    throw Failure(text + (text.ends_with('.') ? " " : ". ") + AdviceFor(header, name));
 }
 
 std::vector<LayerColumn> ColumnsOf(const zeio::TrNamedIds& ids, const MifHeader& header) {
@@ -206,7 +220,7 @@ ImportResult RunImport(const ImportSettings& settings, Reporter& reporter, const
         }
         filter->Import(WidePath(copy.Path()));
     } catch (const shr::IError& error) {
-        Rethrow(error, copy, settings);
+        Rethrow(error, copy, settings, result.header);
     }
     result.objectCount = host.ObjectCount();
     result.warningCount = host.WarningCount();

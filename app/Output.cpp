@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <vector>
 
 namespace app {
 namespace {
@@ -45,6 +46,26 @@ std::filesystem::path MidBeside(std::filesystem::path mifPath) {
     return mifPath.replace_extension(".mid");
 }
 
+bool IsMif(const std::filesystem::path& path) {
+    return LowerExtension(path) == ".mif";
+}
+
+std::vector<std::filesystem::path> FilesReadFor(const std::filesystem::path& input) {
+    std::vector<std::filesystem::path> files = {AsOnDisk(input)};
+    if (IsMif(input)) {
+        files.push_back(FindCompanion(input, ".mid"));
+    }
+    return files;
+}
+
+std::vector<std::filesystem::path> FilesWrittenFor(const std::filesystem::path& output) {
+    std::vector<std::filesystem::path> files = {output};
+    if (IsMif(output)) {
+        files.push_back(MidBeside(output));
+    }
+    return files;
+}
+
 }  // namespace
 
 void CheckOutput(const std::filesystem::path& path, IfExists ifExists) {
@@ -59,6 +80,18 @@ void CheckOutput(const std::filesystem::path& path, IfExists ifExists) {
     if (ifExists == IfExists::Refuse && std::filesystem::exists(path, error) &&
         !IsSpecialFile(path)) {
         throw Failure(PathText(path) + ": exists already; --overwrite replaces it");
+    }
+}
+
+void CheckNotInput(const std::filesystem::path& input, const std::filesystem::path& output) {
+    for (const std::filesystem::path& read : FilesReadFor(input)) {
+        for (const std::filesystem::path& written : FilesWrittenFor(output)) {
+            std::error_code error;  // of a file that isn't there
+            if (std::filesystem::equivalent(read, written, error)) {
+                throw Failure(PathText(written) +
+                              ": is the input, which is left alone; choose another name");
+            }
+        }
     }
 }
 

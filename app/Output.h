@@ -17,6 +17,10 @@ enum class IfExists { Refuse, Overwrite };
 // the message then mentions --overwrite.
 void CheckOutput(const std::filesystem::path& path, IfExists ifExists);
 
+// Throws Failure when the output, with the .mid file of a pair, would replace the input or its .mid
+// file, under whatever name or link. Inputs are left alone, also with IfExists::Overwrite.
+void CheckNotInput(const std::filesystem::path& input, const std::filesystem::path& output);
+
 // Throws UsageError when a MIF/MID pair can't have that name: "-", or an extension other than .mif.
 void CheckMifOutput(const std::string& argument);
 

@@ -63,4 +63,9 @@ std::filesystem::path FindCompanion(const std::filesystem::path& path,
     return {};
 }
 
+std::filesystem::path AsOnDisk(const std::filesystem::path& path) {
+    const std::filesystem::path found = FindCompanion(path, PathText(path.extension()));
+    return found.empty() ? path : found;
+}
+
 }  // namespace app

@@ -24,4 +24,7 @@ std::string LowerExtension(const std::filesystem::path& path);
 std::filesystem::path FindCompanion(const std::filesystem::path& path,
                                     const std::string& extension);
 
+// The file that opening path finds, whose name may differ in case; path itself when there is none.
+std::filesystem::path AsOnDisk(const std::filesystem::path& path);
+
 }  // namespace app

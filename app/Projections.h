@@ -1,8 +1,10 @@
-// The projection codes of a CoordSys clause that the module knows.
+// The projection codes of a CoordSys clause: those that the module knows, and words for the others.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
 
 namespace app {
 
@@ -14,5 +16,14 @@ struct Projection {
 
 // Null for a code that stops an import.
 const Projection* FindProjection(std::int64_t code);
+
+// What a code that the module does not know stands for, in words; never empty.
+std::string ProjectionInWords(std::int64_t code);
+
+// The code with exactly the same meaning that the module knows: n for 2000 + n, 8 for 34.
+std::optional<std::int64_t> EqualProjection(std::int64_t code);
+
+// What to do about a file whose import stops at such a code; a sentence with its full stop.
+std::string AdviceForProjection(std::int64_t code);
 
 }  // namespace app

@@ -161,6 +161,7 @@ int RunReplay(const ReplayOptions& options, Reporter& reporter) {
         ChooseCodePage({}, options.encoding, reporter);
     }
     const ExportSettings settings = SettingsOf(options);
+    CheckNotInput(PathFromArgument(options.input), settings.path);
     CheckOutput(settings.path, settings.ifExists);
     const RereadableInput input(PathFromArgument(options.input));
     const Answers answers = options.trace ? ExportWithTrace(input, options, reporter)

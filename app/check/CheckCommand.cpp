@@ -284,7 +284,8 @@ void AddCheckCommand(CLI::App& program, CommandContext& context) {
     command
         ->add_option("--max", arguments->maxPerCode,
                      "Findings of one code shown for a file (100); 0 shows all")
-        ->type_name("COUNT");
+        ->type_name("COUNT")
+        ->check(CLI::NonNegativeNumber);
     command->add_flag("--codes", arguments->codes, "List all codes with their meaning");
     command->footer(kFooter);
     command->callback([arguments, &context] {

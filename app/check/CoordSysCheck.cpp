@@ -7,31 +7,10 @@
 #include <array>
 #include <span>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace app::check {
 namespace {
-
-struct NamedCode {
-    std::int64_t code;
-    const char* words;
-};
-
-constexpr std::array kUnknownProjections = {
-    NamedCode{2, "Cylindrical Equal Area"},
-    NamedCode{17, "Gall"},
-    NamedCode{19, "the Belgian variant of Lambert Conformal Conic"},
-    NamedCode{21, "the Danish System 34 Jutland variant of Transverse Mercator"},
-    NamedCode{22, "the Danish System 34 Zealand variant of Transverse Mercator"},
-    NamedCode{23, "the Danish System 45 Bornholm variant of Transverse Mercator"},
-    NamedCode{24, "the Finnish KKJ variant of Transverse Mercator (Gauss-Kruger)"},
-    NamedCode{25, "Swiss Oblique Mercator"},
-    NamedCode{26, "Regional Mercator"},
-    NamedCode{31, "Double Stereographic"},
-    NamedCode{32, "Krovak"},
-    NamedCode{34, "Extended Transverse Mercator, an exact form of projection 8"},
-};
 
 struct CodeRange {
     std::int64_t first;
@@ -173,25 +152,18 @@ bool Clause::KnowProjection(std::int64_t code, const Token& token) {
     }
     const std::optional<std::int64_t> equal = EqualProjection(code);
     const std::string name = "projection code " + std::to_string(code);
-    std::string advice;
     if (equal) {
-        advice = "Let --fix rewrite the code as " + std::to_string(*equal) +
-                 ", which means the same, or name the system with 'qolf convert --assume-crs "
-                 "EPSG:…'.";
         report_.Change(PairFile::Mif, {.begin = token.begin,
                                        .end = token.end,
                                        .text = std::to_string(*equal),
                                        .code = Code::ProjectionUnknown,
                                        .line = place_.line,
                                        .what = name + " becomes " + std::to_string(*equal)});
-    } else if (code == 24) {
-        advice = "Name the system with 'qolf convert --assume-crs EPSG:2393', or the code of "
-                 "the zone that is meant.";
     }
     report_.Add(Code::ProjectionUnknown, place_,
                 name + " is " + ProjectionInWords(code) +
                     "; the reader does not know it and the import stops",
-                std::move(advice));
+                AdviceForProjection(code));
     return equal.has_value();
 }
 
@@ -407,32 +379,6 @@ void Clause::CheckSwallowing(Code line, Code data, const char* why) {
 }
 
 }  // namespace
-
-std::string ProjectionInWords(std::int64_t code) {
-    const auto* const found = std::ranges::find(kUnknownProjections, code, &NamedCode::code);
-    if (found != kUnknownProjections.end()) {
-        return found->words;
-    }
-    const std::int64_t base = code % 1000;
-    if (code >= 1000 && code < 4000 && base > 0 && base < 100) {
-        const char* const with = code < 2000   ? " with an affine transformation"
-                                 : code < 3000 ? " with bounds"
-                                               : " with an affine transformation and bounds";
-        return "projection " + std::to_string(base) + with;
-    }
-    return "none that the format is known to have";
-}
-
-std::optional<std::int64_t> EqualProjection(std::int64_t code) {
-    if (code == 34) {
-        return 8;
-    }
-    if (code > 2000 && code < 2100 && FindProjection(code) == nullptr &&
-        FindProjection(code - 2000) != nullptr) {
-        return code - 2000;
-    }
-    return code == 2034 ? std::optional<std::int64_t>(8) : std::nullopt;
-}
 
 void CheckCoordSys(LineReader& lines, Report& report, CheckedHeader& header) {
     Clause(lines, report, header).Check();

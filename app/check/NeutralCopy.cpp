@@ -49,9 +49,7 @@ std::vector<Range> FindClauses(std::istream& mif) {
 
 NeutralCopy::NeutralCopy(const std::filesystem::path& mif)
     : original_(mif), path_(folder_.File(mif.filename())) {
-    // The file that opening finds may have a name in another case.
-    const std::filesystem::path found = FindCompanion(mif, PathText(mif.extension()));
-    const std::filesystem::path source = found.empty() ? mif : found;
+    const std::filesystem::path source = AsOnDisk(mif);
     std::ifstream from(source, std::ios::binary);
     if (!from) {
         throw Failure(PathText(mif) + ": can't be opened");

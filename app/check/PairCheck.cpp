@@ -8,6 +8,8 @@
 #include "app/check/RowCheck.h"
 
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -125,10 +127,20 @@ bool CheckStart(const LineReader& lines, PairFile file, Report& report) {
     return true;
 }
 
-bool IsReadable(const std::filesystem::path& path, std::ifstream& stream) {
+// Opens the file. Says why not, or nothing when all is well.
+std::string OpenProblem(const std::filesystem::path& path, std::ifstream& stream) {
     std::error_code error;
-    return std::filesystem::is_regular_file(path, error) &&
-           (stream.open(path, std::ios::binary), stream.is_open());
+    if (std::filesystem::is_directory(path, error)) {
+        return "this is a folder; name the files in it";
+    }
+    if (!std::filesystem::exists(path, error)) {
+        return "there is no such file";
+    }
+    if (!std::filesystem::is_regular_file(path, error)) {
+        return "this is no file that can be read twice";
+    }
+    stream.open(path, std::ios::binary);
+    return stream.is_open() ? "" : std::string("the file can't be opened: ") + std::strerror(errno);
 }
 
 void CompareRows(std::uint64_t rows, const ObjectCounts& counts, Report& report) {
@@ -150,8 +162,8 @@ void CompareRows(std::uint64_t rows, const ObjectCounts& counts, Report& report)
 void CheckMid(const std::filesystem::path& mid, const CheckedHeader& header,
               const ObjectCounts& counts, TabRewriting rewriting, Report& report) {
     std::ifstream stream;
-    if (!IsReadable(mid, stream)) {
-        report.Add(Code::FileUnreadable, {PairFile::Mid, 0, 0}, "the file cannot be opened");
+    if (const std::string problem = OpenProblem(mid, stream); !problem.empty()) {
+        report.Add(Code::FileUnreadable, {PairFile::Mid, 0, 0}, problem);
         return;
     }
     std::uint64_t row = 0;
@@ -198,8 +210,8 @@ CodeCounts CheckPair(const std::filesystem::path& mif, const PairCheckOptions& o
     shown.replace_extension(".mid");
     Report report(sink, mif, found.empty() ? shown : found, options.maxPerCode);
     std::ifstream stream;
-    if (!IsReadable(mif, stream)) {
-        report.Add(Code::FileUnreadable, {PairFile::Mif, 0, 0}, "the file cannot be opened");
+    if (const std::string problem = OpenProblem(AsOnDisk(mif), stream); !problem.empty()) {
+        report.Add(Code::FileUnreadable, {PairFile::Mif, 0, 0}, problem);
         return report.Counts();
     }
     CheckedHeader header;

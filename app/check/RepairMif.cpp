@@ -24,7 +24,7 @@ public:
     using OnEdit = std::function<void(const Edit&)>;
 
     EditedCopy(const std::filesystem::path& source, Write write, OnEdit onEdit)
-        : source_(source), stream_(source, std::ios::binary), write_(std::move(write)),
+        : source_(AsOnDisk(source)), stream_(source_, std::ios::binary), write_(std::move(write)),
           onEdit_(std::move(onEdit)) {
         if (!stream_) {
             throw Failure(PathText(source) + ": can't be opened");
@@ -160,18 +160,6 @@ private:
     std::ofstream stream_;
 };
 
-void CheckNames(const std::filesystem::path& input, const std::filesystem::path& output,
-                const std::filesystem::path& mid) {
-    std::filesystem::path outputMid = output;
-    outputMid.replace_extension(".mid");
-    std::error_code error;
-    if (std::filesystem::equivalent(input, output, error) ||
-        (!mid.empty() && std::filesystem::equivalent(mid, outputMid, error))) {
-        throw Failure(PathText(output) +
-                      ": is the input, which is left alone; choose another name for the copy");
-    }
-}
-
 TabRewriting LookForTabs(const std::filesystem::path& input) {
     NullSink sink;
     const CodeCounts counts = CheckPair(input, {.maxPerCode = 1}, sink);
@@ -188,7 +176,8 @@ TabRewriting LookForTabs(const std::filesystem::path& input) {
 RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem::path& output,
                        IfExists ifExists) {
     const std::filesystem::path mid = FindCompanion(input, ".mid");
-    CheckNames(input, output, mid);
+    CheckNotInput(input, output);
+    CheckOutput(output, ifExists);
     const TabRewriting rewriting = LookForTabs(input);
     RepairReport report;
     report.hasMid = !mid.empty();

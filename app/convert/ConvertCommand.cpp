@@ -2,6 +2,7 @@
 
 #include "app/convert/ConvertRun.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -46,7 +47,9 @@ std::vector<double> BoxOf(const std::string& text) {
     if (numbers.size() != 4) {
         throw CLI::ValidationError("--bbox", "takes four numbers: minx,miny,maxx,maxy");
     }
-    return numbers;
+    // Two corners, in whatever order.
+    return {std::min(numbers[0], numbers[2]), std::min(numbers[1], numbers[3]),
+            std::max(numbers[0], numbers[2]), std::max(numbers[1], numbers[3])};
 }
 
 void AddSelection(CLI::App& command, ConvertOptions& options) {
@@ -62,7 +65,9 @@ void AddSelection(CLI::App& command, ConvertOptions& options) {
             "--bbox", [&options](const std::string& text) { options.box = BoxOf(text); },
             "Keep what meets this box of output coordinates: minx,miny,maxx,maxy")
         ->type_name("BOX");
-    command.add_option("--limit", options.limit, "Stop after so many features")->type_name("N");
+    command.add_option("--limit", options.limit, "Stop after so many features")
+        ->type_name("N")
+        ->check(CLI::NonNegativeNumber);
 }
 
 void AddInput(CLI::App& command, ConvertOptions& options) {
@@ -104,15 +109,19 @@ void AddExport(CLI::App& command, ConvertOptions& options) {
 void AddBatch(CLI::App& command, ConvertOptions& options) {
     command.add_option("--to", options.format, "Format: mif, geojson, geojsonl, geojsons, gpkg")
         ->type_name("FORMAT");
-    command
-        .add_option("--output-dir", options.outputFolder,
-                    "Convert every file, and those in folders, to a file in this folder")
-        ->type_name("FOLDER");
+    CLI::Option* const folder =
+        command
+            .add_option("--output-dir", options.outputFolder,
+                        "Convert every file, and those in folders, to a file in this folder")
+            ->type_name("FOLDER");
     command.add_option("--jobs", options.jobs, "Processes at a time with --output-dir")
         ->type_name("N")
-        ->check(CLI::Range(1, 256));
-    command.add_flag("--resume", options.resume,
-                     "Go on where an interrupted run with --output-dir stopped");
+        ->check(CLI::Range(1, 256))
+        ->needs(folder);
+    command
+        .add_flag("--resume", options.resume,
+                  "Go on where an interrupted run with --output-dir stopped")
+        ->needs(folder);
 }
 
 }  // namespace

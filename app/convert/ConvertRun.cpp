@@ -18,6 +18,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <utility>
 
 namespace app {
@@ -85,7 +86,7 @@ public:
             facts.knownExtent.reset();  // a box does not stay one
         }
         facts.system = plan_.output.get();
-        facts.columns = filter_.SelectColumns(facts.columns);
+        facts.columns = filter_.SelectColumns(facts.columns, subject);
         target_.BeginLayer(facts);
         if (filter_.IsEmpty()) {
             throw EnoughFeatures();
@@ -100,17 +101,27 @@ public:
             plan_.reprojection->Apply(feature);
         }
         if (!filter_.Wants(feature)) {
+            ++outsideCount_;
             return;
         }
         filter_.SelectValues(feature);
         target_.Write(feature);
+        isAnyWritten_ = true;
         if (filter_.CountIsLast()) {
             throw EnoughFeatures();
         }
     }
 
-    // Says what happened to points that have no place in the output's system.
+    // Says when the box has kept everything out, and what happened to points that have no place in
+    // the output's system.
     void End() {
+        if (outsideCount_ > 0 && !isAnyWritten_) {
+            reporter_.Warning(subject_ +
+                              ": no object meets --bbox, whose numbers are coordinates "
+                              "of the output; " +
+                              (format_ == Format::Mif ? "nothing" : "an empty layer") +
+                              " is written");
+        }
         if (plan_.reprojection && plan_.reprojection->FailedPoints() > 0) {
             reporter_.Warning(subject_ + ": " + std::to_string(plan_.reprojection->FailedPoints()) +
                               " points have no place in the output's coordinate system");
@@ -125,6 +136,8 @@ private:
     FeatureFilter filter_;
     SystemPlan plan_;
     std::string subject_;
+    std::uint64_t outsideCount_ = 0;  // features that --bbox has kept out
+    bool isAnyWritten_ = false;
 };
 
 std::string LayerName(const ConvertOptions& options, const std::string& input) {
@@ -205,7 +218,6 @@ std::unique_ptr<FeatureTarget> OpenTarget(const ConvertOptions& options, Format 
     const std::filesystem::path path = PathFromArgument(output);
     switch (format) {
     case Format::Mif:
-        CheckMifOutput(output);
         return std::make_unique<MifTarget>(ExportSettingsOf(options, output), reporter);
     case Format::GeoPackage:
         return std::make_unique<PackageTarget>(path, IfExistsOf(options), reporter);
@@ -296,7 +308,6 @@ private:
 // From pair to pair, object by object, so that nothing is lost that both filters know.
 int ConvertPair(const ConvertOptions& options, const std::string& input, const std::string& output,
                 Reporter& reporter) {
-    CheckMifOutput(output);
     CheckOutput(PathFromArgument(output), IfExistsOf(options));
     const PreparedMif prepared(options, input, reporter);
     const ImportSettings settings = ImportSettingsOf(options, input, prepared);
@@ -316,6 +327,28 @@ bool IsPairToPair(const ConvertOptions& options, const std::string& input, Forma
            options.box.empty() && !options.limit && (options.crs.empty() || options.crs == "keep");
 }
 
+// Refuses what no input and output can be, before anything is written.
+void CheckPaths(std::span<const std::string> inputs, const std::string& output, Format format) {
+    for (const std::string& input : inputs) {
+        const std::filesystem::path path = PathFromArgument(input);
+        std::error_code error;
+        if (std::filesystem::is_directory(path, error)) {
+            throw UsageError(input + ": is a folder; --output-dir FOLDER and --to FORMAT convert "
+                                     "the files in it");
+        }
+        static_cast<void>(FormatOfPath(input));  // throws for others
+        if (input != "-" && output != "-") {
+            CheckNotInput(path, PathFromArgument(output));
+        }
+    }
+    if (format == Format::Mif) {
+        CheckMifOutput(output);
+    } else if (format == Format::GeoPackage && output == "-") {
+        throw UsageError("a GeoPackage is a database and can't go to standard output; name a .gpkg "
+                         "file");
+    }
+}
+
 int ConvertToOne(const ConvertOptions& options, Reporter& reporter) {
     if (options.paths.size() < 2) {
         throw UsageError("convert needs an input and an output, or --output-dir");
@@ -324,6 +357,7 @@ int ConvertToOne(const ConvertOptions& options, Reporter& reporter) {
     const Format format =
         options.format.empty() ? FormatOfPath(output) : FormatOfName(options.format);
     const std::size_t inputCount = options.paths.size() - 1;
+    CheckPaths(std::span(options.paths).first(inputCount), output, format);
     if (inputCount > 1 && format != Format::GeoPackage) {
         throw UsageError("several inputs become one output only as a GeoPackage; use --output-dir "
                          "for a file each");

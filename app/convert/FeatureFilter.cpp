@@ -7,7 +7,8 @@
 
 namespace app {
 
-std::vector<LayerColumn> FeatureFilter::SelectColumns(const std::vector<LayerColumn>& columns) {
+std::vector<LayerColumn> FeatureFilter::SelectColumns(const std::vector<LayerColumn>& columns,
+                                                      const std::string& subject) {
     if (settings_.columns.empty()) {
         return columns;
     }
@@ -22,7 +23,8 @@ std::vector<LayerColumn> FeatureFilter::SelectColumns(const std::vector<LayerCol
             for (const LayerColumn& column : columns) {
                 names += (names.empty() ? "" : ", ") + column.name;
             }
-            throw Failure("there is no column \"" + wanted + "\"; the columns are: " + names);
+            throw Failure(subject + ": there is no column \"" + wanted +
+                          "\"; the columns are: " + names);
         }
         selected_.push_back(static_cast<std::size_t>(at - columns.begin()));
         left.push_back(*at);

@@ -23,9 +23,10 @@ class FeatureFilter {
 public:
     explicit FeatureFilter(FilterSettings settings) : settings_(std::move(settings)) {}
 
-    // The columns that are left of a layer's. Throws Failure, with the names there are, for one
-    // that is not among them.
-    std::vector<LayerColumn> SelectColumns(const std::vector<LayerColumn>& columns);
+    // The columns that are left of a layer's. Throws Failure, with subject and the names there are,
+    // for one that is not among them.
+    std::vector<LayerColumn> SelectColumns(const std::vector<LayerColumn>& columns,
+                                           const std::string& subject);
 
     // Whether the feature's box meets the one that is asked for.
     bool Wants(const Feature& feature) const;

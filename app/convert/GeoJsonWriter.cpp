@@ -164,7 +164,8 @@ void GeoJsonWriter::Write(Feature& feature) {
 
 bool GeoJsonWriter::Finish() {
     if (form_ == GeoJsonForm::Collection) {
-        output_.Write(isBegun_ ? "\n]}\n" : "{\"type\":\"FeatureCollection\",\"features\":[]}\n");
+        const char* const end = count_ > 0 ? "\n]}\n" : "]}\n";
+        output_.Write(isBegun_ ? end : "{\"type\":\"FeatureCollection\",\"features\":[]}\n");
     } else {
         output_.Write("");
     }

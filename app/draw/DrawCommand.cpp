@@ -80,13 +80,14 @@ PictureFormat FormatFor(const DrawArguments& arguments, const std::string& outpu
     throw UsageError("'" + output + "': the picture comes last and ends in .svg, .png or .pdf");
 }
 
-int CheckedSide(const char* option, int side) {
-    if (side < 0 || side > kLargestPageSide) {
+// 0 for a side that is not given.
+int CheckedSide(const char* option, std::optional<int> side) {
+    if (side && (*side < 1 || *side > kLargestPageSide)) {
         throw UsageError(std::string(option) + " must be from 1 to " +
                          std::to_string(kLargestPageSide) + " pixels; found " +
-                         std::to_string(side));
+                         std::to_string(*side));
     }
-    return side;
+    return side.value_or(0);
 }
 
 }  // namespace

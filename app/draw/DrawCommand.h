@@ -4,6 +4,7 @@
 #include "app/Commands.h"
 #include "app/draw/DrawRun.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,8 @@ namespace app {
 struct DrawArguments {
     std::vector<std::string> files;  // the inputs, then the output
     std::string format;              // empty: by the output's extension
-    int width = 0;
-    int height = 0;
+    std::optional<int> width;        // none: what suits the map
+    std::optional<int> height;
     double margin = 12.0;
     std::string bbox;  // empty: none
     std::string background = "white";

@@ -7,7 +7,11 @@
 #include "app/draw/ExtentCollector.h"
 #include "app/draw/LayerSystems.h"
 
+#include <array>
+#include <charconv>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace app {
 
@@ -100,6 +104,55 @@ private:
     LayerSystems& systems_;
 };
 
+// Paints, and collects the extent on the way.
+class WatchedPainter : public LayerTarget {
+public:
+    explicit WatchedPainter(MapPainter& painter) : painter_(painter) {}
+
+    void BeginLayer(std::size_t layer) override {
+        painter_.BeginLayer(layer);
+        collector_.BeginLayer(layer);
+    }
+    void SetTransform(PointTransform transform) override {
+        painter_.SetTransform(transform);
+        collector_.SetTransform(std::move(transform));
+    }
+    void Add(const zeio::TrBase& object) override {
+        painter_.Add(object);
+        collector_.Add(object);
+    }
+
+    std::optional<shr::Box2d> Extent() const { return collector_.Extent(); }
+
+private:
+    MapPainter& painter_;
+    ExtentCollector collector_;
+};
+
+constexpr int kShownDigits = 8;
+
+std::string CornersOf(const shr::Box2d& box) {
+    std::string text;
+    for (const double number : {box.minX, box.minY, box.maxX, box.maxY}) {
+        std::array<char, 32> digits{};
+        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                       std::chars_format::general, kShownDigits);
+        text += text.empty() ? "" : ",";
+        text.append(digits.data(), end.ptr);
+    }
+    return text;
+}
+
+// A picture of nothing is most often a box in other coordinates.
+void WarnOfEmptyBox(const shr::Box2d& box, const std::optional<shr::Box2d>& extent,
+                    Reporter& reporter) {
+    if (extent && (extent->maxX < box.minX || extent->minX > box.maxX || extent->maxY < box.minY ||
+                   extent->minY > box.maxY)) {
+        reporter.Warning("no object lies in --bbox " + CornersOf(box) +
+                         "; the map, in the coordinates of the picture, is " + CornersOf(*extent));
+    }
+}
+
 shr::Box2d ExtentOf(const DrawOptions& options, LayerReader& reader, Reporter& reporter) {
     ExtentCollector collector;
     reader.Read(collector, reporter);
@@ -128,6 +181,10 @@ std::unique_ptr<gcs::CSDef> NamedSystem(const std::string& definition, Reporter&
 }  // namespace
 
 int RunDraw(const DrawOptions& options, Reporter& reporter) {
+    for (const std::string& input :
+         options.output == "-" ? std::vector<std::string>() : options.inputs) {
+        CheckNotInput(PathFromArgument(input), PathFromArgument(options.output));
+    }
     OutputFile output(PathFromArgument(options.output), options.ifExists);
     LayerSystems systems(NamedSystem(options.crs, reporter));
     LayerReader reader(options, systems);
@@ -148,7 +205,13 @@ int RunDraw(const DrawOptions& options, Reporter& reporter) {
     canvas.Fill(options.background);
     MapPainter painter(canvas.Context(), Viewport(world, stretchX, page, options.page.margin),
                        options.styleSource);
-    reader.Read(painter, options.bbox ? reporter : silent);
+    if (options.bbox) {
+        WatchedPainter watched(painter);
+        reader.Read(watched, reporter);
+        WarnOfEmptyBox(world, watched.Extent(), reporter);
+    } else {
+        reader.Read(painter, silent);
+    }
     canvas.Finish();
     output.Finish();
     reporter.Detail(options.output + ": " + std::to_string(page.width) + " x " +

@@ -30,7 +30,11 @@ void GeoPackageWriter::BeginLayer(const std::string& wantedName,
                                   const std::vector<LayerColumn>& columns,
                                   const SpatialReference& reference) {
     EndLayer();
-    layerName_ = names_.Take(TableNameFor(wantedName), "layer");
+    const std::string tableName = TableNameFor(wantedName);
+    layerName_ = names_.Take(tableName, "layer");
+    if (layerName_ != tableName) {
+        reporter_.Note(subject_ + ": layer " + CleanText(tableName) + " is called " + layerName_);
+    }
     layer_.emplace(database_, layerName_, columns, IdOf(reference));
 }
 

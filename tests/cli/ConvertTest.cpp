@@ -199,6 +199,42 @@ TEST(ConvertToGeoJson, NamesTheColumnsThereAreForOneThereIsNot) {
     EXPECT_TRUE(sandbox.Names().empty());
 }
 
+TEST(ConvertToGeoJson, TakesTheCornersOfTheBoxInAnyOrder) {
+    const Sandbox sandbox;
+    const std::string in = cli::Sample("island-places.mif");
+
+    const Json ordered = GeoJsonOf(sandbox, {"--bbox", "23,58.4,23.5,58.6", in});
+    const Json reversed = GeoJsonOf(sandbox, {"--bbox", "23.5,58.6,23,58.4", in});
+
+    EXPECT_FALSE(ordered["features"].empty());
+    EXPECT_EQ(ordered, reversed);
+}
+
+TEST(ConvertToGeoJson, SaysSoWhenNothingMeetsTheBox) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"convert", "--bbox", "1,2,3,4", cli::Sample("island-places.mif"), "-"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(Json::parse(result.out)["features"].size(), 0U);
+    EXPECT_EQ(result.err, "qolf: warning: " + cli::Sample("island-places.mif") +
+                              ": no object meets --bbox, whose numbers are coordinates of the "
+                              "output; an empty layer is written\n");
+}
+
+TEST(ConvertToGeoJson, TakesNothingWithALimitOfNone) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"convert", "--limit", "0", cli::Sample("island-places.mif"), "-"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out,
+              "{\"type\":\"FeatureCollection\",\"name\":\"island-places\",\"features\":[\n]}\n");
+    EXPECT_EQ(result.err, "");
+}
+
 TEST(ConvertToGeoJson, WritesAFeatureALine) {
     const Sandbox sandbox;
 
@@ -532,6 +568,17 @@ TEST(ConvertToAPackage, MakesALayerOfEachFileAndReadsThemBack) {
     EXPECT_EQ(back["features"][0], direct["features"][0]);
 }
 
+TEST(ConvertToAPackage, TellsTheNameOfALayerWhoseOwnIsTaken) {
+    const Sandbox sandbox;
+    const std::string in = cli::Sample("island-ways.mif");
+
+    const Result result = sandbox.Qolf({"convert", in, in, "maps.gpkg"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "qolf: note: maps.gpkg: layer island-ways is called island-ways_2\n");
+    EXPECT_EQ(GeoJsonOf(sandbox, {"--layer", "island-ways_2", "maps.gpkg"})["features"].size(), 7U);
+}
+
 struct UsageRow {
     std::string name;
     std::vector<std::string> arguments;
@@ -576,6 +623,39 @@ INSTANTIATE_TEST_SUITE_P(
                  {"convert", "--bbox", "1,2,3", "empty.mif", "o.geojson"},
                  2,
                  "four numbers"},
+        UsageRow{"AnExtensionThatIsNoMap", {"convert", "there.txt", "o.geojson"}, 2, "there.txt"},
+        UsageRow{"AFolder", {"convert", ".", "o.geojson"}, 2, ".: is a folder; --output-dir"},
+        UsageRow{"APackageOnAStream",
+                 {"convert", "--to", "gpkg", "empty.mif", "-"},
+                 2,
+                 "can't go to standard output"},
+        UsageRow{"SeveralInputsForOneFile",
+                 {"convert", "empty.mif", "there.geojson", "o.geojson"},
+                 2,
+                 "only as a GeoPackage"},
+        UsageRow{"AnOutputFolderWithoutAFormat",
+                 {"convert", "--output-dir", "o", "empty.mif"},
+                 2,
+                 "needs --to"},
+        UsageRow{"AnUnknownColumn",
+                 {"convert", "--select", "nix", cli::Sample("island.mif"), "o.geojson"},
+                 1,
+                 "island.mif: there is no column \"nix\"; the columns are: name, kind, area_km2"},
+        UsageRow{
+            "ANegativeLimit", {"convert", "--limit", "-1", "empty.mif", "o.mif"}, 2, "--limit"},
+        UsageRow{"TooFewSegments", {"convert", "--segments", "1", "empty.mif", "o.mif"}, 2, "4 to"},
+        UsageRow{"NoJobs",
+                 {"convert", "--jobs", "0", "--to", "mif", "--output-dir", "o", "empty.mif"},
+                 2,
+                 "1 to 256"},
+        UsageRow{"JobsWithoutAFolder",
+                 {"convert", "--jobs", "2", "empty.mif", "o.geojson"},
+                 2,
+                 "--jobs requires --output-dir"},
+        UsageRow{"ResumingWithoutAFolder",
+                 {"convert", "--resume", "empty.mif", "o.geojson"},
+                 2,
+                 "--resume requires --output-dir"},
         UsageRow{"AnUnknownEncoding",
                  {"convert", "--encoding", "EBCDIC-XY", "empty.mif", "o.geojson"},
                  2,

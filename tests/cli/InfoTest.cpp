@@ -160,7 +160,7 @@ struct BrokenRow {
 
 class InfoOfABrokenFile : public testing::TestWithParam<BrokenRow> {};
 
-TEST_P(InfoOfABrokenFile, GivesTheModulesReason) {
+TEST_P(InfoOfABrokenFile, GivesTheModulesReasonAndWhatToDo) {
     const Sandbox sandbox;
     sandbox.Write("a.mif", GetParam().text);
 
@@ -171,12 +171,30 @@ TEST_P(InfoOfABrokenFile, GivesTheModulesReason) {
     EXPECT_EQ(result.err, "qolf: error: Can't import 'a.mif'.  " + GetParam().error + "\n");
 }
 
+const std::string kCheckSaysMore = "'qolf check a.mif' says more.";
+const std::string kClauseRefused =
+    "Unrecognized/invalid parameters while parsing COORDSYS section of file header. ";
+
 const BrokenRow kBroken[] = {
-    {"Empty", "", "End of file encountered while reading file header."},
-    {"NoVersion", "Charset \"Neutral\"\nData\n", "VERSION section missing from file header."},
-    {"NothingElse", "Version 300\nData\n", "Corrupt or incomplete file header."},
+    {"Empty", "", "End of file encountered while reading file header. " + kCheckSaysMore},
+    {"NoVersion", "Charset \"Neutral\"\nData\n",
+     "VERSION section missing from file header. " + kCheckSaysMore},
+    {"NothingElse", "Version 300\nData\n", "Corrupt or incomplete file header. " + kCheckSaysMore},
     {"UnknownProjection", "Version 300\nCoordSys Earth Projection 2, 104\nData\n",
-     "Unrecognized/invalid parameters while parsing COORDSYS section of file header."},
+     kClauseRefused + "Projection code 2 is Cylindrical Equal Area. Read the geometry with 'qolf "
+                      "convert --assume-crs EPSG:…' and name the coordinate system there."},
+    {"AProjectionWithASystemOfItsOwn",
+     "Version 300\nCoordSys Earth Projection 24, 1016, \"m\", 27, 0, 1, 3500000, 0\nData\n",
+     kClauseRefused + "Projection code 24 is the Finnish KKJ variant of Transverse Mercator "
+                      "(Gauss-Kruger). Name the system with 'qolf convert --assume-crs "
+                      "EPSG:2393', or the code of the zone that is meant."},
+    {"AProjectionWithAnEqual",
+     "Version 300\nCoordSys Earth Projection 34, 104, \"m\", 27, 0, 1, 500000, 0\nData\n",
+     kClauseRefused + "Projection code 34 is Extended Transverse Mercator, an exact form of "
+                      "projection 8. Let --fix rewrite the code as 8, which means the same, or "
+                      "name the system with 'qolf convert --assume-crs EPSG:…'."},
+    {"NoCommaBehindTheProjection", "Version 300\nCoordSys Earth Projection 8\nData\n",
+     kClauseRefused + kCheckSaysMore},
 };
 INSTANTIATE_TEST_SUITE_P(, InfoOfABrokenFile, testing::ValuesIn(kBroken),
                          [](const auto& row) { return row.param.name; });

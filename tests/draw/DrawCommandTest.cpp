@@ -87,6 +87,8 @@ INSTANTIATE_TEST_SUITE_P(
                    "a MIF file can't come from standard input: its .mid stands beside it"},
         RefusalRow{"AHugeWidth", [](auto& a) { a.width = 20000; },
                    "--width must be from 1 to 16384 pixels; found 20000"},
+        RefusalRow{"NoWidth", [](auto& a) { a.width = 0; },
+                   "--width must be from 1 to 16384 pixels; found 0"},
         RefusalRow{"ANegativeHeight", [](auto& a) { a.height = -1; },
                    "--height must be from 1 to 16384 pixels; found -1"},
         RefusalRow{"ANegativeMargin", [](auto& a) { a.margin = -0.5; },
