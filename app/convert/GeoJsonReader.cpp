@@ -250,14 +250,12 @@ private:
             return Emit(GeometryKind::Points);
         }
         if (type == "LineString") {
-            AddPositions(coordinates);
-            return Emit(GeometryKind::Line);
+            return EmitLine(coordinates);
         }
         if (type == "MultiLineString") {
             std::size_t count = 0;
             for (const Json& line : coordinates) {
-                AddPositions(line);
-                count += Emit(GeometryKind::Line);
+                count += EmitLine(line);
             }
             return count;
         }
@@ -303,6 +301,14 @@ private:
                 feature_.partSizes.push_back(feature_.points.size() - before);
             }
         }
+    }
+
+    std::size_t EmitLine(const Json& positions) {
+        AddPositions(positions);
+        if (feature_.points.size() == 1) {
+            throw GeometryError("a line has one position only");
+        }
+        return Emit(GeometryKind::Line);
     }
 
     std::size_t Emit(GeometryKind kind) {

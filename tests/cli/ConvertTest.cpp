@@ -423,7 +423,10 @@ INSTANTIATE_TEST_SUITE_P(
                   "a position is no array of two or more numbers"},
         FaultyRow{"FlatRing",
                   CollectionOf(FeatureOf(R"({"type":"Polygon","coordinates":[[1,2],[3,4]]})")),
-                  "a position is no array"}),
+                  "a position is no array"},
+        FaultyRow{"LineOfOnePosition",
+                  CollectionOf(FeatureOf(R"({"type":"LineString","coordinates":[[1,2]]})")),
+                  "feature 1: a line has one position only"}),
     [](const auto& row) { return row.param.name; });
 
 TEST(ConvertFromGeoJson, WritesAProjectedSystemWhenTold) {
