@@ -1,10 +1,8 @@
 #include "tests/cli/CliRun.h"
+#include "tests/support/FileSizeLimit.h"
 
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
-
-#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -232,27 +230,6 @@ TEST(Replay, TracesAnExportWithoutGraphicObjectsWithTheAnswerOne) {
     EXPECT_TRUE(sandbox.Names().empty());
 }
 
-// Lowers the largest size of a file for the commands that are started meanwhile.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) : previousHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &previous_);
-        rlimit lowered = previous_;
-        lowered.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &lowered);
-    }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &previous_);
-        std::signal(SIGXFSZ, previousHandler_);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit previous_{};
-    void (*previousHandler_)(int);
-};
-
 TEST(Replay, TracesAFailedWriteAsTheLastCallButTheEndOfTheProgress) {
     const Sandbox sandbox;
     std::string vertices = "[0,0,0]";
@@ -260,7 +237,7 @@ TEST(Replay, TracesAFailedWriteAsTheLastCallButTheEndOfTheProgress) {
         vertices += ",[0.1,0.2,0]";
     }
     sandbox.Write("in.jsonl", "{\"type\":\"TrPolyline\",\"vertices\":[" + vertices + "]}\n");
-    const FileSizeLimit limit(32 * 1024);
+    const support::FileSizeLimit limit(32 * 1024);
 
     const Result result = sandbox.Qolf({"replay", "--no-store", "--trace", "in.jsonl", "out.mif"});
 

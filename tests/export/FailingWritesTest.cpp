@@ -3,14 +3,13 @@
 #include "host/zeio/Errors.h"
 #include "standalone/Log.h"
 #include "tests/export/ExportRun.h"
+#include "tests/support/FileSizeLimit.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <filesystem>
 #include <string>
-#include <sys/resource.h>
 #include <vector>
 
 namespace mif::test {
@@ -18,28 +17,6 @@ namespace mif::test {
 namespace {
 
 using testing::IsEmpty;
-
-// Lowers the largest size that a file of this process may have, for a while.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        previousHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &previous_);
-        rlimit lowered = previous_;
-        lowered.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &lowered);
-    }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &previous_);
-        std::signal(SIGXFSZ, previousHandler_);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit previous_{};
-    void (*previousHandler_)(int) = nullptr;
-};
 
 // Some 140 KiB in each file, so that their buffers fill more than once; with pens to patch, a
 // version to patch, and columns to declare again.
@@ -107,7 +84,7 @@ template <class Export> std::vector<rlim_t> LimitsThatGoWrong(Export exportDrawi
         ExportRun run;
         Outcome outcome;
         {
-            const FileSizeLimit lowered(limit);
+            const support::FileSizeLimit lowered(limit);
             outcome = RunExport(run, [&] { exportDrawing(run); });
         }
         if (outcome.error.empty() || !outcome.hasPath || outcome.hasFiles) {
@@ -132,7 +109,7 @@ TEST(AFileSizeLimit, OfTheFilesSizeIsNoObstacle) {
     ExportDrawing(whole);
     ExportRun run;
     {
-        const FileSizeLimit lowered(std::max(whole.Mif().size(), whole.Mid().size()));
+        const support::FileSizeLimit lowered(std::max(whole.Mif().size(), whole.Mid().size()));
         ExportDrawing(run);
     }
 
