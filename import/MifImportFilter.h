@@ -123,6 +123,7 @@ private:
     void ReadMultipoint();
     void ReadRect();
     void ReadRoundRect();
+    void HandOverRectangle(const shr::Box2d& box, double radius, MifStyleRecord& style);
     void ReadEllipse();
     void ReadArc();
     void HandOverArc(const shr::Box2d& box, const shr::Vec2d& start, const shr::Vec2d& end);

@@ -316,17 +316,7 @@ void MifImportFilter::ReadRect() {
     ParseStyleClauses(style);
     // Kept: read a second time, which finds nothing more.
     ParseStyleClauses(style);
-    HandOverPenAndBrush(style);
-
-    zeio::TrRectangle& rectangle = objects_->rectangle;
-    rectangle.x1 = box.minX;
-    rectangle.y1 = box.minY;
-    rectangle.x2 = box.maxX;
-    rectangle.y2 = box.maxY;
-    rectangle.radiusX = 0.0;
-    rectangle.radiusY = 0.0;
-    ReadRowAttributes(&rectangle.attributes);
-    ImportObject(rectangle);
+    HandOverRectangle(box, 0.0, style);
 }
 
 void MifImportFilter::ReadRoundRect() {
@@ -339,8 +329,12 @@ void MifImportFilter::ReadRoundRect() {
     reader_.NextLine();
     MifStyleRecord style;
     ParseStyleClauses(style);
-    HandOverPenAndBrush(style);
+    HandOverRectangle(box, radius, style);
+}
 
+void MifImportFilter::HandOverRectangle(const shr::Box2d& box, double radius,
+                                        MifStyleRecord& style) {
+    HandOverPenAndBrush(style);
     zeio::TrRectangle& rectangle = objects_->rectangle;
     rectangle.x1 = box.minX;
     rectangle.y1 = box.minY;
