@@ -72,7 +72,8 @@ std::optional<std::int64_t> EqualProjection(std::int64_t code) {
 
 std::string AdviceForProjection(std::int64_t code) {
     if (const std::optional<std::int64_t> equal = EqualProjection(code)) {
-        return "Let --fix rewrite the code as " + std::to_string(*equal) +
+        return "Let --fix of 'qolf check' or 'qolf convert' rewrite the code as " +
+               std::to_string(*equal) +
                ", which means the same, or name the system with 'qolf convert --assume-crs "
                "EPSG:…'.";
     }

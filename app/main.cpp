@@ -3,6 +3,7 @@
 // command line is wrong.
 #include "app/Commands.h"
 #include "app/Errors.h"
+#include "app/Output.h"
 #include "app/platform/System.h"
 #include "host/shr/IError.h"
 #include "standalone/Text.h"
@@ -10,6 +11,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <sstream>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -58,21 +61,34 @@ const CLI::App* FindCommand(const CLI::App& program, const std::string& name) {
     return nullptr;
 }
 
+// The program's own help, also when a command was parsed, whose help App::help gives.
+std::string HelpOf(const CLI::App& program) {
+    return program.get_formatter()->make_help(&program, program.get_name(),
+                                              CLI::AppFormatMode::Normal);
+}
+
+// Throws Failure when standard output takes no more.
+int Print(const std::string& text) {
+    app::OutputFile out("-", app::IfExists::Overwrite);
+    out.Write(text);
+    out.Finish();
+    return 0;
+}
+
 void AddHelpCommand(CLI::App& program, GlobalOptions& options, app::CommandContext& context) {
     CLI::App* help = program.add_subcommand("help", "Explain a command");
     help->add_option("command", options.helpTopic, "The command to explain")->type_name("COMMAND");
     help->callback([&program, &options, &context] {
         context.run = [&program, &options] {
             if (options.helpTopic.empty()) {
-                std::cout << program.help() << std::flush;
-                return 0;
+                return Print(HelpOf(program));
             }
             const CLI::App* command = FindCommand(program, options.helpTopic);
             if (command == nullptr) {
-                throw app::UsageError("there is no command " + options.helpTopic);
+                throw app::UsageError("there is no command '" + options.helpTopic +
+                                      "'; qolf --help lists them");
             }
-            std::cout << command->help(program.get_name()) << std::flush;
-            return 0;
+            return Print(command->help(program.get_name()));
         };
     });
 }
@@ -129,6 +145,22 @@ int RunCommand(app::CommandContext& context) {
     return kDataError;
 }
 
+// What the parser objects to, and where the answer is.
+std::string UsageProblem(const CLI::App& program, const CLI::ParseError& error) {
+    constexpr std::string_view kRequired = " is required";
+    std::string text = error.what();
+    if (text.ends_with(kRequired)) {
+        text.resize(text.size() - kRequired.size());
+        text = text == "files" ? "no file is named" : text + " is missing";
+    }
+    const std::vector<CLI::App*> commands = program.get_subcommands();
+    if (commands.empty()) {
+        return text + "; see qolf --help";
+    }
+    const std::string command = commands.front()->get_name();
+    return command + ": " + text + "; see qolf help " + command;
+}
+
 int ParseAndRun(CLI::App& program, std::vector<std::string> arguments, const GlobalOptions& options,
                 app::CommandContext& context) {
     try {
@@ -136,9 +168,14 @@ int ParseAndRun(CLI::App& program, std::vector<std::string> arguments, const Glo
         program.parse(arguments);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) {
-            return program.exit(error, std::cout, std::cerr);  // --help and --version
+            context.run = [&] {  // --help and --version
+                std::ostringstream text;
+                program.exit(error, text, text);
+                return Print(text.str());
+            };
+            return RunCommand(context);
         }
-        context.reporter.Error(std::string(error.what()) + "; see qolf --help");
+        context.reporter.Error(UsageProblem(program, error));
         return kUsageError;
     }
     ApplyGlobalOptions(options, context);
@@ -173,6 +210,10 @@ int main(int argc, char** argv) {
     // The parser alone would only say that a command is missing.
     if (!command.empty() && FindCommand(program, command) == nullptr) {
         context.reporter.Error("there is no command '" + command + "'; qolf --help lists them");
+        return kUsageError;
+    }
+    if (arguments.empty()) {
+        std::cerr << HelpOf(program);
         return kUsageError;
     }
     return ParseAndRun(program, std::move(arguments), options, context);

@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -74,17 +75,63 @@ TEST(TheCommandLine, NamesACommandThatThereIsNot) {
     EXPECT_EQ(result.err, "qolf: error: there is no command 'covnert'; qolf --help lists them\n");
 }
 
-TEST(TheCommandLine, NeedsACommand) {
+TEST(TheCommandLine, ExplainsItselfWhenNothingIsAsked) {
     const Sandbox sandbox;
 
-    EXPECT_EQ(sandbox.Qolf({}).exitCode, 2);
+    const Result result = sandbox.Qolf({});
+
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, sandbox.Qolf({"--help"}).out);
 }
 
-TEST(TheCommandLine, NeedsAFileForInfo) {
+TEST(TheCommandLine, ExplainsTheProgramUnderHelpAlone) {
     const Sandbox sandbox;
 
-    EXPECT_EQ(sandbox.Qolf({"info"}).exitCode, 2);
+    const Result result = sandbox.Qolf({"help"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, sandbox.Qolf({"--help"}).out);
+    EXPECT_NE(result.out.find("Examples:"), std::string::npos) << result.out;
 }
+
+struct UsageRow {
+    std::string name;  // letters and digits
+    std::vector<std::string> arguments;
+    std::string error;
+};
+
+class AWrongCommandLine : public testing::TestWithParam<UsageRow> {};
+
+TEST_P(AWrongCommandLine, IsToldInALineThatNamesTheHelp) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf(GetParam().arguments);
+
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "qolf: error: " + GetParam().error + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , AWrongCommandLine,
+    testing::Values(
+        UsageRow{"OptionsWithoutACommand", {"--quiet"}, "A subcommand is missing; see qolf --help"},
+        UsageRow{"InfoOfNothing", {"info"}, "info: no file is named; see qolf help info"},
+        UsageRow{
+            "ConversionOfNothing", {"convert"}, "convert: no file is named; see qolf help convert"},
+        UsageRow{"TraceOfNothing", {"trace"}, "trace: file is missing; see qolf help trace"},
+        UsageRow{"ReplayIntoNothing",
+                 {"replay", "a.jsonl"},
+                 "replay: output is missing; see qolf help replay"},
+        UsageRow{"CheckOfNothing", {"check"}, "check needs one or more MIF files"},
+        UsageRow{"ABoxOfWords",
+                 {"convert", "--bbox", "a,b,c,d", "a.mif", "b.mif"},
+                 "convert: --bbox: \"a\" is no number; see qolf help convert"},
+        UsageRow{"HelpForNoCommand",
+                 {"help", "me"},
+                 "there is no command 'me'; qolf --help lists them"}),
+    [](const auto& row) { return row.param.name; });
 
 TEST(TheCommandLine, NamesAModuleThatThereIsNot) {
     const Sandbox sandbox;

@@ -191,7 +191,8 @@ const BrokenRow kBroken[] = {
     {"AProjectionWithAnEqual",
      "Version 300\nCoordSys Earth Projection 34, 104, \"m\", 27, 0, 1, 500000, 0\nData\n",
      kClauseRefused + "Projection code 34 is Extended Transverse Mercator, an exact form of "
-                      "projection 8. Let --fix rewrite the code as 8, which means the same, or "
+                      "projection 8. Let --fix of 'qolf check' or 'qolf convert' rewrite the "
+                      "code as 8, which means the same, or "
                       "name the system with 'qolf convert --assume-crs EPSG:…'."},
     {"NoCommaBehindTheProjection", "Version 300\nCoordSys Earth Projection 8\nData\n",
      kClauseRefused + kCheckSaysMore},
