@@ -75,12 +75,10 @@ public:
     // that can't be read, without the HDR_… keys for one that is no MIF file.
     zeio::ImportFileInfo GetFileInfo(int detail, const std::wstring& path) override;
 
-    // Reads the whole pair: hands over the start of the graphics, the coordinate system, the
-    // column names and then each object with its pen, brush or font and its row of the .mid file.
     // Hands the whole file to the host: the start of graphics, the coordinate system of an Earth
-    // file, the column names if there are any, then the objects in their order. Header warnings
-    // reach the host as one text. Fails with the reader's error, an invalid object, or whatever the
-    // host throws.
+    // file, the column names if there are any, then the objects in their order, each behind its
+    // styles and with its row of the .mid file. Header warnings reach the host as one text. Fails
+    // with the reader's error, an invalid object, or whatever the host throws.
     void Import(const std::wstring& path) override;
 
     // Edits the options in a modal dialog (import/MifImportDlg.h). True when the user accepted
