@@ -166,7 +166,9 @@ private:
             return ReadColumns();
         }
         if (Is(keyword, "bounds")) {
-            ReadBounds();
+            if (ReadBounds()) {
+                header_.ownBounds = header_.bounds;
+            }
         } else if (Is(keyword, "version") && tokens_.Next()) {
             header_.version = WholeNumber(tokens_.Token());
         } else if (Is(keyword, "charset") && tokens_.Next()) {
@@ -193,22 +195,23 @@ private:
     }
 
     // Bounds (x1, y1) (x2, y2), with the keyword as the current token.
-    void ReadBounds() {
+    bool ReadBounds() {
         static constexpr const char* kShape[] = {"(", nullptr, ",", nullptr, ")",
                                                  "(", nullptr, ",", nullptr};
         double numbers[4] = {};
         int count = 0;
         for (const char* expected : kShape) {
             if (!Advance()) {
-                return;
+                return false;
             }
             if (expected == nullptr) {
                 numbers[count++] = NumberOrSigned();
             } else if (tokens_.Token() != expected) {
-                return;
+                return false;
             }
         }
         header_.bounds = MifHeader::Bounds{numbers[0], numbers[1], numbers[2], numbers[3]};
+        return true;
     }
 
     // Some writers put a blank behind the minus sign.
@@ -273,7 +276,7 @@ private:
     bool FinishCoordSys() {
         while (!tokens_.AtLineEnd()) {
             if (Is(tokens_.Token(), "bounds")) {
-                ReadBounds();
+                static_cast<void>(ReadBounds());  // what it reads is in the header
             } else if (Is(tokens_.Token(), "units") && Advance() && !tokens_.AtLineEnd()) {
                 header_.unitsText = tokens_.Token();
             }

@@ -51,6 +51,7 @@ struct MifHeader {
     };
     std::optional<Bounds>
         bounds;  // of a Bounds clause, on a line of its own or in the CoordSys one
+    std::optional<Bounds> ownBounds;  // of the last one on a line of its own: the module's
     std::vector<Column> columns;
     bool hasData = false;          // the keyword Data was found
     std::uint64_t dataOffset = 0;  // bytes from the start: the line after Data

@@ -70,6 +70,11 @@ public:
             const std::string& file = options_.inputs[layer];
             bool isPlaced = false;
             target.BeginLayer(layer);
+            const MifHeader header = ScanHeader(PathFromArgument(file));
+            if (header.ownBounds) {
+                const MifHeader::Bounds& bounds = *header.ownBounds;
+                target.SetBounds({bounds.minX, bounds.minY, bounds.maxX, bounds.maxY});
+            }
             RunImport(SettingsFor(file, options_), reporter, [&](const zeio::TrBase& object) {
                 if (const gcs::CSDef* system = SystemIn(object)) {
                     isPlaced = true;
@@ -117,6 +122,7 @@ public:
         painter_.SetTransform(transform);
         collector_.SetTransform(std::move(transform));
     }
+    void SetBounds(const shr::Box2d& bounds) override { painter_.SetBounds(bounds); }
     void Add(const zeio::TrBase& object) override {
         painter_.Add(object);
         collector_.Add(object);

@@ -17,6 +17,9 @@ public:
     virtual void BeginLayer(std::size_t layer) = 0;
     virtual void SetTransform(PointTransform transform) = 0;
 
+    // The Bounds line of the layer's header, by which the module grades pens.
+    virtual void SetBounds(const shr::Box2d&) {}
+
     // Takes one object of the layer, and keeps nothing of it but styles.
     virtual void Add(const zeio::TrBase& object) = 0;
 };

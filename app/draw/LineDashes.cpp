@@ -7,12 +7,11 @@
 
 namespace app {
 
-double PenWidthOnPage(const zeio::TrPen& pen, double pixelsPerUnit, double widest) {
+double PenWidthOnPage(const zeio::TrPen& pen, double widest) {
     if (!std::isfinite(pen.width) || pen.width <= 0.0) {
         return kHairline;
     }
-    const double pixels = pen.width * (pen.isRelative ? pixelsPerUnit : kPixelsPerInch);
-    return std::isnan(pixels) ? kHairline : std::clamp(pixels, kThinnestPen, widest);
+    return std::clamp(pen.width * kPixelsPerInch, kThinnestPen, widest);
 }
 
 std::vector<double> DashesOnPage(const zeio::TrPen& pen, double widthPixels) {

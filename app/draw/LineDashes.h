@@ -10,9 +10,9 @@ namespace app {
 inline constexpr double kHairline = 1.0;     // pixels: the thinnest line
 inline constexpr double kThinnestPen = 0.5;  // pixels: of pens that have a width
 
-// The width of the pen on the page. pixelsPerUnit is the scale of the place where it draws;
-// widest is the limit of what is drawn. A width that is no number, or below 0, is a hairline.
-double PenWidthOnPage(const zeio::TrPen& pen, double pixelsPerUnit, double widest);
+// The width on the page of a pen in inches. widest is the limit of what is drawn. A width that is
+// no number, or not above 0, is a hairline.
+double PenWidthOnPage(const zeio::TrPen& pen, double widest);
 
 // The lengths of dash, gap, dash, ... in pixels under a pen of that width; empty for a solid
 // line, which is also what lengths that make no pattern or one too fine to be seen give.

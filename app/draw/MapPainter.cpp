@@ -20,10 +20,6 @@ constexpr double kUsualOutlineWidth = 0.75;  // pixels
 // than its length.
 constexpr std::size_t kStrokePiece = 4096;
 
-shr::Vec2d FirstOf(const std::vector<shr::Vec3d>& vertices) {
-    return vertices.empty() ? shr::Vec2d{} : shr::Vec2d{vertices.front().x, vertices.front().y};
-}
-
 }  // namespace
 
 MapPainter::MapPainter(cairo_t* context, const Viewport& viewport, StyleSource styleSource)
@@ -41,6 +37,11 @@ void MapPainter::BeginLayer(std::size_t layer) {
     textColor_.reset();
     beforeText_.reset();
     font_ = zeio::TrFont();
+    penScale_.BeginLayer();
+}
+
+void MapPainter::SetBounds(const shr::Box2d& bounds) {
+    penScale_.SetBounds(bounds);
 }
 
 void MapPainter::SetTransform(PointTransform transform) {
@@ -48,6 +49,9 @@ void MapPainter::SetTransform(PointTransform transform) {
 }
 
 void MapPainter::Add(const zeio::TrBase& object) {
+    if (styleSource_ == StyleSource::Objects) {
+        penScale_.Add(object);
+    }
     const shr::CTypeInfo* const type = object.GetTypeId();
     if (type == zeio::TrPen::GetClassTypeId()) {
         SetPen(static_cast<const zeio::TrPen&>(object));
@@ -99,7 +103,7 @@ void MapPainter::BeginGeometry() {
 
 void MapPainter::DrawPolyline(const zeio::TrPolyline& polyline) {
     BeginGeometry();
-    const Stroke stroke = StrokeAt(FirstOf(polyline.vertices), kUsualLineWidth);
+    const Stroke stroke = StrokeOf(kUsualLineWidth);
     const PagePath path = PathOf(std::span<const shr::Vec3d>(polyline.vertices));
     DrawLines(CutLine(path, GuardBoxOf(view_.Page())), stroke);
 }
@@ -109,17 +113,17 @@ void MapPainter::DrawPolygon(const zeio::TrPolygon& polygon) {
     for (const std::span<const shr::Vec3d> ring : RingsOf(polygon)) {
         rings.push_back(RingOf(ring));
     }
-    DrawArea(rings, FirstOf(polygon.vertices));
+    DrawArea(rings);
 }
 
 void MapPainter::DrawRectangle(const zeio::TrRectangle& rectangle) {
     const std::vector<shr::Vec2d> outline = OutlineOf(rectangle);
-    DrawArea({RingOf(std::span<const shr::Vec2d>(outline))}, {rectangle.x1, rectangle.y1});
+    DrawArea({RingOf(std::span<const shr::Vec2d>(outline))});
 }
 
 void MapPainter::DrawEllipse(const zeio::TrEllipse& ellipse) {
     const std::vector<shr::Vec2d> outline = OutlineOf(ellipse);
-    DrawArea({RingOf(std::span<const shr::Vec2d>(outline))}, {ellipse.x1, ellipse.y1});
+    DrawArea({RingOf(std::span<const shr::Vec2d>(outline))});
 }
 
 void MapPainter::DrawMarkers(const zeio::TrMarkerSet& markers) {
@@ -157,26 +161,25 @@ template <typename Point> PagePath MapPainter::RingOf(std::span<const Point> poi
     return CutRing(ring, GuardBoxOf(view_.Page()));
 }
 
-MapPainter::Stroke MapPainter::StrokeAt(const shr::Vec2d& place, double usualWidth) const {
+MapPainter::Stroke MapPainter::StrokeOf(double usualWidth) const {
     if (!pen_) {
         return {.color = colors_.line, .width = usualWidth, .dashes = {}};
     }
     if (pen_->style == zeio::TrPen::Style::NoLine) {
         return {};
     }
-    const double pixelsPerUnit =
-        pen_->isRelative && pen_->width > 0.0 ? view_.LengthOnPage(place, 1.0) : 0.0;
-    const double width = PenWidthOnPage(*pen_, pixelsPerUnit, WidestPen(view_.Page()));
+    const double width =
+        pen_->isRelative ? penScale_.Pixels(*pen_) : PenWidthOnPage(*pen_, WidestPen(view_.Page()));
     return {.color = pen_->color, .width = width, .dashes = DashesOnPage(*pen_, width)};
 }
 
-void MapPainter::DrawArea(const std::vector<PagePath>& rings, const shr::Vec2d& place) {
+void MapPainter::DrawArea(const std::vector<PagePath>& rings) {
     BeginGeometry();
     zeio::TrBrush layerBrush(zeio::TrBrush::Pattern::Solid);
     layerBrush.fore = colors_.area;
     FillArea(rings, brush_ ? *brush_ : layerBrush);
 
-    Stroke stroke = StrokeAt(place, kUsualOutlineWidth);
+    Stroke stroke = StrokeOf(kUsualOutlineWidth);
     stroke.isClosed = true;
     DrawLines(rings, stroke);
 }

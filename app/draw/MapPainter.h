@@ -9,6 +9,7 @@
 #include "app/draw/LayerTarget.h"
 #include "app/draw/MarkerPainter.h"
 #include "app/draw/PagePath.h"
+#include "app/draw/PenScale.h"
 #include "app/draw/TextPainter.h"
 #include "host/zeio/TrObjects.h"
 
@@ -33,6 +34,7 @@ public:
 
     void BeginLayer(std::size_t layer) override;
     void SetTransform(PointTransform transform) override;
+    void SetBounds(const shr::Box2d& bounds) override;
 
     // Draws the object, or remembers the style. Objects of other kinds are passed over.
     void Add(const zeio::TrBase& object) override;
@@ -66,8 +68,8 @@ private:
 
     template <typename Point> PagePath PathOf(std::span<const Point> points) const;
     template <typename Point> PagePath RingOf(std::span<const Point> points) const;
-    Stroke StrokeAt(const shr::Vec2d& place, double usualWidth) const;
-    void DrawArea(const std::vector<PagePath>& rings, const shr::Vec2d& place);
+    Stroke StrokeOf(double usualWidth) const;
+    void DrawArea(const std::vector<PagePath>& rings);
     void FillArea(const std::vector<PagePath>& rings, const zeio::TrBrush& brush) const;
     void FillWithHatch(const std::vector<PagePath>& rings, const zeio::TrBrush& brush) const;
 
@@ -88,6 +90,7 @@ private:
     std::optional<zeio::TrPen> pen_;      // none: the layer's colours
     std::optional<zeio::TrBrush> brush_;  // none: the layer's colours
     std::optional<shr::Color4b> textColor_;
+    PenScale penScale_;
     zeio::TrFont font_;
     std::optional<StyleBeforeText> beforeText_;
     MarkerPainter markerPainter_;

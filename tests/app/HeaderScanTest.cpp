@@ -67,6 +67,17 @@ TEST(ScanHeader, ReadsBoundsOnALineOfTheirOwn) {
     EXPECT_EQ(header.bounds->maxY, -4.0);
 }
 
+TEST(ScanHeader, TellsBoundsOnALineOfTheirOwnFromThoseOfTheCoordSysClause) {
+    EXPECT_FALSE(Scan("Version 300\nCoordSys NonEarth Units \"m\" Bounds (1, 2) (3, 4)\nData\n")
+                     .ownBounds.has_value());
+    const MifHeader both = Scan("Version 300\nBounds (1, 2) (3, 4)\n"
+                                "CoordSys NonEarth Units \"m\" Bounds (5, 6) (7, 8)\nData\n");
+
+    ASSERT_TRUE(both.ownBounds.has_value());
+    EXPECT_EQ(both.ownBounds->minX, 1.0);
+    EXPECT_EQ(both.bounds->minX, 5.0);
+}
+
 TEST(ScanHeader, ReadsTheUnitAndTheBoundsOfTheCoordSysClause) {
     const MifHeader header =
         Scan("Version 300\nCoordSys NonEarth Units \"ft\" Bounds (1, 2) (3, 4)\nData\n");

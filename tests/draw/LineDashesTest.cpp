@@ -15,9 +15,9 @@ using Style = zeio::TrPen::Style;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-zeio::TrPen PenOf(double width, bool isRelative) {
-    zeio::TrPen pen(Style::Solid, shr::Color4b(0, 0, 0), width);
-    pen.isRelative = isRelative;
+zeio::TrPen PenOf(double widthInches) {
+    zeio::TrPen pen(Style::Solid, shr::Color4b(0, 0, 0), widthInches);
+    pen.isRelative = false;
     return pen;
 }
 
@@ -29,33 +29,24 @@ zeio::TrPen DashedPen(std::vector<float> dashes) {
 
 struct WidthRow {
     std::string name;
-    double width;
-    bool isRelative;
+    double widthInches;
     double expected;
 };
 class PenWidthOnPage : public testing::TestWithParam<WidthRow> {};
 
 TEST_P(PenWidthOnPage, IsThisManyPixels) {
-    const WidthRow& row = GetParam();
-
-    EXPECT_DOUBLE_EQ(app::PenWidthOnPage(PenOf(row.width, row.isRelative), 2.0, 500.0),
-                     row.expected);
+    EXPECT_DOUBLE_EQ(app::PenWidthOnPage(PenOf(GetParam().widthInches), 500.0),
+                     GetParam().expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(, PenWidthOnPage,
-                         testing::Values(WidthRow{"WorldUnitsTimesTheScale", 5.0, true, 10.0},
-                                         WidthRow{"InchesTimes96", 0.125, false, 12.0},
-                                         WidthRow{"ZeroWorldUnitsIsAHairline", 0.0, true, 1.0},
-                                         WidthRow{"ZeroInchesIsAHairline", 0.0, false, 1.0},
-                                         WidthRow{"AThinPenStaysVisible", 1e-9, true, 0.5},
-                                         WidthRow{"AHugePenHasALimit", 1e300, true, 500.0},
-                                         WidthRow{"ANegativeWidthIsAHairline", -3.0, true, 1.0},
-                                         WidthRow{"NoNumberIsAHairline", kNaN, true, 1.0}),
+                         testing::Values(WidthRow{"InchesTimes96", 0.125, 12.0},
+                                         WidthRow{"NoInchesAreAHairline", 0.0, 1.0},
+                                         WidthRow{"AThinPenStaysVisible", 1e-9, 0.5},
+                                         WidthRow{"AHugePenHasALimit", 1e300, 500.0},
+                                         WidthRow{"ANegativeWidthIsAHairline", -3.0, 1.0},
+                                         WidthRow{"NoNumberIsAHairline", kNaN, 1.0}),
                          [](const auto& row) { return row.param.name; });
-
-TEST(PenWidth, IsAHairlineWhereTheScaleIsNoNumber) {
-    EXPECT_DOUBLE_EQ(app::PenWidthOnPage(PenOf(5.0, true), kNaN, 500.0), 1.0);
-}
 
 struct DashRow {
     std::string name;

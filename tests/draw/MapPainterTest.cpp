@@ -202,19 +202,34 @@ TEST(Polyline, UnderANoLinePenIsNotDrawn) {
     EXPECT_EQ(picture.InkedPixels(), 0);
 }
 
-TEST(Polyline, OfARelativePenHasTheWidthInWorldUnits) {
+TEST(Polyline, OfARelativePenHasThePixelsThatItsShareOfTheObjectsStandsFor) {
     RasterPicture picture;
-    picture.Add(Pen(kBlack, 20.0));
+    zeio::TrPen pen(zeio::TrPen::Style::Solid, kBlack, 200.0 / 80.0);
+    pen.isRelative = true;
+    picture.Add(pen);
 
     picture.Add(Line({{-50, 50}, {150, 50}}));
 
-    EXPECT_EQ(picture.InkedPixelsInColumn(50), 20);
+    EXPECT_EQ(picture.InkedPixelsInColumn(50), 4);
+}
+
+TEST(Polyline, OfARelativePenHasThePixelsThatItsShareOfTheBoundsStandsFor) {
+    RasterPicture picture;
+    picture.Painter().BeginLayer(0);
+    picture.Painter().SetBounds({0.0, 0.0, 300.0, 400.0});
+    zeio::TrPen pen(zeio::TrPen::Style::Solid, kBlack, 500.0 / 20.0);
+    pen.isRelative = true;
+    picture.Add(pen);
+
+    picture.Add(Line({{-50, 50}, {150, 50}}));
+
+    EXPECT_EQ(picture.InkedPixelsInColumn(50), 6);
 }
 
 TEST(Polyline, OfAnAbsolutePenHasTheWidthInInches) {
     RasterPicture picture;
-    zeio::TrPen pen = Pen(kBlack, 0.125);
-    pen.isRelative = false;
+    zeio::TrPen pen = Pen(kBlack);
+    pen.width = 0.125;
     picture.Add(pen);
 
     picture.Add(Line({{-50, 50}, {150, 50}}));
@@ -365,16 +380,18 @@ TEST(Geometry, OfArbitraryNumbersLeavesThePictureSound) {
     EXPECT_TRUE(picture.IsSound());
 }
 
-TEST(Transform, PlacesGeometryTextsAndWidths) {
+TEST(Transform, PlacesGeometryButLeavesPensAsTheyAre) {
     RasterPicture picture;
     picture.Painter().SetTransform([](const shr::Vec2d& point) {
         return shr::Vec2d{point.x * 10.0, point.y * 10.0};
     });
-    picture.Add(Pen(kBlack, 2.0));
+    zeio::TrPen relative(zeio::TrPen::Style::Solid, kBlack, 20.0 / 80.0);
+    relative.isRelative = true;
+    picture.Add(relative);
 
     picture.Add(Line({{-5, 5}, {15, 5}}));
 
-    EXPECT_EQ(picture.InkedPixelsInColumn(50), 20);
+    EXPECT_EQ(picture.InkedPixelsInColumn(50), 4);
 }
 
 TEST(Transform, LeavesOutVerticesWithoutAPlace) {

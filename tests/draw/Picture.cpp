@@ -80,8 +80,10 @@ std::string SvgOf(const std::vector<const zeio::TrBase*>& objects) {
     return WithoutSurfaceNumbers(svg);
 }
 
-zeio::TrPen Pen(const shr::Color4b& color, double widthWorld) {
-    return {zeio::TrPen::Style::Solid, color, widthWorld};
+zeio::TrPen Pen(const shr::Color4b& color, double widthPixels) {
+    zeio::TrPen pen(zeio::TrPen::Style::Solid, color, widthPixels / app::kPixelsPerInch);
+    pen.isRelative = false;
+    return pen;
 }
 
 zeio::TrPen NoPen() {

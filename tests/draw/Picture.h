@@ -45,7 +45,7 @@ private:
 // the library counts over the life of the process are taken out.
 std::string SvgOf(const std::vector<const zeio::TrBase*>& objects);
 
-zeio::TrPen Pen(const shr::Color4b& color, double widthWorld = 1.0);
+zeio::TrPen Pen(const shr::Color4b& color, double widthPixels = 1.0);
 zeio::TrPen NoPen();
 zeio::TrBrush Brush(zeio::TrBrush::Pattern pattern, const shr::Color4b& fore);
 zeio::TrPolyline Line(std::initializer_list<shr::Vec2d> points);
