@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <limits>
 #include <stdexcept>
 
 extern char** environ;
@@ -53,16 +54,15 @@ double PeakMebibytes(const std::vector<std::string>& command) {
 }
 
 double StartUpMilliseconds(const std::vector<std::string>& command) {
-    std::vector<double> times;
-    for (int run = 0; run < 31; ++run) {
+    double smallest = std::numeric_limits<double>::infinity();
+    for (int run = 0; run < 101; ++run) {
         const auto start = std::chrono::steady_clock::now();
         Run(command);
         const std::chrono::duration<double, std::milli> time =
             std::chrono::steady_clock::now() - start;
-        times.push_back(time.count());
+        smallest = std::min(smallest, time.count());
     }
-    std::nth_element(times.begin(), times.begin() + 15, times.end());
-    return times[15];
+    return smallest;
 }
 
 }  // namespace bench

@@ -12,7 +12,7 @@ void RunOrThrow(const std::vector<std::string>& command);
 // The largest resident size of a run, in MiB.
 double PeakMebibytes(const std::vector<std::string>& command);
 
-// The median time from start to end over several runs, in milliseconds.
+// The smallest time from start to end of several runs, in milliseconds.
 double StartUpMilliseconds(const std::vector<std::string>& command);
 
 }  // namespace bench

@@ -143,7 +143,7 @@ void Register(const std::string& name, std::function<void()> work) {
                                      }
                                  })
         ->Iterations(1)
-        ->Repetitions(5)
+        ->Repetitions(9)
         ->ReportAggregatesOnly(false)
         ->UseRealTime()
         ->Unit(benchmark::kMillisecond);
@@ -266,7 +266,7 @@ int main(int argc, char** argv) {
         rows.push_back(
             {"start-up: info on a small file", "/bin/true",
              bench::StartUpMilliseconds({settings.qolf.string(), "info",
-                                         bench::Points(settings.folder, 0.0).mif.string()}) -
+                                         bench::Points(settings.folder, 0.001).mif.string()}) -
                  bench::StartUpMilliseconds({"/bin/true"}),
              10.0, "ms more"});
     }

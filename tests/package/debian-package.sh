@@ -16,8 +16,8 @@ fail() {
 lintian --fail-on error,warning --allow-root "$package" || fail "lintian complains"
 
 dpkg-deb --contents "$package" | awk '{ print $6 }' >"$scratch/contents"
-for file in bin/qolf 'lib/[^/]*/qolf/qolf\.so' 'lib/[^/]*/qolf/qolf-commands\.so' 'lib/[^/]*/libqolfhost\.so' \
-    'lib/[^/]*/libqolfhost\.so\.[0-9]*' include/qolf/host/zeio/IoImportFilter.h \
+for file in bin/qolf 'lib/[^/]*/qolf/qolf\.so' 'lib/[^/]*/qolf/qolf-commands\.so' \
+    'lib/[^/]*/libqolfhost\.so' 'lib/[^/]*/libqolfhost\.so\.[0-9]*' include/qolf/host/zeio/IoImportFilter.h \
     include/qolf/standalone/IoHost.h 'lib/[^/]*/cmake/qolf/qolf-config\.cmake' \
     share/man/man1/qolf-info.1.gz share/bash-completion/completions/qolf \
     share/doc/qolf/copyright share/doc/qolf/changelog.Debian.gz; do
