@@ -19,6 +19,7 @@ using JsonSink = std::function<void(Json&)>;
 
 constexpr int kRecordSeparator = 0x1E;
 constexpr std::size_t kSniffedBytes = 65536;
+constexpr int kDeepestNesting = 1000;  // writing and reading a nested value takes stack
 
 // How the JSON texts of an input follow one another.
 enum class Framing { OneText, Lines, Sequence };
@@ -58,10 +59,23 @@ Framing FramingOf(const RereadableInput& input) {
     return isWhole ? Framing::Lines : Framing::OneText;
 }
 
+void CheckNesting(int depth, const std::string& name) {
+    if (depth > kDeepestNesting) {
+        Fail(name, "is nested deeper than " + std::to_string(kDeepestNesting) + " levels");
+    }
+}
+
+// Empty when the object has no type, or when it is no text.
+std::string TypeOf(const Json& object) {
+    const auto at = object.find("type");
+    return at != object.end() && at->is_string() ? at->get<std::string>() : "";
+}
+
 // Reads one text of many features and hands each of them to sink as soon as it is complete.
 void ReadOneText(std::FILE* stream, const std::string& name, Json& rest, const JsonSink& sink) {
     std::string member;  // of the outermost object
     const auto onEvent = [&](int depth, Json::parse_event_t event, Json& parsed) {
+        CheckNesting(depth, name);
         if (event == Json::parse_event_t::key && depth == 1) {
             member = parsed.get<std::string>();
         } else if (event == Json::parse_event_t::object_end && depth == 2 && member == "features") {
@@ -118,7 +132,7 @@ std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter&
         reporter.Progress(stream.Fraction());
     };
     const auto takeText = [&](Json& text) {
-        const std::string type = text.is_object() ? text.value("type", "") : "";
+        const std::string type = TypeOf(text);
         if (type == "FeatureCollection") {
             for (Json& feature : text["features"]) {
                 take(feature);
@@ -134,19 +148,23 @@ std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter&
     if (framing == Framing::OneText) {
         Json rest;
         ReadOneText(stream.Stream(), input.Name(), rest, take);
-        if (!rest.is_object() || rest.value("type", "") != "FeatureCollection") {
+        if (TypeOf(rest) != "FeatureCollection") {
             takeText(rest);
         }
         return BoxOf(rest);
     }
     const int separator = framing == Framing::Lines ? '\n' : kRecordSeparator;
+    const auto onEvent = [&](int depth, Json::parse_event_t /*event*/, Json& /*parsed*/) {
+        CheckNesting(depth, input.Name());
+        return true;
+    };
     std::string text;
     while (NextText(stream.Stream(), separator, text)) {
         if (IsBlank(text)) {
             continue;
         }
         try {
-            Json parsed = Json::parse(text);
+            Json parsed = Json::parse(text, onEvent);
             takeText(parsed);
         } catch (const Json::exception& error) {
             FailParsing(input.Name(), error);
@@ -217,7 +235,7 @@ public:
         if (!geometry.is_object()) {
             throw GeometryError("the geometry is no object");
         }
-        const std::string type = geometry.value("type", "");
+        const std::string type = TypeOf(geometry);
         if (type == "GeometryCollection") {
             std::size_t count = 0;
             for (const Json& member : Member(geometry, "geometries")) {

@@ -426,7 +426,13 @@ INSTANTIATE_TEST_SUITE_P(
                   "a position is no array"},
         FaultyRow{"LineOfOnePosition",
                   CollectionOf(FeatureOf(R"({"type":"LineString","coordinates":[[1,2]]})")),
-                  "feature 1: a line has one position only"}),
+                  "feature 1: a line has one position only"},
+        FaultyRow{"TypeThatIsNoText", R"({"type":[1]})", "has no array \"coordinates\""},
+        FaultyRow{"NestedWithoutEnd",
+                  CollectionOf(R"({"type":"Feature","properties":{"a":)" +
+                               std::string(200'000, '[') + std::string(200'000, ']') +
+                               R"(},"geometry":null})"),
+                  "is nested deeper than 1000 levels"}),
     [](const auto& row) { return row.param.name; });
 
 TEST(ConvertFromGeoJson, WritesAProjectedSystemWhenTold) {
