@@ -2,6 +2,7 @@
 
 #include "app/Errors.h"
 #include "app/Paths.h"
+#include "app/platform/TempFolder.h"
 
 #include <algorithm>
 #include <map>
@@ -19,7 +20,7 @@ bool HasExtension(const path& file, std::span<const std::string_view> extensions
 
 // The folder that a run of ours may have left when it was killed.
 bool IsPrivateFolder(const path& folder) {
-    return folder.filename().string().starts_with(".qolf-");
+    return folder.filename().string().starts_with(kPrivateFolderPrefix);
 }
 
 std::vector<path> FilesBelow(const path& folder, std::span<const std::string_view> extensions) {

@@ -2,12 +2,14 @@
 
 #include "app/Errors.h"
 #include "app/Paths.h"
+#include "app/batch/AbandonedFolders.h"
 #include "app/batch/ChildProcesses.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
 #include <new>
+#include <set>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -24,6 +26,10 @@ struct Tally {
     std::size_t failed = 0;
     std::size_t doneBefore = 0;
 };
+
+std::filesystem::path FolderOf(const std::filesystem::path& file) {
+    return file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
+}
 
 void MakeFolderOf(const std::filesystem::path& file) {
     const std::filesystem::path folder = file.parent_path();
@@ -76,6 +82,7 @@ void ReportEnd(const BatchItem& item, const ChildResult& result, Reporter& repor
     ++tally.failed;
     if (result.signal != 0) {
         error = "ended by signal " + std::to_string(result.signal);
+        RemoveAbandonedFolders(FolderOf(item.output));
     } else if (error.empty()) {
         error = "ended with exit code " + std::to_string(result.exitCode);
     }
@@ -103,9 +110,20 @@ std::vector<BatchItem> ItemsToDo(const BatchOptions& options) {
     return items;
 }
 
+void RemoveAbandoned(const std::vector<BatchItem>& items) {
+    std::set<std::filesystem::path> folders;
+    for (const BatchItem& item : items) {
+        folders.insert(FolderOf(item.output));
+    }
+    std::for_each(folders.begin(), folders.end(), RemoveAbandonedFolders);
+}
+
 }  // namespace
 
 int RunBatch(const BatchOptions& options, Reporter& reporter) {
+    if (options.resume) {
+        RemoveAbandoned(options.items);
+    }
     const std::vector<BatchItem> items = ItemsToDo(options);
     Tally tally;
     tally.doneBefore = options.items.size() - items.size();

@@ -14,7 +14,8 @@ namespace app {
 struct BatchOptions {
     std::vector<BatchItem> items;
     std::size_t jobs = 0;  // processes at a time; 0: one a processor
-    bool resume = false;   // leave out what is done already, redo the rest
+    bool resume = false;   // leave out what is done already, redo the rest, and remove what a
+                           // killed run has left half done
     IfExists ifExists = IfExists::Refuse;
 
     // Converts one file, in a process of its own, and gives the exit code. What it throws is an

@@ -2,12 +2,14 @@
 
 #include "app/Errors.h"
 #include "app/Paths.h"
+#include "app/platform/TempFolder.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string>
 #include <utility>
 
 #include <dlfcn.h>
@@ -142,7 +144,8 @@ void LinkFile(const std::filesystem::path& target, const std::filesystem::path& 
 }
 
 std::filesystem::path MakePrivateFolder(const std::filesystem::path& parent) {
-    std::string pattern = (parent / ".qolf-XXXXXX").string();
+    std::string pattern =
+        (parent / (kPrivateFolderPrefix + std::to_string(getpid()) + "-XXXXXX")).string();
     if (mkdtemp(pattern.data()) == nullptr) {
         throw Failure(PathText(parent) + ": can't write there: " + std::strerror(errno));
     }

@@ -2,6 +2,7 @@
 
 #include "app/Errors.h"
 #include "app/Paths.h"
+#include "app/platform/TempFolder.h"
 #include "host/platform/Stdio.h"
 
 #include <fstream>
@@ -95,8 +96,8 @@ std::filesystem::path MakePrivateFolder(const std::filesystem::path& parent) {
     for (unsigned attempt = 0; attempt < 1000; ++attempt) {
         const unsigned long long number = GetTickCount64() + attempt;
         const std::filesystem::path folder =
-            parent /
-            (".qolf-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(number));
+            parent / (kPrivateFolderPrefix + std::to_string(GetCurrentProcessId()) + "-" +
+                      std::to_string(number));
         std::error_code error;
         if (std::filesystem::create_directory(folder, error)) {
             return folder;

@@ -6,6 +6,9 @@
 
 namespace app {
 
+// What the name of every private folder begins with; the number of the process and "-" follow.
+inline constexpr const char* kPrivateFolderPrefix = ".qolf-";
+
 // A folder of its own that only this user can use, removed with everything in it. The folder and
 // the files that were named by File are also removed when the program is ended by an interrupt, a
 // hang-up or a request to terminate.

@@ -2,10 +2,13 @@
 #include "app/batch/BatchRun.h"
 
 #include "app/Errors.h"
+#include "app/platform/TempFolder.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -14,8 +17,27 @@
 #include <map>
 #include <new>
 #include <sstream>
+#include <string>
+#include <vector>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
+
+// The number of a process that is no longer there.
+pid_t EndedProcess() {
+    const pid_t process = fork();
+    if (process == 0) {
+        _exit(0);
+    }
+    waitpid(process, nullptr, 0);
+    return process;
+}
+
+std::string PrivateFolderOf(pid_t process) {
+    return ".qolf-" + std::to_string(process) + "-AbCdEf";
+}
 
 class BatchRun : public testing::Test {
 protected:
@@ -44,7 +66,11 @@ protected:
             {"fail", []() -> int { throw app::Failure("first line\nsecond line"); }},
             {"memory", []() -> int { throw std::bad_alloc(); }},
             {"mute", [] { return 7; }},
-            {"crash", [] { return std::raise(SIGKILL); }}};
+            {"crash", [&item] {
+                 const app::TempFolder left(item.output.parent_path());
+                 std::ofstream(left.File("half")) << "done";
+                 return std::raise(SIGKILL);
+             }}};
         if (const auto ending = endings.find(text.str()); ending != endings.end()) {
             return ending->second();
         }
@@ -58,6 +84,20 @@ protected:
     int Run() {
         app::Reporter reporter(messages_, /*isTerminal=*/false, /*useColor=*/false);
         return app::RunBatch(options_, reporter);
+    }
+
+    // A folder with a file in it.
+    void Leave(const std::string& name) {
+        std::filesystem::create_directories(folder_.path() / name);
+        folder_.Write(name + "/half", "half");
+    }
+
+    std::vector<std::string> NamesInOutput() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_.path() / "out")) {
+            names.push_back(entry.path().filename().string());
+        }
+        return names;
     }
 
     std::string Messages() {
@@ -186,6 +226,54 @@ TEST_F(BatchRun, ResumedRedoesWhatIsOlderThanItsInput) {
     EXPECT_EQ(Run(), 0);
 
     EXPECT_EQ(folder_.Read("out/a.gpkg"), "two");
+}
+
+TEST_F(BatchRun, LeavesNothingOfAProcessThatWasKilled) {
+    Add("a", "crash");
+
+    Run();
+
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.path() / "out"));
+}
+
+TEST_F(BatchRun, ResumedRemovesWhatAKilledRunHasLeft) {
+    Add("a", "one");
+    const std::string left = "out/" + PrivateFolderOf(EndedProcess());
+    Leave(left);
+    options_.resume = true;
+
+    EXPECT_EQ(Run(), 0);
+
+    EXPECT_FALSE(folder_.Has(left));
+    EXPECT_EQ(folder_.Read("out/a.gpkg"), "one");
+}
+
+TEST_F(BatchRun, ThatIsNotResumedLeavesEverythingThere) {
+    Add("a", "one");
+    const std::string left = "out/" + PrivateFolderOf(EndedProcess());
+    Leave(left);
+
+    EXPECT_EQ(Run(), 0);
+
+    EXPECT_TRUE(folder_.Has(left));
+}
+
+TEST_F(BatchRun, ResumedLeavesFoldersOfOtherRunsAndOtherNamesAlone) {
+    Add("a", "one");
+    const std::vector<std::string> others = {PrivateFolderOf(getpid()),
+                                             ".qolf--1-abcdef",
+                                             ".qolf-0-abcdef",
+                                             ".qolf-12",
+                                             ".qolf-notes",
+                                             "mine"};
+    std::for_each(others.begin(), others.end(), [this](const auto& name) { Leave("out/" + name); });
+    options_.resume = true;
+
+    EXPECT_EQ(Run(), 0);
+
+    std::vector<std::string> left = others;
+    left.push_back("a.gpkg");
+    EXPECT_THAT(NamesInOutput(), testing::UnorderedElementsAreArray(left));
 }
 
 TEST_F(BatchRun, SaysWhyAFolderCannotBeMade) {

@@ -1,0 +1,47 @@
+#include "app/batch/AbandonedFolders.h"
+
+#include "app/platform/TempFolder.h"
+
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace app {
+namespace {
+
+// False for names that are not a private folder's, and while its process can't be asked.
+bool IsAbandoned(const std::string& name) {
+    const std::string prefix = kPrivateFolderPrefix;
+    if (!name.starts_with(prefix)) {
+        return false;
+    }
+    pid_t process = 0;
+    const char* const end = name.data() + name.size();
+    const auto result = std::from_chars(name.data() + prefix.size(), end, process);
+    return result.ec == std::errc{} && result.ptr != end && *result.ptr == '-' && process > 0 &&
+           kill(process, 0) != 0 && errno == ESRCH;
+}
+
+}  // namespace
+
+void RemoveAbandonedFolders(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> abandoned;
+    std::error_code error;
+    std::filesystem::directory_iterator entries(folder, error);
+    for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+        std::error_code unknown;
+        if (entries->symlink_status(unknown).type() == std::filesystem::file_type::directory &&
+            IsAbandoned(entries->path().filename().string())) {
+            abandoned.push_back(entries->path());
+        }
+    }
+    for (const std::filesystem::path& path : abandoned) {
+        std::filesystem::remove_all(path, error);
+    }
+}
+
+}  // namespace app
