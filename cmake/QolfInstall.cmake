@@ -25,10 +25,22 @@ if(TARGET qolf_app)
   install(FILES "${PROJECT_SOURCE_DIR}/docs/completion/qolf.bash"
           DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME qolf)
 endif()
-install(FILES
-  "${PROJECT_SOURCE_DIR}/README.md"
-  "${PROJECT_SOURCE_DIR}/docs/integrating.md"
-  DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+# The documents for users, in the folders that their links say. Those that the README names under
+# "Development" stay with the source, and so does that part of it.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/README.md")
+file(READ "${PROJECT_SOURCE_DIR}/README.md" readme)
+string(FIND "${readme}" "\n## Development\n" readme_length)
+string(SUBSTRING "${readme}" 0 ${readme_length} readme)
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/README.md" CONTENT "${readme}" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/README.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+foreach(document IN ITEMS findings geopackage integrating reliability round-trip trace-format)
+  install(FILES "${PROJECT_SOURCE_DIR}/docs/${document}.md"
+          DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs")
+endforeach()
+install(FILES "${PROJECT_SOURCE_DIR}/docs/images/island.png"
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs/images")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/count-objects"
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}/examples")
 
 # The Debian package has these two under names and in forms of its own (cmake/QolfPackage.cmake).
 install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"

@@ -31,6 +31,8 @@ for library in libc6 libstdc++6 libproj25 libcairo2 libsqlite3-0; do
 done
 
 dpkg-deb --extract "$package" "$scratch/tree"
+bash "$source/tests/package/links.sh" "$scratch/tree/usr/share/doc/qolf" ||
+    fail "the links of the documents"
 qolf=$scratch/tree/usr/bin/qolf
 cd "$scratch"
 "$qolf" info "$source/samples/island.mif" >info.out || fail "qolf info"

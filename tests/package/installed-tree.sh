@@ -29,6 +29,8 @@ fail() {
 } | LC_ALL=C sort | diff - "$scratch/installed-files" ||
     fail "the installed files (>) are not those of tests/package/installed-files.txt (<)"
 
+bash "$source/tests/package/links.sh" "$root/share/doc/qolf" || fail "the links of the documents"
+
 for header in $(cd "$source" && find host -name '*.h'); do
     [ -f "$root/include/qolf/$header" ] || fail "$header is missing in host/CMakeLists.txt"
 done
