@@ -108,6 +108,17 @@ void RemoveFile(const std::string& name) {
     fs::remove(FolderPath() / name, ignored);
 }
 
+void WritePair(std::string_view text) {
+    constexpr char kSeparator = '\x1E';
+    const std::size_t separator = text.rfind(kSeparator);
+    WriteFile("map.mif", text.substr(0, separator));
+    if (separator == std::string_view::npos) {
+        RemoveFile("map.mid");
+    } else {
+        WriteFile("map.mid", text.substr(separator + 1));
+    }
+}
+
 void CheckingHost::ImportObject(zeio::TrBase& object) {
     objectCount_ += Check(object) ? 1 : 0;
 }

@@ -26,6 +26,10 @@ void WriteFile(const std::string& name, std::string_view bytes);
 std::string ReadFile(const std::string& name);
 void RemoveFile(const std::string& name);
 
+// Writes map.mif and map.mid from a text of both with a record separator (0x1E) between them;
+// without one there is no map.mid.
+void WritePair(std::string_view text);
+
 struct StoreOwner {
     standalone::OptionStore store;
 };

@@ -1,33 +1,15 @@
-// A whole import. The input is the options (one character), the .mif file, a record separator
-// (0x1E) and the .mid file.
+// A whole import. The input is the options (one character) and a pair of files.
 #include "fuzz/FuzzInput.h"
 #include "host/zeio/IoManager.h"
 #include "import/MifImportFilter.h"
 
 #include <cstdint>
-#include <string_view>
-
-namespace {
-
-constexpr char kSeparator = '\x1E';
-
-void WritePair(std::string_view text) {
-    const std::size_t separator = text.rfind(kSeparator);
-    fuzz::WriteFile("map.mif", text.substr(0, separator));
-    if (separator == std::string_view::npos) {
-        fuzz::RemoveFile("map.mid");
-    } else {
-        fuzz::WriteFile("map.mid", text.substr(separator + 1));
-    }
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) {
         return 0;
     }
-    WritePair(fuzz::TextOf(data + 1, size - 1));
+    fuzz::WritePair(fuzz::TextOf(data + 1, size - 1));
     fuzz::CheckingHost host;
     host.optionStore().Set(L"AreasToCurves", (data[0] & 1) != 0, /*persistent=*/true);
     host.optionStore().Set(L"IgnoreStyles", (data[0] & 2) != 0, /*persistent=*/true);

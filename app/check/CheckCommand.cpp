@@ -3,9 +3,11 @@
 #include "app/Errors.h"
 #include "app/Json.h"
 #include "app/Paths.h"
+#include "app/Reporter.h"
 #include "app/check/PairCheck.h"
 #include "app/check/RepairMif.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <optional>
@@ -40,14 +42,10 @@ SeverityCounts BySeverity(const check::CodeCounts& counts) {
     return sums;
 }
 
-// Control characters of a file must not reach a terminal.
+// A name or message of a file on one line, without anything that drives a terminal.
 std::string Printable(std::string text) {
-    for (char& c : text) {
-        if (static_cast<unsigned char>(c) < 32 || c == 127) {
-            c = '?';
-        }
-    }
-    return text;
+    std::replace(text.begin(), text.end(), '\n', '?');
+    return TerminalText(text);
 }
 
 std::string PlaceText(const check::Finding& finding) {

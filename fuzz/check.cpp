@@ -1,0 +1,36 @@
+// What qolf check says about a pair of files, and the copy that it repairs.
+#include "app/Errors.h"
+#include "app/check/PairCheck.h"
+#include "app/check/RepairMif.h"
+#include "fuzz/FuzzInput.h"
+
+#include <cstdint>
+#include <filesystem>
+
+namespace {
+
+class SaidSink : public app::check::FindingSink {
+public:
+    void Add(const app::check::Finding& finding) override {
+        fuzz::Require(!finding.message.empty(), "a finding says what it is");
+    }
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::WritePair(fuzz::TextOf(data, size));
+    const std::filesystem::path input = fuzz::PathOf("map.mif");
+    const std::filesystem::path fixed = fuzz::PathOf("fixed.mif");
+    SaidSink sink;
+    app::check::CheckPair(input, {}, sink);
+    try {
+        const app::check::RepairReport report =
+            app::check::RepairMif(input, fixed, app::IfExists::Overwrite);
+        fuzz::Require(report.count > 0 || fuzz::ReadFile("fixed.mif") == fuzz::ReadFile("map.mif"),
+                      "without repairs the copy is equal");
+    } catch (const app::Failure& failure) {
+        fuzz::Require(*failure.what() != '\0', "a failure says what it is");
+    }
+    return 0;
+}
