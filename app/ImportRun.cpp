@@ -181,7 +181,7 @@ int ReportingHost::Warning(shr::IError::WarnStyle, const std::wstring& text) {
 }
 
 void ReportingHost::ProgressStart(const std::wstring&, bool, bool) {
-    reporter_.StartProgress(subject_);
+    reporter_.StartProgress(subject_, SizeOfFile(PathFromArgument(subject_)));
 }
 
 void ReportingHost::ProgressProportion(double fraction) {

@@ -4,6 +4,7 @@
 #include "standalone/Text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <type_traits>
 
 namespace app {
@@ -66,6 +67,12 @@ std::filesystem::path FindCompanion(const std::filesystem::path& path,
 std::filesystem::path AsOnDisk(const std::filesystem::path& path) {
     const std::filesystem::path found = FindCompanion(path, PathText(path.extension()));
     return found.empty() ? path : found;
+}
+
+double SizeOfFile(const std::filesystem::path& path) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    return error ? 0.0 : static_cast<double>(size);
 }
 
 }  // namespace app

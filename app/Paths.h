@@ -27,4 +27,7 @@ std::filesystem::path FindCompanion(const std::filesystem::path& path,
 // The file that opening path finds, whose name may differ in case; path itself when there is none.
 std::filesystem::path AsOnDisk(const std::filesystem::path& path);
 
+// The bytes of the file; 0 when that is not known.
+double SizeOfFile(const std::filesystem::path& path);
+
 }  // namespace app

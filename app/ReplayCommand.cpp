@@ -9,6 +9,7 @@
 #include "app/Paths.h"
 #include "app/TraceHost.h"
 #include "app/TraceJson.h"
+#include "app/platform/System.h"
 
 #include <nlohmann/json.hpp>
 
@@ -117,13 +118,16 @@ Answers Export(const RereadableInput& input, const ReplayOptions& options, Repor
                TraceHost* trace) {
     // The first pass finds the extent, and every faulty line before anything is written.
     ExtentOfObjects extent;
-    reporter.StartProgress("reading");
+    if (options.trace && IsTerminal(stdout)) {
+        reporter.SetProgress(false);  // the trace stands there
+    }
+    reporter.StartProgress("reading", SizeOfFile(PathFromArgument(options.input)));
     ForEachObject(input, reporter, [&](zeio::TrBase& object) { extent.Add(object); });
 
     ExportRun run(SettingsOf(options), reporter, trace);
     Answers answers;
     answers.begin = run.BeginStatus();
-    reporter.StartProgress(options.output);
+    reporter.StartProgress(options.output, SizeOfFile(PathFromArgument(options.input)));
     ForEachObject(input, reporter, [&](zeio::TrBase& object) {
         const shr::Box3d box = options.noExtent ? ExtentOfObjects().Box() : extent.Box();
         const zeio::ExportStatus status = SendAsHost(run, object, box);

@@ -28,6 +28,20 @@ std::string Duration(double seconds) {
     return text;
 }
 
+// "12.3 MB/s", "340 kB/s" or "25 files/s".
+std::string Rate(double perSecond, ProgressUnit unit) {
+    char text[48];
+    if (unit == ProgressUnit::Files) {
+        std::snprintf(text, sizeof text, perSecond < 10.0 ? "%.1f files/s" : "%.0f files/s",
+                      perSecond);
+    } else if (perSecond < 1e6) {
+        std::snprintf(text, sizeof text, "%.0f kB/s", perSecond / 1e3);
+    } else {
+        std::snprintf(text, sizeof text, "%.1f MB/s", perSecond / 1e6);
+    }
+    return text;
+}
+
 // How many bytes of a UTF-8 sequence follow its first one.
 int BytesBehind(unsigned char first) {
     if (first < 0xC0) {
@@ -75,13 +89,13 @@ void Reporter::Error(std::string_view text) {
 }
 
 void Reporter::Warning(std::string_view text) {
-    if (verbosity_ != Verbosity::Quiet) {
+    if (verbosity_ >= Verbosity::Normal) {
         Line("warning", kYellow, text);
     }
 }
 
 void Reporter::Note(std::string_view text) {
-    if (verbosity_ != Verbosity::Quiet) {
+    if (verbosity_ >= Verbosity::Normal) {
         Line("note", kCyan, text);
     }
 }
@@ -110,8 +124,10 @@ void Reporter::Line(std::string_view kind, std::string_view color, std::string_v
     std::fflush(stream_);
 }
 
-void Reporter::StartProgress(std::string_view title) {
+void Reporter::StartProgress(std::string_view title, double total, ProgressUnit unit) {
     title_ = TerminalText(title);
+    total_ = total;
+    unit_ = unit;
     isRunning_ = true;
     started_ = Clock::now();
     drawn_ = started_;
@@ -138,6 +154,7 @@ void Reporter::DrawBar(double fraction, Clock::time_point now) {
                 std::string(static_cast<std::size_t>(kBarWidth - full), '.') + "] " +
                 std::to_string(static_cast<int>(share * 100.0)) + "%";
         if (share > 0.02) {
+            line += total_ > 0.0 ? ", " + Rate(share * total_ / seconds, unit_) : "";
             line += ", " + Duration(seconds * (1.0 - share) / share) + " left";
         }
     } else {

@@ -12,7 +12,11 @@ namespace app {
 // visible ("\\x1b"). Those above 0x7F are looked for as UTF-8 and as single bytes.
 std::string TerminalText(std::string_view utf8);
 
-enum class Verbosity { Quiet, Normal, Verbose };
+// What a rate counts.
+enum class ProgressUnit { Bytes, Files };
+
+// From the least to the most. BarOnly is for what another pass has said already.
+enum class Verbosity { Quiet, BarOnly, Normal, Verbose };
 
 // Errors are always written, warnings and notes unless quiet, details only when verbose. Every
 // line has the form "qolf: warning: text"; line breaks inside a text start new lines of that form.
@@ -33,9 +37,12 @@ public:
     void Note(std::string_view text);
     void Detail(std::string_view text);
 
-    // Moves the bar: a fraction from 0 to 1, or a negative one when the total is not known. The bar
+    // Starts a bar. total is the whole of the work, for the rate that the bar shows; 0 shows none.
+    void StartProgress(std::string_view title, double total = 0.0,
+                       ProgressUnit unit = ProgressUnit::Bytes);
+
+    // Moves the bar: a fraction from 0 to 1, or a negative one when it is not known. The bar
     // appears once a run has lasted half a second and is redrawn at most ten times a second.
-    void StartProgress(std::string_view title);
     void Progress(double fraction);
     void EndProgress();
 
@@ -51,6 +58,8 @@ private:
     bool showProgress_;
     Verbosity verbosity_ = Verbosity::Normal;
     std::string title_;
+    double total_ = 0.0;  // 0 shows no rate
+    ProgressUnit unit_ = ProgressUnit::Bytes;
     bool isRunning_ = false;
     bool isDrawn_ = false;
     Clock::time_point started_;

@@ -102,8 +102,8 @@ void ApplyGlobalOptions(const GlobalOptions& options, app::CommandContext& conte
     if (options.progress) {
         context.reporter.SetProgress(true);
     }
-    if (options.noProgress || app::IsTerminal(stdout)) {
-        context.reporter.SetProgress(options.progress && !options.noProgress);
+    if (options.noProgress) {
+        context.reporter.SetProgress(false);
     }
 }
 

@@ -131,7 +131,7 @@ int RunBatch(const BatchOptions& options, Reporter& reporter) {
         MakeFolderOf(item.output);
     }
     const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
-    reporter.StartProgress("converting");
+    reporter.StartProgress("converting", static_cast<double>(items.size()), ProgressUnit::Files);
     const int signalNumber = RunChildren(
         items.size(), options.jobs == 0 ? processors : options.jobs,
         [&](std::size_t number) { return ConvertItem(options, items[number]); },

@@ -15,6 +15,7 @@
 #include "app/convert/PreparedMif.h"
 #include "app/convert/SystemPlan.h"
 #include "app/gpkg/GeoPackageReader.h"
+#include "app/platform/System.h"
 
 #include <functional>
 #include <memory>
@@ -186,7 +187,7 @@ void ReadGeoJson(const ConvertOptions& options, const std::string& input,
     facts.system = &system;
     facts.knownExtent = found.extent;
     conversion.Begin(std::move(facts), subject);
-    reporter.StartProgress(subject);
+    reporter.StartProgress(subject, SizeOfFile(PathFromArgument(input)));
     reader.Read(found, reporter, [&](Feature& feature) { conversion.Take(feature); });
     reporter.EndProgress();
 }
@@ -358,6 +359,9 @@ int ConvertToOne(const ConvertOptions& options, Reporter& reporter) {
         options.format.empty() ? FormatOfPath(output) : FormatOfName(options.format);
     const std::size_t inputCount = options.paths.size() - 1;
     CheckPaths(std::span(options.paths).first(inputCount), output, format);
+    if (output == "-" && IsTerminal(stdout)) {
+        reporter.SetProgress(false);  // the features stand there
+    }
     if (inputCount > 1 && format != Format::GeoPackage) {
         throw UsageError("several inputs become one output only as a GeoPackage; use --output-dir "
                          "for a file each");

@@ -6,7 +6,9 @@
 #include "app/crs/GcsFromCrs.h"
 #include "app/draw/ExtentCollector.h"
 #include "app/draw/LayerSystems.h"
+#include "app/platform/System.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <memory>
@@ -196,8 +198,11 @@ int RunDraw(const DrawOptions& options, Reporter& reporter) {
     LayerReader reader(options, systems);
 
     // What is read twice has its say once.
+    if (options.output == "-" && IsTerminal(stdout)) {
+        reporter.SetProgress(false);  // the picture goes there
+    }
     Reporter silent = reporter;
-    silent.SetVerbosity(Verbosity::Quiet);
+    silent.SetVerbosity(std::min(reporter.GetVerbosity(), Verbosity::BarOnly));
     shr::Box2d world;
     if (options.bbox) {
         world = *options.bbox;

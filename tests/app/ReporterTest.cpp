@@ -1,6 +1,7 @@
 // What the command says on its standard error.
 #include "app/Reporter.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -80,6 +81,24 @@ TEST(AReporter, ColoursTheKindWhenItMay) {
     EXPECT_EQ(capture.Text(), "qolf: \033[1;31merror\033[0m: e\n");
 }
 
+TEST(AReporter, SaysErrorsOnlyBesideABarAlone) {
+    const Capture capture;
+    Reporter reporter(capture.Stream(), true, false);
+    reporter.SetVerbosity(app::Verbosity::BarOnly);
+
+    reporter.StartProgress("a.mif");
+    std::this_thread::sleep_for(std::chrono::milliseconds(550));
+    reporter.Progress(0.5);
+    reporter.Warning("w");
+    reporter.Note("n");
+    reporter.EndProgress();
+    reporter.Error("e");
+
+    const std::string text = capture.Text();
+    EXPECT_THAT(text, testing::HasSubstr(" 50%"));
+    EXPECT_TRUE(text.ends_with("\r\033[Kqolf: error: e\n")) << text;
+}
+
 TEST(AReporter, ShowsNoProgressOfAShortRun) {
     const Capture capture;
     Reporter reporter(capture.Stream(), true, false);
@@ -104,6 +123,36 @@ TEST(AReporter, ShowsTheShareOfALongRunAndClearsIt) {
     EXPECT_NE(text.find("a.mif [###############...............] 50%"), std::string::npos) << text;
     EXPECT_TRUE(text.ends_with("\r\033[K")) << text;
 }
+
+struct RateRow {
+    std::string name;  // letters and digits
+    double total;
+    app::ProgressUnit unit;
+    std::string unitText;
+};
+
+class ABar : public testing::TestWithParam<RateRow> {};
+
+TEST_P(ABar, ShowsTheRateAndTheTimeLeft) {
+    const Capture capture;
+    Reporter reporter(capture.Stream(), true, false);
+
+    reporter.StartProgress("a.mif", GetParam().total, GetParam().unit);
+    std::this_thread::sleep_for(std::chrono::milliseconds(550));
+    reporter.Progress(0.5);
+    reporter.EndProgress();
+
+    const std::string text = capture.Text();
+    EXPECT_THAT(text, testing::HasSubstr(" 50%, "));
+    EXPECT_THAT(text, testing::HasSubstr(GetParam().unitText + ", 0:01 left"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , ABar,
+    testing::Values(RateRow{"Megabytes", 1e9, app::ProgressUnit::Bytes, " MB/s"},
+                    RateRow{"Kilobytes", 1e4, app::ProgressUnit::Bytes, " kB/s"},
+                    RateRow{"Files", 100.0, app::ProgressUnit::Files, " files/s"}),
+    [](const auto& row) { return row.param.name; });
 
 TEST(AReporter, ShowsNoProgressWhereThereIsNoTerminal) {
     const Capture capture;
