@@ -75,6 +75,37 @@ INSTANTIATE_TEST_SUITE_P(, ARepairOf,
                              return name;
                          });
 
+struct UnitRow {
+    std::string name;
+    std::string perMetre;  // as the repair writes it
+};
+
+class AUnit : public testing::TestWithParam<UnitRow> {};
+
+TEST_P(AUnit, BecomesItsNumberInAMetre) {
+    const support::TemporaryFolder folder;
+    const auto text = [](const std::string& unit) {
+        return "Version 300\nCharset \"Neutral\"\nCoordSys Earth Projection 8, 104, \"" + unit +
+               "\", 27, 0, 1, 0, 0\nData\n\nPoint 1 2\n";
+    };
+    folder.Write("a.mif", text(GetParam().name));
+
+    app::check::RepairMif(folder.path() / "a.mif", folder.path() / "copy.mif",
+                          app::IfExists::Refuse);
+
+    EXPECT_EQ(folder.Read("copy.mif"), text(GetParam().perMetre));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , AUnit,
+    testing::Values(UnitRow{"km", "0.001"}, UnitRow{"mi", "0.0006213711922373339"},
+                    UnitRow{"in", "39.37007874015748"}, UnitRow{"ft", "3.280839895013123"},
+                    UnitRow{"yd", "1.0936132983377078"}, UnitRow{"mm", "1000"},
+                    UnitRow{"cm", "100"}, UnitRow{"nmi", "0.0005399568034557236"},
+                    UnitRow{"li", "4.970959595959596"}, UnitRow{"ch", "0.04970959595959596"},
+                    UnitRow{"rd", "0.19883838383838384"}),
+    [](const auto& row) { return row.param.name; });
+
 TEST(RepairMif, CopiesAFileWithoutFaultsByteForByte) {
     const support::TemporaryFolder folder;
 
