@@ -69,6 +69,9 @@ Result Sandbox::Run(const std::string& program, const std::vector<std::string>& 
     std::vector<std::string> variables = {"HOME=" + home.string(),
                                           "XDG_CONFIG_HOME=" + home.string(), "PATH=/usr/bin:/bin",
                                           "LC_ALL=C.UTF-8"};
+    if (const char* const options = std::getenv("LSAN_OPTIONS")) {
+        variables.push_back(std::string("LSAN_OPTIONS=") + options);
+    }
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, 0, in.c_str(), O_RDONLY, 0);

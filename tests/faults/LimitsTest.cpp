@@ -17,6 +17,7 @@
 #include <filesystem>
 #include <memory>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <unistd.h>
 
@@ -90,6 +91,25 @@ protected:
         ExportAll(*filter, wide, ExportRows().front().make());
         Import(wide);
     }
+};
+
+constexpr auto kReadOnly = static_cast<fs::perms>(0555);
+
+// Takes the superuser's powers, whom permissions don't hold back, from the process for a while.
+class OrdinaryUser {
+public:
+    OrdinaryUser() : before_(geteuid()) {
+        if (before_ == 0 && seteuid(kNobody) != 0) {
+            throw std::runtime_error("the user can't be changed");
+        }
+    }
+    ~OrdinaryUser() { static_cast<void>(seteuid(before_)); }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    uid_t before_;
 };
 
 struct CountRow {
@@ -213,12 +233,12 @@ TEST_F(AtAPath, InAFolderThatTakesNoFileNothingCanBeWritten) {
 }
 
 TEST_F(AtAPath, InAReadOnlyFolderNothingCanBeWritten) {
-    if (geteuid() == 0) {
-        GTEST_SKIP() << "permissions do not hold the superuser back";
+    fs::permissions(folder_.path(), kReadOnly);
+    {
+        const OrdinaryUser user;
+        EXPECT_TRUE(fs::is_empty(folder_.path())) << "the folder can be read";
+        EXPECT_THROW(RoundTripAt(folder_.path() / "out.mif"), zeio::FileOpenError);
     }
-    fs::permissions(folder_.path(), fs::perms::owner_read | fs::perms::owner_exec);
-
-    EXPECT_THROW(RoundTripAt(folder_.path() / "out.mif"), zeio::FileOpenError);
     EXPECT_TRUE(fs::is_empty(folder_.path()));
     fs::permissions(folder_.path(), fs::perms::owner_all);
 }
