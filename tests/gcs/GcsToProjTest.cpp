@@ -1,6 +1,6 @@
 // Definitions for PROJ, and how a system is known in the EPSG register.
-#include "app/crs/CrsIdentity.h"
 #include "app/crs/GcsToProj.h"
+#include "app/crs/CrsIdentity.h"
 #include "tests/gcs/Definitions.h"
 
 #include <gtest/gtest.h>
