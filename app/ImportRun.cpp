@@ -233,7 +233,7 @@ ImportResult RunImport(const ImportSettings& settings, Reporter& reporter, const
 ImportResult ImportFeatures(const ImportSettings& settings, Reporter& reporter,
                             const LayerSink& layerSink, const FeatureSink& featureSink) {
     FeatureCollector collector(layerSink, featureSink, ScanHeader(settings.path));
-    const ImportResult result =
+    ImportResult result =
         RunImport(settings, reporter, [&](zeio::TrBase& object) { collector.Take(object); });
     collector.Begin();
     return result;

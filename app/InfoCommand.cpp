@@ -84,7 +84,8 @@ public:
         }
         std::string out;
         for (const auto& [label, text] : rows_) {
-            out += indent + label + std::string(width - label.size() + 2, ' ') + text + "\n";
+            out.append(indent).append(label).append(width - label.size() + 2, ' ');
+            out.append(text).append("\n");
         }
         return out;
     }

@@ -5,7 +5,14 @@
 namespace app::check {
 namespace {
 
-constexpr std::size_t kBufferBytes = 64 * 1024;
+constexpr std::size_t kBufferBytes = std::size_t{1} << 16;
+
+// With a byte-order mark, or with every other byte of the first ones zero.
+bool IsUtf16(std::string_view begin) {
+    return begin.starts_with("\xFF\xFE") || begin.starts_with("\xFE\xFF") ||
+           (begin.size() >= 4 && (begin[0] == '\0') != (begin[1] == '\0') &&
+            (begin[0] == '\0') == (begin[2] == '\0') && (begin[1] == '\0') == (begin[3] == '\0'));
+}
 
 bool EndsWord(char c) {
     return c == ' ' || c == '\t' || c == '"' || c == '(' || c == ')' || c == ',' || c == '\r';
@@ -98,11 +105,7 @@ void LineReader::DetectStart() {
         start_ = FileStart::ByteOrderMark;
         bufferPos_ = 3;
         offset_ = 3;
-    } else if (begin.starts_with("\xFF\xFE") || begin.starts_with("\xFE\xFF")) {
-        start_ = FileStart::Utf16;
-    } else if (begin.size() >= 4 && (begin[0] == '\0') != (begin[1] == '\0') &&
-               (begin[0] == '\0') == (begin[2] == '\0') &&
-               (begin[1] == '\0') == (begin[3] == '\0')) {
+    } else if (IsUtf16(begin)) {
         start_ = FileStart::Utf16;
     }
 }

@@ -50,7 +50,7 @@ std::vector<Token> TokensOf(std::string_view raw, std::uint64_t begin);
 
 class LineReader {
 public:
-    static constexpr std::size_t kMaxLineBytes = 1024 * 1024;
+    static constexpr std::size_t kMaxLineBytes = std::size_t{1} << 20;
     static constexpr std::size_t kMaxTokens = 256;
     enum class Cut { IntoTokens, NotAtAll };
     using OnLine = std::function<void(const Line&)>;

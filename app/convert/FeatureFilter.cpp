@@ -7,6 +7,19 @@
 
 namespace app {
 
+namespace {
+
+[[noreturn]] void FailForColumn(const std::string& subject, const std::string& wanted,
+                                const std::vector<LayerColumn>& columns) {
+    std::string names;
+    for (const LayerColumn& column : columns) {
+        names.append(names.empty() ? "" : ", ").append(column.name);
+    }
+    throw Failure(subject + ": there is no column \"" + wanted + "\"; the columns are: " + names);
+}
+
+}  // namespace
+
 std::vector<LayerColumn> FeatureFilter::SelectColumns(const std::vector<LayerColumn>& columns,
                                                       const std::string& subject) {
     if (settings_.columns.empty()) {
@@ -19,12 +32,7 @@ std::vector<LayerColumn> FeatureFilter::SelectColumns(const std::vector<LayerCol
             std::find_if(columns.begin(), columns.end(),
                          [&](const LayerColumn& column) { return column.name == wanted; });
         if (at == columns.end()) {
-            std::string names;
-            for (const LayerColumn& column : columns) {
-                names += (names.empty() ? "" : ", ") + column.name;
-            }
-            throw Failure(subject + ": there is no column \"" + wanted +
-                          "\"; the columns are: " + names);
+            FailForColumn(subject, wanted, columns);
         }
         selected_.push_back(static_cast<std::size_t>(at - columns.begin()));
         left.push_back(*at);

@@ -148,10 +148,11 @@ std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter&
     if (framing == Framing::OneText) {
         Json rest;
         ReadOneText(stream.Stream(), input.Name(), rest, take);
+        const std::optional<shr::Box2d> box = BoxOf(rest);
         if (TypeOf(rest) != "FeatureCollection") {
             takeText(rest);
         }
-        return BoxOf(rest);
+        return box;
     }
     const int separator = framing == Framing::Lines ? '\n' : kRecordSeparator;
     const auto onEvent = [&](int depth, Json::parse_event_t /*event*/, Json& /*parsed*/) {

@@ -57,8 +57,9 @@ SystemPlan PlanSystems(const gcs::CSDef* source, Format format, const std::strin
     }
     try {
         Reprojection reprojection(source, wanted.get());
+        const std::string prefix = subject + ": ";
         for (const std::string& warning : reprojection.Warnings()) {
-            reporter.Warning(subject + ": " + warning);
+            reporter.Warning(prefix + warning);
         }
         if (reprojection.IsNeeded()) {
             plan.reprojection.emplace(std::move(reprojection));
@@ -77,11 +78,12 @@ std::unique_ptr<gcs::CSDef> SystemOfDefinition(const std::string& option,
         return std::make_unique<gcs::GCSDef>(Wgs84System());
     }
     CrsForExport found = GcsFromCrs(definition);
+    const std::string prefix = option + " " + definition + ": ";
     if (!found) {
-        throw Failure(option + " " + definition + ": " + found.problem);
+        throw Failure(prefix + found.problem);
     }
     for (const std::string& warning : found.warnings) {
-        reporter.Warning(option + " " + definition + ": " + warning);
+        reporter.Warning(prefix + warning);
     }
     return std::move(found.system);
 }

@@ -117,7 +117,7 @@ void SpatialIndex::Flush() {
 
 // The triggers' text with the names in place, in one pass: a name may hold a word that stands for
 // another.
-std::string SpatialIndex::Filled(std::string sql) const {
+std::string SpatialIndex::Filled(std::string_view sql) const {
     const std::string index = IndexName(table_, geometry_);
     std::string filled;
     std::string_view rest = sql;

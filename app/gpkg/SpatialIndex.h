@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace app {
@@ -31,7 +32,7 @@ private:
     };
 
     void Flush();
-    std::string Filled(std::string sql) const;
+    std::string Filled(std::string_view sql) const;
 
     SqliteDatabase& database_;
     std::string table_;

@@ -82,7 +82,7 @@ private:
 
     void Open() {
         constexpr int kMargin = 2;
-        std::size_t width = 2 * kMargin;
+        std::size_t width = std::size_t{2} * kMargin;
         for (const Button& button : buttons_) {
             width += button.label.size() + 6;
         }
