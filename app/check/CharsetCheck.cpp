@@ -75,6 +75,7 @@ constexpr std::array<std::string_view, 7> kMultiByte = {
 };
 
 iconv_t NoConversion() {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): what iconv_open answers on failure
     return reinterpret_cast<iconv_t>(static_cast<std::intptr_t>(-1));
 }
 

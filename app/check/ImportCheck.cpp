@@ -55,7 +55,7 @@ void Pass(Code code, const std::filesystem::path& mif, std::string message, Find
               .advice = info.advice});
 }
 
-std::string WithoutName(std::string text, const std::filesystem::path& mif) {
+std::string WithoutName(const std::string& text, const std::filesystem::path& mif) {
     const std::string prefix = PathText(mif) + ": ";
     return text.starts_with(prefix) ? text.substr(prefix.size()) : text;
 }
