@@ -1,9 +1,9 @@
 #include "app/CommandLibrary.h"
 
-#include "app/Errors.h"
-#include "app/Module.h"
-#include "app/Paths.h"
-#include "app/platform/System.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/base/platform/System.h"
+#include "app/run/Module.h"
 
 #include <string_view>
 

@@ -1,8 +1,8 @@
 #include "app/Commands.h"
 
-#include "app/InfoCommand.h"
-#include "app/ReplayCommand.h"
-#include "app/TraceCommand.h"
+#include "app/info/InfoCommand.h"
+#include "app/trace/ReplayCommand.h"
+#include "app/trace/TraceCommand.h"
 #ifdef QOLF_HAS_COMMAND_LIBRARY
 #include "app/CommandLibrary.h"
 #else

@@ -2,7 +2,7 @@
 // to the command line; the list is the only place that knows them all.
 #pragma once
 
-#include "app/Reporter.h"
+#include "app/base/Reporter.h"
 
 #include <CLI/CLI.hpp>
 
@@ -17,7 +17,7 @@ struct CommandContext {
     explicit CommandContext(const Reporter& stderrReporter) : reporter(stderrReporter) {}
 
     Reporter reporter;
-    std::string modulePath;    // --module; empty: the usual places (app/Module.h)
+    std::string modulePath;    // --module; empty: the usual places (app/run/Module.h)
     std::function<int()> run;  // answers the exit code; errors leave as exceptions
 };
 

@@ -2,9 +2,9 @@
 // into one line on stderr and an exit code: 0 done, 1 the data could not be processed, 2 the
 // command line is wrong.
 #include "app/Commands.h"
-#include "app/Errors.h"
-#include "app/Output.h"
-#include "app/platform/System.h"
+#include "app/base/Errors.h"
+#include "app/base/Output.h"
+#include "app/base/platform/System.h"
 #include "host/shr/IError.h"
 #include "standalone/Text.h"
 

@@ -1,7 +1,7 @@
 // GeoJSON input, as the command convert reads it.
-#include "app/Errors.h"
-#include "app/Reporter.h"
-#include "app/convert/GeoJsonReader.h"
+#include "app/base/Errors.h"
+#include "app/base/Reporter.h"
+#include "app/formats/geojson/GeoJsonReader.h"
 #include "fuzz/FuzzInput.h"
 
 #include <cstdint>

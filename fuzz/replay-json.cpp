@@ -1,7 +1,7 @@
 // Objects from JSON, as the command replay reads them: what is written for an object reads as the
 // same object.
-#include "app/ObjectReader.h"
-#include "app/TraceJson.h"
+#include "app/trace/ObjectReader.h"
+#include "app/trace/TraceJson.h"
 #include "fuzz/FuzzInput.h"
 
 #include <nlohmann/json.hpp>

@@ -1,6 +1,6 @@
 #include "app/batch/AbandonedFolders.h"
 
-#include "app/platform/TempFolder.h"
+#include "app/base/TempFolder.h"
 
 #include <cerrno>
 #include <charconv>

@@ -1,8 +1,8 @@
 #include "app/batch/BatchPlan.h"
 
-#include "app/Errors.h"
-#include "app/Paths.h"
-#include "app/platform/TempFolder.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/base/TempFolder.h"
 
 #include <algorithm>
 #include <map>

@@ -1,8 +1,8 @@
 // Converts many files in processes of their own.
 #pragma once
 
-#include "app/Output.h"
-#include "app/Reporter.h"
+#include "app/base/Output.h"
+#include "app/base/Reporter.h"
 #include "app/batch/BatchPlan.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "app/batch/ChildProcesses.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "app/check/CharsetCheck.h"
 
-#include "app/check/NumberText.h"
+#include "app/mif/NumberText.h"
 
 #include <iconv.h>
 

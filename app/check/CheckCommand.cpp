@@ -1,11 +1,11 @@
 #include "app/check/CheckCommand.h"
 
-#include "app/Errors.h"
-#include "app/Json.h"
-#include "app/Paths.h"
-#include "app/Reporter.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/base/Reporter.h"
 #include "app/check/PairCheck.h"
 #include "app/check/RepairMif.h"
+#include "app/json/JsonText.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/Commands.h"
-#include "app/Output.h"
+#include "app/base/Output.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "app/check/CoordSysCheck.h"
 
-#include "app/Projections.h"
-#include "app/check/NumberText.h"
+#include "app/mif/NumberText.h"
+#include "app/mif/Projections.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "app/check/CharsetCheck.h"
 #include "app/check/CoordSysCheck.h"
-#include "app/check/NumberText.h"
+#include "app/mif/NumberText.h"
 
 #include <array>
 #include <optional>

@@ -1,10 +1,10 @@
 #include "app/check/ObjectCheck.h"
 
 #include "app/check/ArcPoints.h"
-#include "app/check/NumberLine.h"
-#include "app/check/NumberText.h"
 #include "app/check/RingCheck.h"
 #include "app/check/StyleCheck.h"
+#include "app/mif/NumberLine.h"
+#include "app/mif/NumberText.h"
 
 #include <algorithm>
 #include <array>

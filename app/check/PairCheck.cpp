@@ -1,11 +1,11 @@
 #include "app/check/PairCheck.h"
 
-#include "app/Paths.h"
+#include "app/base/Paths.h"
 #include "app/check/CharsetCheck.h"
-#include "app/check/LineReader.h"
-#include "app/check/NumberText.h"
 #include "app/check/ObjectCheck.h"
 #include "app/check/RowCheck.h"
+#include "app/mif/LineReader.h"
+#include "app/mif/NumberText.h"
 
 #include <array>
 #include <cerrno>

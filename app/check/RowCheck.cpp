@@ -1,7 +1,7 @@
 #include "app/check/RowCheck.h"
 
-#include "app/check/NumberLine.h"
-#include "app/check/NumberText.h"
+#include "app/mif/NumberLine.h"
+#include "app/mif/NumberText.h"
 
 #include <algorithm>
 #include <limits>

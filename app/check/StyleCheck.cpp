@@ -1,6 +1,6 @@
 #include "app/check/StyleCheck.h"
 
-#include "app/check/NumberText.h"
+#include "app/mif/NumberText.h"
 
 #include <algorithm>
 #include <array>

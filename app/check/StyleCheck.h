@@ -1,8 +1,8 @@
 // Checks the clauses behind an object: pens, brushes, symbols, fonts.
 #pragma once
 
-#include "app/check/LineReader.h"
 #include "app/check/Report.h"
+#include "app/mif/LineReader.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 #include "app/convert/BatchConvert.h"
 
-#include "app/Errors.h"
-#include "app/Paths.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
 #include "app/batch/BatchRun.h"
 #include "app/convert/ConvertRun.h"
 

@@ -1,7 +1,7 @@
 // Converts many files, each in a process of its own.
 #pragma once
 
-#include "app/Reporter.h"
+#include "app/base/Reporter.h"
 #include "app/convert/ConvertOptions.h"
 
 namespace app {

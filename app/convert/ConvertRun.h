@@ -1,7 +1,7 @@
 // Converts among MIF/MID pairs, GeoJSON and GeoPackages.
 #pragma once
 
-#include "app/Reporter.h"
+#include "app/base/Reporter.h"
 #include "app/convert/ConvertOptions.h"
 
 namespace app {

@@ -1,6 +1,6 @@
 #include "app/convert/FeatureFilter.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 
 #include <algorithm>
 #include <utility>

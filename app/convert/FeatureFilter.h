@@ -1,7 +1,7 @@
 // Which features, and which of their columns, a conversion lets through.
 #pragma once
 
-#include "app/Feature.h"
+#include "app/feature/Feature.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "app/convert/SystemPlan.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 #include "app/crs/GcsFromCrs.h"
 
 #include <utility>

@@ -1,9 +1,9 @@
 // Which coordinate system a conversion's output has, and how its coordinates get there.
 #pragma once
 
-#include "app/Reporter.h"
+#include "app/base/Reporter.h"
 #include "app/convert/ConvertOptions.h"
-#include "app/convert/Reprojection.h"
+#include "app/crs/Reprojection.h"
 #include "host/gcs/CSDef.h"
 
 #include <memory>

@@ -1,12 +1,12 @@
 #include "app/draw/DrawRun.h"
 
-#include "app/Errors.h"
-#include "app/ImportRun.h"
-#include "app/Paths.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/base/platform/System.h"
 #include "app/crs/GcsFromCrs.h"
 #include "app/draw/ExtentCollector.h"
 #include "app/draw/LayerSystems.h"
-#include "app/platform/System.h"
+#include "app/run/ImportRun.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "app/options/NewtPresenter.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 #include "standalone/Text.h"
 
 #include <newt.h>

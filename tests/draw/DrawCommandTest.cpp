@@ -1,7 +1,7 @@
 // What the command line of the drawing takes and refuses.
 #include "app/draw/DrawCommand.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Objects written as JSON lines read as the same objects.
-#include "app/ObjectReader.h"
-#include "app/TraceJson.h"
+#include "app/trace/ObjectReader.h"
+#include "app/trace/TraceJson.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

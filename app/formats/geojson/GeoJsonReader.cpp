@@ -1,0 +1,430 @@
+#include "app/formats/geojson/GeoJsonReader.h"
+
+#include "app/base/Errors.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <stdexcept>
+#include <string_view>
+#include <unordered_map>
+
+namespace app {
+
+namespace {
+
+// Keeps the order of the members, which becomes the order of the columns.
+using Json = nlohmann::ordered_json;
+using JsonSink = std::function<void(Json&)>;
+
+constexpr int kRecordSeparator = 0x1E;
+constexpr std::size_t kSniffedBytes = 65536;
+constexpr int kDeepestNesting = 1000;  // writing and reading a nested value takes stack
+
+// How the JSON texts of an input follow one another.
+enum class Framing { OneText, Lines, Sequence };
+
+[[noreturn]] void Fail(const std::string& name, const std::string& problem) {
+    throw Failure(name + ": " + problem);
+}
+
+// Parsing errors without the library's own prefix.
+[[noreturn]] void FailParsing(const std::string& name, const Json::exception& error) {
+    std::string text = error.what();
+    const std::size_t end = text.find("] ");
+    if (text.starts_with('[') && end != std::string::npos) {
+        text.erase(0, end + 2);
+    }
+    Fail(name, "is no valid GeoJSON: " + text);
+}
+
+Framing FramingOf(const RereadableInput& input) {
+    InputStream stream(input);
+    std::string start(kSniffedBytes, '\0');
+    start.resize(std::fread(start.data(), 1, start.size(), stream.Stream()));
+    const std::size_t first = start.find_first_not_of(" \t\r\n");
+    if (first == std::string::npos) {
+        return Framing::OneText;
+    }
+    if (start[first] == kRecordSeparator) {
+        return Framing::Sequence;
+    }
+    const std::size_t lineEnd = start.find('\n', first);
+    if (lineEnd == std::string::npos ||
+        start.find_first_not_of(" \t\r\n", lineEnd) == std::string::npos) {
+        return Framing::OneText;
+    }
+    const bool isWhole = Json::accept(start.begin() + static_cast<std::ptrdiff_t>(first),
+                                      start.begin() + static_cast<std::ptrdiff_t>(lineEnd));
+    return isWhole ? Framing::Lines : Framing::OneText;
+}
+
+void CheckNesting(int depth, const std::string& name) {
+    if (depth > kDeepestNesting) {
+        Fail(name, "is nested deeper than " + std::to_string(kDeepestNesting) + " levels");
+    }
+}
+
+// Empty when the object has no type, or when it is no text.
+std::string TypeOf(const Json& object) {
+    const auto at = object.find("type");
+    return at != object.end() && at->is_string() ? at->get<std::string>() : "";
+}
+
+// Reads one text of many features and hands each of them to sink as soon as it is complete.
+void ReadOneText(std::FILE* stream, const std::string& name, Json& rest, const JsonSink& sink) {
+    std::string member;  // of the outermost object
+    const auto onEvent = [&](int depth, Json::parse_event_t event, Json& parsed) {
+        CheckNesting(depth, name);
+        if (event == Json::parse_event_t::key && depth == 1) {
+            member = parsed.get<std::string>();
+        } else if (event == Json::parse_event_t::object_end && depth == 2 && member == "features") {
+            sink(parsed);
+            return false;
+        }
+        return true;
+    };
+    try {
+        rest = Json::parse(stream, onEvent);
+    } catch (const Json::exception& error) {
+        FailParsing(name, error);
+    }
+}
+
+// Bytes up to the separator, which is not part of them. False at the end.
+bool NextText(std::FILE* stream, int separator, std::string& text) {
+    text.clear();
+    int c = std::getc(stream);
+    if (c == EOF) {
+        return false;
+    }
+    for (; c != EOF && c != separator; c = std::getc(stream)) {
+        text += static_cast<char>(c);
+    }
+    return true;
+}
+
+// Whether a text is one that is passed over between two separators.
+bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
+std::optional<shr::Box2d> BoxOf(const Json& object) {
+    const auto at = object.is_object() ? object.find("bbox") : object.end();
+    if (!object.is_object() || at == object.end() || !at->is_array() ||
+        (at->size() != 4 && at->size() != 6) ||
+        !std::all_of(at->begin(), at->end(), [](const Json& n) { return n.is_number(); })) {
+        return std::nullopt;
+    }
+    const std::size_t high = at->size() / 2;
+    return shr::Box2d{(*at)[0].get<double>(), (*at)[1].get<double>(), (*at)[high].get<double>(),
+                      (*at)[high + 1].get<double>()};
+}
+
+// Hands every feature of the input to sink, a bare geometry as a feature without properties.
+// Returns the bbox of the whole.
+std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter& reporter,
+                                         const JsonSink& sink) {
+    const Framing framing = FramingOf(input);
+    InputStream stream(input);
+    const auto take = [&](Json& object) {
+        sink(object);
+        reporter.Progress(stream.Fraction());
+    };
+    const auto takeText = [&](Json& text) {
+        const std::string type = TypeOf(text);
+        if (type == "FeatureCollection") {
+            for (Json& feature : text["features"]) {
+                take(feature);
+            }
+        } else if (type == "Feature") {
+            take(text);
+        } else {
+            Json feature = {{"type", "Feature"}, {"properties", nullptr}};
+            feature["geometry"] = std::move(text);
+            take(feature);
+        }
+    };
+    if (framing == Framing::OneText) {
+        Json rest;
+        ReadOneText(stream.Stream(), input.Name(), rest, take);
+        const std::optional<shr::Box2d> box = BoxOf(rest);
+        if (TypeOf(rest) != "FeatureCollection") {
+            takeText(rest);
+        }
+        return box;
+    }
+    const int separator = framing == Framing::Lines ? '\n' : kRecordSeparator;
+    const auto onEvent = [&](int depth, Json::parse_event_t /*event*/, Json& /*parsed*/) {
+        CheckNesting(depth, input.Name());
+        return true;
+    };
+    std::string text;
+    while (NextText(stream.Stream(), separator, text)) {
+        if (IsBlank(text)) {
+            continue;
+        }
+        try {
+            Json parsed = Json::parse(text, onEvent);
+            takeText(parsed);
+        } catch (const Json::exception& error) {
+            FailParsing(input.Name(), error);
+        }
+    }
+    return std::nullopt;
+}
+
+ColumnKind KindOf(const Json& value) {
+    if (value.is_boolean()) {
+        return ColumnKind::Logical;
+    }
+    if (value.is_number_integer()) {
+        return ColumnKind::LargeInt;
+    }
+    return value.is_number() ? ColumnKind::Float : ColumnKind::Char;
+}
+
+// The kind that holds the values of both.
+ColumnKind Common(ColumnKind left, ColumnKind right) {
+    if (left == right) {
+        return left;
+    }
+    const auto isNumber = [](ColumnKind kind) {
+        return kind == ColumnKind::LargeInt || kind == ColumnKind::Float;
+    };
+    return isNumber(left) && isNumber(right) ? ColumnKind::Float : ColumnKind::Char;
+}
+
+Value ValueOf(const Json& json) {
+    switch (json.type()) {
+    case Json::value_t::null:
+        return std::monostate();
+    case Json::value_t::string:
+        return json.get<std::string>();
+    case Json::value_t::boolean:
+        return json.get<bool>();
+    case Json::value_t::number_integer:
+        return json.get<std::int64_t>();
+    case Json::value_t::number_unsigned:
+        if (json.get<std::uint64_t>() <= static_cast<std::uint64_t>(INT64_MAX)) {
+            return json.get<std::int64_t>();
+        }
+        return json.dump();
+    case Json::value_t::number_float:
+        return json.get<double>();
+    default:
+        return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+    }
+}
+
+class GeometryError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Turns geometries into features. Throws GeometryError.
+class GeometryReader {
+public:
+    GeometryReader(const std::function<void(Feature&)>& sink, Feature& feature)
+        : sink_(sink), feature_(feature) {}
+
+    // Returns the number of features.
+    std::size_t Read(const Json& geometry) {
+        if (geometry.is_null()) {
+            return 0;
+        }
+        if (!geometry.is_object()) {
+            throw GeometryError("the geometry is no object");
+        }
+        const std::string type = TypeOf(geometry);
+        if (type == "GeometryCollection") {
+            std::size_t count = 0;
+            for (const Json& member : Member(geometry, "geometries")) {
+                count += Read(member);
+            }
+            return count;
+        }
+        return ReadCoordinates(type, Member(geometry, "coordinates"));
+    }
+
+private:
+    static const Json& Member(const Json& object, const char* name) {
+        const auto at = object.find(name);
+        if (at == object.end() || !at->is_array()) {
+            throw GeometryError(std::string("the geometry has no array \"") + name + "\"");
+        }
+        return *at;
+    }
+
+    std::size_t ReadCoordinates(const std::string& type, const Json& coordinates) {
+        if (coordinates.empty()) {
+            return 0;
+        }
+        if (type == "Point") {
+            AddPosition(coordinates);
+            return Emit(GeometryKind::Points);
+        }
+        if (type == "MultiPoint") {
+            AddPositions(coordinates);
+            return Emit(GeometryKind::Points);
+        }
+        if (type == "LineString") {
+            return EmitLine(coordinates);
+        }
+        if (type == "MultiLineString") {
+            std::size_t count = 0;
+            for (const Json& line : coordinates) {
+                count += EmitLine(line);
+            }
+            return count;
+        }
+        if (type == "Polygon") {
+            AddRings(coordinates);
+            return Emit(GeometryKind::Region);
+        }
+        if (type == "MultiPolygon") {
+            for (const Json& polygon : coordinates) {
+                AddRings(polygon);
+            }
+            return Emit(GeometryKind::Region);
+        }
+        throw GeometryError("the geometry type \"" + type + "\" is none of GeoJSON's");
+    }
+
+    void AddPosition(const Json& position) {
+        if (!position.is_array() || position.size() < 2 || !position[0].is_number() ||
+            !position[1].is_number()) {
+            throw GeometryError("a position is no array of two or more numbers");
+        }
+        feature_.points.push_back({position[0].get<double>(), position[1].get<double>()});
+    }
+
+    void AddPositions(const Json& positions) {
+        if (!positions.is_array()) {
+            throw GeometryError("the coordinates are not nested as the geometry's type asks");
+        }
+        feature_.points.reserve(feature_.points.size() + positions.size());
+        for (const Json& position : positions) {
+            AddPosition(position);
+        }
+    }
+
+    void AddRings(const Json& rings) {
+        if (!rings.is_array()) {
+            throw GeometryError("the coordinates are not nested as the geometry's type asks");
+        }
+        for (const Json& ring : rings) {
+            const std::size_t before = feature_.points.size();
+            AddPositions(ring);
+            if (feature_.points.size() > before) {
+                feature_.partSizes.push_back(feature_.points.size() - before);
+            }
+        }
+    }
+
+    std::size_t EmitLine(const Json& positions) {
+        AddPositions(positions);
+        if (feature_.points.size() == 1) {
+            throw GeometryError("a line has one position only");
+        }
+        return Emit(GeometryKind::Line);
+    }
+
+    std::size_t Emit(GeometryKind kind) {
+        if (feature_.points.empty()) {
+            return 0;
+        }
+        const std::vector<Value> values = feature_.values;  // the sink may move them out
+        feature_.kind = kind;
+        sink_(feature_);
+        feature_.points.clear();
+        feature_.partSizes.clear();
+        feature_.values = values;
+        return 1;
+    }
+
+    const std::function<void(Feature&)>& sink_;
+    Feature& feature_;
+};
+
+const Json& PropertiesOf(const Json& feature) {
+    static const Json kNone = Json::object();
+    const auto at = feature.find("properties");
+    return at != feature.end() && at->is_object() ? *at : kNone;
+}
+
+const Json& GeometryOf(const Json& feature) {
+    static const Json kNull;
+    const auto at = feature.find("geometry");
+    return at != feature.end() ? *at : kNull;
+}
+
+void CheckFeature(const Json& feature, const std::string& name, std::uint64_t number) {
+    if (!feature.is_object()) {
+        Fail(name, "feature " + std::to_string(number) + " is no object");
+    }
+}
+
+std::size_t ReadGeometry(const Json& geometry, Feature& feature, const std::string& name,
+                         const std::function<void(Feature&)>& sink) {
+    try {
+        return GeometryReader(sink, feature).Read(geometry);
+    } catch (const GeometryError& error) {
+        Fail(name, "feature " + std::to_string(feature.number) + ": " + error.what());
+    }
+}
+
+}  // namespace
+
+GeoJsonReader::GeoJsonReader(const std::filesystem::path& path) : input_(path) {}
+
+GeoJsonFacts GeoJsonReader::Survey(Reporter& reporter) {
+    GeoJsonFacts facts;
+    std::unordered_map<std::string, std::size_t> columnAt;
+    std::vector<bool> hasKind;
+    Feature scratch;
+    reporter.StartProgress("reading");
+    facts.extent = ForEachFeature(input_, reporter, [&](Json& json) {
+        CheckFeature(json, input_.Name(), ++facts.featureCount);
+        for (const auto& [name, value] : PropertiesOf(json).items()) {
+            const auto [at, isNew] = columnAt.try_emplace(name, facts.columns.size());
+            if (isNew) {
+                facts.columns.push_back({name, ColumnKind::Char, 0, 0});
+                hasKind.push_back(false);
+            }
+            if (!value.is_null()) {
+                ColumnKind& kind = facts.columns[at->second].kind;
+                kind = hasKind[at->second] ? Common(kind, KindOf(value)) : KindOf(value);
+                hasKind[at->second] = true;
+            }
+        }
+        scratch.number = facts.featureCount;
+        if (ReadGeometry(GeometryOf(json), scratch, input_.Name(), [](Feature&) {}) == 0) {
+            ++facts.withoutGeometry;
+        }
+    });
+    reporter.EndProgress();
+    return facts;
+}
+
+void GeoJsonReader::Read(const GeoJsonFacts& facts, Reporter& reporter,
+                         const std::function<void(Feature&)>& sink) {
+    std::unordered_map<std::string_view, std::size_t> columnAt;
+    for (std::size_t i = 0; i < facts.columns.size(); ++i) {
+        columnAt.emplace(facts.columns[i].name, i);
+    }
+    Feature feature;
+    ForEachFeature(input_, reporter, [&](Json& json) {
+        ++feature.number;
+        CheckFeature(json, input_.Name(), feature.number);
+        feature.values.assign(facts.columns.size(), Value());
+        for (const auto& [name, value] : PropertiesOf(json).items()) {
+            if (const auto at = columnAt.find(name); at != columnAt.end()) {
+                feature.values[at->second] = ValueOf(value);
+            }
+        }
+        ReadGeometry(GeometryOf(json), feature, input_.Name(), sink);
+    });
+}
+
+}  // namespace app

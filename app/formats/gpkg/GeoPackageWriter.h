@@ -1,0 +1,54 @@
+// Writes layers of features into a new GeoPackage.
+#pragma once
+
+#include "app/base/Output.h"
+#include "app/base/Reporter.h"
+#include "app/feature/Feature.h"
+#include "app/formats/gpkg/LayerTable.h"
+#include "app/formats/gpkg/SpatialReference.h"
+#include "app/formats/gpkg/Sqlite.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace app {
+
+// One layer after the other. The file appears under its name when Finish has returned; without it
+// nothing is left. Everything is one transaction.
+class GeoPackageWriter {
+public:
+    // reporter must outlive the writer. Throws Failure.
+    GeoPackageWriter(const std::filesystem::path& path, IfExists ifExists, Reporter& reporter);
+
+    // Ends the layer before and begins one. The name that is wanted is changed when it can't be a
+    // table's, or is taken. Throws Failure.
+    void BeginLayer(const std::string& wantedName, const std::vector<LayerColumn>& columns,
+                    const SpatialReference& reference);
+
+    // Adds a feature to the layer that was begun last. Rectangles and ellipses must have become
+    // regions (FlattenCurves). Throws Failure.
+    void Write(const Feature& feature);
+
+    // Ends the last layer, completes the file and moves it into place. Throws Failure.
+    void Finish();
+
+private:
+    void EndLayer();
+    std::int32_t IdOf(const SpatialReference& reference);
+
+    Reporter& reporter_;
+    std::string subject_;
+    OutputFile output_;
+    SqliteDatabase database_;
+    UniqueNames names_;
+    std::vector<SpatialReference> ownReferences_;  // those with ids of this package
+    std::string layerName_;
+    std::optional<LayerTable> layer_;
+};
+
+}  // namespace app

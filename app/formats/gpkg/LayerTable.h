@@ -1,0 +1,82 @@
+// One layer on its way into a GeoPackage: its table, its geometries and its index.
+#pragma once
+
+#include "app/feature/Feature.h"
+#include "app/formats/gpkg/BlobWriter.h"
+#include "app/formats/gpkg/GeometryType.h"
+#include "app/formats/gpkg/Names.h"
+#include "app/formats/gpkg/SpatialIndex.h"
+#include "app/formats/gpkg/Sqlite.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace app {
+
+// What a layer's end has to tell a user.
+struct LayerSummary {
+    std::uint64_t written = 0;
+    std::uint64_t withoutGeometry =
+        0;  // coordinates that are no finite numbers, regions of nothing
+
+    // Values that are none of their column's type and were kept as texts, a column each.
+    struct Mismatch {
+        std::string column;
+        std::uint64_t count = 0;
+    };
+    std::vector<Mismatch> mismatches;
+};
+
+class LayerTable {
+public:
+    // Makes the table. name is the final name of the table; the database must outlive the layer.
+    LayerTable(SqliteDatabase& database, std::string name, const std::vector<LayerColumn>& columns,
+               std::int32_t srsId);
+
+    // Adds a row. Rectangles and ellipses must have become regions (FlattenCurves).
+    void Write(const Feature& feature);
+
+    // Makes the geometries of one type when they are of one but for collecting, declares that type,
+    // registers the table, and completes the index.
+    LayerSummary Finish();
+
+private:
+    struct TableColumn {
+        std::string name;
+        LayerColumn source;
+        std::uint64_t mismatchCount = 0;
+    };
+
+    void PrepareInsert();
+    void AddTextColumns();
+    bool BuildGeometry(const Feature& feature);
+    bool BuildRegion(const Feature& feature);
+    void BindValue(int parameter, TableColumn& column, const Value& value);
+    void BindPlacement(int parameter, const TextPlacement* placement);  // null: NULLs
+    GeometryType UnifiedType();
+    void Register(GeometryType type);
+
+    SqliteDatabase& database_;
+    std::string name_;
+    std::int32_t srsId_;
+    UniqueNames names_;
+    std::string key_;
+    std::string geometry_;
+    std::vector<TableColumn> columns_;
+    std::vector<std::string> textColumns_;  // empty until the first text has come
+    std::optional<SqliteStatement> insert_;
+    std::optional<SpatialIndex> index_;
+    BlobWriter blob_;
+    shr::Box2d featureBox_;
+    GeometryType featureType_ = GeometryType::Geometry;
+    shr::Box2d extent_;  // empty until a geometry has come
+    std::set<GeometryType> types_;
+    std::vector<std::string> texts_;  // bound texts, kept until the row is written
+    LayerSummary summary_;
+};
+
+}  // namespace app

@@ -1,0 +1,45 @@
+// The R-tree index of one geometry column, with the triggers that keep it right.
+#pragma once
+
+#include "app/formats/gpkg/PackedRTree.h"
+#include "app/formats/gpkg/Sqlite.h"
+#include "host/shr/Geometry.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace app {
+
+class SpatialIndex {
+public:
+    // Makes the index, empty and without triggers, of the column geometry of a table whose rows are
+    // numbered by the column key. Names are unquoted.
+    SpatialIndex(SqliteDatabase& database, std::string table, std::string geometry,
+                 std::string key);
+
+    void Add(std::int64_t row, const shr::Box2d& box);
+
+    // Writes what is still held back, makes the triggers and registers the extension.
+    void Finish();
+
+private:
+    struct Entry {
+        std::uint64_t place;  // along a curve through the plane: near places are near boxes
+        std::int64_t row;
+        shr::Box2d box;
+    };
+
+    void Flush();
+    std::string Filled(std::string_view sql) const;
+
+    SqliteDatabase& database_;
+    std::string table_;
+    std::string geometry_;
+    std::string key_;
+    PackedRTree tree_;
+    std::vector<Entry> held_;
+};
+
+}  // namespace app

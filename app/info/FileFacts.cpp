@@ -1,0 +1,157 @@
+#include "app/info/FileFacts.h"
+
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "host/platform/Stdio.h"
+#include "standalone/Text.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace app {
+namespace {
+
+// Ends an import once its first part is known.
+struct StopImport {};
+
+template <typename T> T Entry(const zeio::ImportFileInfo& info, const wchar_t* key, T otherwise) {
+    const auto found = info.entries.find(key);
+    const T* value = found == info.entries.end() ? nullptr : boost::any_cast<T>(&found->second);
+    return value != nullptr ? *value : otherwise;
+}
+
+// Rows as the module cuts them: ended by a line feed or a NUL, or by the end of the file.
+std::optional<std::uint64_t> CountRows(const std::filesystem::path& mifPath) {
+    const std::filesystem::path mid = FindCompanion(mifPath, ".mid");
+    std::FILE* stream =
+        mid.empty() ? nullptr : platform::OpenFile(WidePath(mid), platform::OpenMode::ReadBinary);
+    if (stream == nullptr) {
+        return std::nullopt;
+    }
+    std::uint64_t rows = 0;
+    int last = '\n';
+    for (int c = platform::GetByte(stream); c != EOF; c = platform::GetByte(stream)) {
+        rows += c == '\n' || c == 0 ? 1 : 0;
+        last = c;
+    }
+    std::fclose(stream);
+    return rows + (last != '\n' && last != 0 ? 1 : 0);
+}
+
+class Counter {
+public:
+    void Take(const Feature& feature) {
+        switch (feature.kind) {
+        case GeometryKind::Points:
+            ++counts_.points;
+            break;
+        case GeometryKind::Line:
+            ++counts_.lines;
+            break;
+        case GeometryKind::Region:
+            ++counts_.regions;
+            break;
+        case GeometryKind::Rectangle:
+            ++counts_.rectangles;
+            Widen(feature.box.minX, feature.box.minY);
+            Widen(feature.box.maxX, feature.box.maxY);
+            break;
+        case GeometryKind::Ellipse:
+            ++counts_.ellipses;
+            Widen(feature.box.minX, feature.box.minY);
+            Widen(feature.box.maxX, feature.box.maxY);
+            break;
+        case GeometryKind::Text:
+            ++counts_.texts;
+            break;
+        }
+        counts_.vertices += feature.points.size();
+        for (const shr::Vec2d& point : feature.points) {
+            Widen(point.x, point.y);
+        }
+    }
+
+    const ObjectCounts& Counts() const { return counts_; }
+
+private:
+    void Widen(double x, double y) {
+        if (!counts_.extent) {
+            counts_.extent = shr::Box2d{x, y, x, y};
+        }
+        counts_.extent->minX = std::min(counts_.extent->minX, x);
+        counts_.extent->minY = std::min(counts_.extent->minY, y);
+        counts_.extent->maxX = std::max(counts_.extent->maxX, x);
+        counts_.extent->maxY = std::max(counts_.extent->maxY, y);
+    }
+
+    ObjectCounts counts_;
+};
+
+// Slots 7 and 8. A file that can't be imported is imported all the same: that fails with the
+// reason.
+void AskSlots(const ImportSettings& settings, Reporter& reporter, FileFacts& facts) {
+    MifHeader careHeader = facts.header;
+    if (settings.asIs) {
+        careHeader.careOffsets.clear();
+    }
+    const CareCopy copy(settings.path, careHeader);
+    facts.isCareTaken = copy.IsCopy();
+    const Module module(settings.modulePath);
+    const auto store = OpenOptionStore(/*noStore=*/true);
+    ReportingHost host(*store, reporter, PathText(settings.path));
+    zeio::IoManager manager(host);
+    const ImportFilterPtr filter = module.NewImportFilter(manager);
+    const std::wstring path = WidePath(copy.Path());
+    facts.canImport = filter->CanImportFile(path);
+    const zeio::ImportFileInfo info = filter->GetFileInfo(0, path);
+    facts.version = Entry<int>(info, L"HDR_VERSION", 0);
+    facts.charset = Entry<std::string>(info, L"HDR_CHARSET", "");
+    facts.delimiter = Entry<std::string>(info, L"HDR_DELIMITER", "");
+    facts.isEarth = Entry<bool>(info, L"HDR_HAS_EARTH_COORDS", false);
+    facts.bounds = {Entry<double>(info, L"HDR_XMIN", 0.0), Entry<double>(info, L"HDR_YMIN", 0.0),
+                    Entry<double>(info, L"HDR_XMAX", 0.0), Entry<double>(info, L"HDR_YMAX", 0.0)};
+    // The copy has some bytes more than the file.
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(settings.path, error);
+    facts.fileSize =
+        error ? Entry<long long>(info, L"File Size", 0LL) : static_cast<long long>(size);
+}
+
+}  // namespace
+
+FileFacts CollectFacts(const ImportSettings& settings, bool count, Reporter& reporter) {
+    FileFacts facts;
+    facts.path = settings.path;
+    facts.header = ScanHeader(settings.path);
+    facts.hasMid = !FindCompanion(settings.path, ".mid").empty();
+    AskSlots(settings, reporter, facts);
+
+    ImportSettings quiet = settings;
+    quiet.noStore = true;
+    Counter counter;
+    try {
+        ImportFeatures(
+            quiet, reporter,
+            [&](const Layer& layer) {
+                facts.columns = layer.columns;
+                facts.coordinateSystem =
+                    layer.coordinateSystem ? layer.coordinateSystem->Clone() : nullptr;
+            },
+            [&](Feature& feature) {
+                if (!count) {
+                    throw StopImport();
+                }
+                counter.Take(feature);
+            });
+    } catch (const StopImport&) {
+        // All that was asked for has been told.
+    }
+    facts.codePage = standalone::CodePage0();
+    if (count) {
+        facts.counts = counter.Counts();
+        facts.counts->rows = CountRows(settings.path);
+    }
+    return facts;
+}
+
+}  // namespace app

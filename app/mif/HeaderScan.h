@@ -1,0 +1,75 @@
+// What the program itself reads from a MIF header: the column types and other things that the
+// module does not keep, and whether the header needs care (app/mif/PaddedCopy.h).
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace app {
+
+enum class ColumnKind {
+    Char,
+    Integer,
+    SmallInt,
+    LargeInt,
+    Decimal,
+    Float,
+    Date,
+    Time,
+    DateTime,
+    Logical,
+    Other,  // a type that the format does not know; treated as text
+};
+
+// The name of a kind as MIF files write it: "Char", "Integer", ...
+const char* ColumnKindName(ColumnKind kind);
+
+struct Column {
+    std::string name;  // bytes of the file's character set
+    ColumnKind kind = ColumnKind::Other;
+    int width = 0;  // Char(width), Decimal(width, decimals)
+    int decimals = 0;
+    std::string typeText;  // as written, blanks squeezed: "Decimal(10,2)"
+};
+
+struct MifHeader {
+    int version = 300;
+    std::string charset;  // "" when absent
+    std::string delimiter = "\t";
+    std::string coordSysText;  // the clause's first line, from the keyword on, blanks squeezed;
+                               // "" without one
+    std::optional<std::int64_t> unknownProjection;  // a code that stops the import
+    std::string unitsText;                          // of the clause, without quotes; "" when absent
+    struct Bounds {
+        double minX = 0.0;
+        double minY = 0.0;
+        double maxX = 0.0;
+        double maxY = 0.0;
+    };
+    std::optional<Bounds>
+        bounds;  // of a Bounds clause, on a line of its own or in the CoordSys one
+    std::optional<Bounds> ownBounds;  // of the last one on a line of its own: the module's
+    std::vector<Column> columns;
+    bool hasData = false;          // the keyword Data was found
+    std::uint64_t dataOffset = 0;  // bytes from the start: the line after Data
+    std::uint64_t dataLine = 0;    // the 1-based line number of that line
+
+    // Offsets (bytes) right behind the line end of each CoordSys clause that lacks something for
+    // which the module would take the line that follows: all behind Earth, or the unit and
+    // parameters behind the datum. An offset stands as often as empty lines are needed there.
+    std::vector<std::uint64_t> careOffsets;
+    bool NeedsCare() const { return !careOffsets.empty(); }
+};
+
+// What is to be said of the unit of an Earth system: the module knows metres and survey feet by
+// name and takes a number as units per metre; any other name leaves metres. Empty when all is well.
+std::string UnitProblem(const MifHeader& header);
+
+// Reads the header of a file; of a file that is none, what could be found in its first lines. Never
+// fails on contents. Throws Failure when the file can't be opened.
+MifHeader ScanHeader(const std::filesystem::path& path);
+
+}  // namespace app

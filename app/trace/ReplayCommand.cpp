@@ -1,0 +1,208 @@
+#include "app/trace/ReplayCommand.h"
+
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/base/RereadableInput.h"
+#include "app/base/platform/System.h"
+#include "app/json/JsonText.h"
+#include "app/run/ExportRun.h"
+#include "app/trace/ExtentOfObjects.h"
+#include "app/trace/ObjectReader.h"
+#include "app/trace/TraceHost.h"
+#include "app/trace/TraceJson.h"
+
+#include <nlohmann/json.hpp>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace app {
+namespace {
+
+using Json = nlohmann::json;
+
+constexpr const char* kFooter = R"(
+The input is one JSON object a line, as qolf trace prints it; lines that are no objects of an import
+are passed over.
+
+Examples:
+  qolf trace a.mif | qolf replay - b.mif
+  qolf replay --trace --no-store objects.jsonl out.mif)";
+
+// The object of a line; null for a call that hands over none. Throws ObjectError.
+std::unique_ptr<zeio::TrBase> ObjectOfLine(const std::string& line) {
+    const Json json = Json::parse(line, nullptr, /*allow_exceptions=*/false);
+    if (json.is_discarded() || !json.is_object()) {
+        throw ObjectError("is no JSON object");
+    }
+    const auto call = json.find("call");
+    if (call == json.end()) {
+        return ObjectFromJson(json);
+    }
+    if (*call != "ImportObject") {
+        return nullptr;
+    }
+    const auto object = json.find("object");
+    if (object == json.end()) {
+        throw ObjectError("the call has no \"object\"");
+    }
+    return ObjectFromJson(*object);
+}
+
+// Hands every object of the input to take, in order. Throws Failure, naming the line.
+void ForEachObject(const RereadableInput& input, Reporter& reporter,
+                   const std::function<void(zeio::TrBase&)>& take) {
+    InputStream stream(input);
+    std::string line;
+    while (stream.NextLine(line)) {
+        if (line.find_first_not_of(" \t") == std::string::npos) {
+            continue;
+        }
+        std::unique_ptr<zeio::TrBase> object;
+        try {
+            object = ObjectOfLine(line);
+        } catch (const ObjectError& error) {
+            throw Failure(input.Name() + ": line " + std::to_string(stream.LineNumber()) + ": " +
+                          error.what());
+        }
+        if (object != nullptr) {
+            take(*object);
+        }
+        reporter.Progress(stream.Fraction());
+    }
+}
+
+// What the host would send in place of the object.
+zeio::ExportStatus SendAsHost(ExportRun& run, zeio::TrBase& object, const shr::Box3d& extent) {
+    if (object.GetTypeId() != zeio::TrInitGraphicsImp::GetClassTypeId()) {
+        return run.Send(object);
+    }
+    zeio::TrInitGraphicsExp questions;
+    questions.extent = extent;
+    return run.Send(questions);
+}
+
+// What the filter answered to the calls of an export.
+struct Answers {
+    zeio::ExportStatus begin = zeio::ExportStatus::Done;
+    std::vector<zeio::ExportStatus> objects;  // kept for a trace only: inputs may be long
+    bool isWritten = false;
+};
+
+std::string ResultLine(const Answers& answers) {
+    std::string line = "{\"result\":{\"BeginExport\":";
+    AppendJsonNumber(line, static_cast<std::int64_t>(answers.begin));
+    line += ",\"ExportObject\":[";
+    for (const zeio::ExportStatus& status : answers.objects) {
+        line += &status == answers.objects.data() ? "" : ",";
+        AppendJsonNumber(line, static_cast<std::int64_t>(status));
+    }
+    line += "],\"EndExport\":";
+    line += answers.isWritten ? "0}}\n" : "1}}\n";
+    return line;
+}
+
+ExportSettings SettingsOf(const ReplayOptions& options) {
+    ExportSettings settings;
+    settings.path = PathFromArgument(options.output);
+    settings.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
+    settings.noStore = options.noStore;
+    settings.optionString = options.optionString;
+    settings.modulePath = options.modulePath;
+    return settings;
+}
+
+// Exports the input, with the trace as the filter's host unless it is null.
+Answers Export(const RereadableInput& input, const ReplayOptions& options, Reporter& reporter,
+               TraceHost* trace) {
+    // The first pass finds the extent, and every faulty line before anything is written.
+    ExtentOfObjects extent;
+    if (options.trace && IsTerminal(stdout)) {
+        reporter.SetProgress(false);  // the trace stands there
+    }
+    reporter.StartProgress("reading", SizeOfFile(PathFromArgument(options.input)));
+    ForEachObject(input, reporter, [&](zeio::TrBase& object) { extent.Add(object); });
+
+    ExportRun run(SettingsOf(options), reporter, trace);
+    Answers answers;
+    answers.begin = run.BeginStatus();
+    reporter.StartProgress(options.output, SizeOfFile(PathFromArgument(options.input)));
+    ForEachObject(input, reporter, [&](zeio::TrBase& object) {
+        const shr::Box3d box = options.noExtent ? ExtentOfObjects().Box() : extent.Box();
+        const zeio::ExportStatus status = SendAsHost(run, object, box);
+        if (trace != nullptr) {
+            answers.objects.push_back(status);
+        }
+    });
+    answers.isWritten = run.Finish();
+    reporter.EndProgress();
+    return answers;
+}
+
+// The same, with the filter's calls and answers on standard output; an error ends them there.
+Answers ExportWithTrace(const RereadableInput& input, const ReplayOptions& options,
+                        Reporter& reporter) {
+    const auto store = OpenOptionStore(options.noStore);
+    OutputFile output("-", IfExists::Overwrite);
+    TraceHost trace(*store, output);
+    try {
+        Answers answers = Export(input, options, reporter, &trace);
+        output.Write(ResultLine(answers));
+        output.Finish();
+        return answers;
+    } catch (const Failure&) {
+        output.Finish();
+        throw;
+    }
+}
+
+}  // namespace
+
+int RunReplay(const ReplayOptions& options, Reporter& reporter) {
+    CheckMifOutput(options.output);
+    if (!options.encoding.empty()) {
+        ChooseCodePage({}, options.encoding, reporter);
+    }
+    const ExportSettings settings = SettingsOf(options);
+    CheckNotInput(PathFromArgument(options.input), settings.path);
+    CheckOutput(settings.path, settings.ifExists);
+    const RereadableInput input(PathFromArgument(options.input));
+    const Answers answers = options.trace ? ExportWithTrace(input, options, reporter)
+                                          : Export(input, options, reporter, nullptr);
+    if (!answers.isWritten) {
+        reporter.Warning(input.Name() + ": holds no objects that are drawn; nothing was written");
+    }
+    return 0;
+}
+
+void AddReplayCommand(CLI::App& program, CommandContext& context) {
+    auto options = std::make_shared<ReplayOptions>();
+    CLI::App* command =
+        program.add_subcommand("replay", "Write translation objects to a MIF/MID pair");
+    command->add_option("input", options->input, "Objects as JSON Lines; - is standard input")
+        ->type_name("FILE")
+        ->required();
+    command->add_option("output", options->output, "The .mif file to write")
+        ->type_name("OUT.mif")
+        ->required();
+    command->add_flag("--trace", options->trace, "Print what the export filter tells its host");
+    command->add_flag("--no-extent", options->noExtent, "Do not tell the filter the extent");
+    command
+        ->add_option("--option-string", options->optionString,
+                     "Options for the filter: \"AreasToCurves=1;RenderText=0\"")
+        ->type_name("TEXT");
+    command->add_flag("--no-store", options->noStore, "Neither read nor write stored options");
+    command->add_flag("--overwrite", options->overwrite, "Replace files that exist");
+    command->add_option("--encoding", options->encoding, "Encoding of the texts written")
+        ->type_name("NAME");
+    command->footer(kFooter);
+    command->callback([options, &context] {
+        context.run = [options, &context] {
+            options->modulePath = context.modulePath;
+            return RunReplay(*options, context.reporter);
+        };
+    });
+}
+
+}  // namespace app

@@ -1,0 +1,126 @@
+// Typed values and curves of features.
+#include "app/feature/Feature.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+namespace {
+
+using app::ColumnKind;
+using app::Feature;
+using app::GeometryKind;
+using app::Value;
+
+struct ValueRow {
+    std::string name;  // letters and digits
+    ColumnKind kind;
+    std::string text;
+    Value value;
+};
+
+class AText : public testing::TestWithParam<ValueRow> {};
+
+TEST_P(AText, HasThisValueInItsColumn) {
+    app::LayerColumn column;
+    column.kind = GetParam().kind;
+
+    EXPECT_EQ(app::TypedValue(column, GetParam().text), GetParam().value);
+}
+
+const ValueRow kValues[] = {
+    {"CharStaysText", ColumnKind::Char, "007", std::string("007")},
+    {"EmptyCharStaysText", ColumnKind::Char, "", std::string()},
+    {"UnknownTypeIsText", ColumnKind::Other, "1", std::string("1")},
+    {"Integer", ColumnKind::Integer, "-42", std::int64_t{-42}},
+    {"IntegerWithPlusAndBlanks", ColumnKind::Integer, " +42 ", std::int64_t{42}},
+    {"LargeInt", ColumnKind::LargeInt, "9223372036854775807", std::int64_t{9223372036854775807}},
+    {"IntegerWithDecimals", ColumnKind::SmallInt, "1.5", 1.5},
+    {"IntegerThatIsNone", ColumnKind::Integer, "many", std::string("many")},
+    {"EmptyInteger", ColumnKind::Integer, "", std::monostate()},
+    {"BlankInteger", ColumnKind::Integer, "  ", std::monostate()},
+    {"Decimal", ColumnKind::Decimal, "12.50", 12.5},
+    {"Float", ColumnKind::Float, "1e-3", 0.001},
+    {"FloatWithComma", ColumnKind::Float, "1,5", std::string("1,5")},
+    {"FloatThatIsNotFinite", ColumnKind::Float, "inf", std::string("inf")},
+    {"True", ColumnKind::Logical, "T", true},
+    {"False", ColumnKind::Logical, "f", false},
+    {"LogicalThatIsNone", ColumnKind::Logical, "maybe", std::string("maybe")},
+    {"Date", ColumnKind::Date, "20240229", std::string("2024-02-29")},
+    {"DateInWords", ColumnKind::Date, "29.2.2024", std::string("29.2.2024")},
+    {"EmptyDate", ColumnKind::Date, "", std::monostate()},
+    {"Time", ColumnKind::Time, "235959999", std::string("23:59:59.999")},
+    {"TimeWithoutMilliseconds", ColumnKind::Time, "235959", std::string("23:59:59")},
+    {"DateTime", ColumnKind::DateTime, "20240229235959999", std::string("2024-02-29T23:59:59.999")},
+    {"DateTimeThatIsNone", ColumnKind::DateTime, "2024", std::string("2024")},
+};
+INSTANTIATE_TEST_SUITE_P(, AText, testing::ValuesIn(kValues),
+                         [](const auto& row) { return row.param.name; });
+
+Feature Box(GeometryKind kind) {
+    Feature feature;
+    feature.kind = kind;
+    feature.box = {0.0, 0.0, 4.0, 2.0};
+    return feature;
+}
+
+TEST(FlattenCurves, MakesFourCornersOfARectangle) {
+    Feature feature = Box(GeometryKind::Rectangle);
+
+    app::FlattenCurves(feature, 64);
+
+    EXPECT_EQ(feature.kind, GeometryKind::Region);
+    EXPECT_EQ(feature.points,
+              (std::vector<shr::Vec2d>{{0.0, 0.0}, {4.0, 0.0}, {4.0, 2.0}, {0.0, 2.0}}));
+    EXPECT_EQ(feature.partSizes, std::vector<std::size_t>{4});
+}
+
+TEST(FlattenCurves, PutsThePointsOfAnEllipseOnIt) {
+    Feature feature = Box(GeometryKind::Ellipse);
+
+    app::FlattenCurves(feature, 64);
+
+    double worst = 0.0;
+    for (const shr::Vec2d& point : feature.points) {
+        const double x = (point.x - 2.0) / 2.0;
+        const double y = (point.y - 1.0) / 1.0;
+        worst = std::max(worst, std::abs(x * x + y * y - 1.0));
+    }
+    EXPECT_LT(worst, 1e-12);
+    EXPECT_GE(feature.points.size(), 64U);
+}
+
+TEST(FlattenCurves, RoundsTheCornersByTheirRadii) {
+    Feature feature = Box(GeometryKind::Rectangle);
+    feature.radiusX = 0.5;
+    feature.radiusY = 0.5;
+
+    app::FlattenCurves(feature, 8);
+
+    EXPECT_EQ(feature.points.front(), (shr::Vec2d{4.0, 1.5}));
+    EXPECT_EQ(feature.points.size(), 12U);
+}
+
+TEST(FlattenCurves, TakesRadiiThatAreTooLargeAsHalfTheSides) {
+    Feature feature = Box(GeometryKind::Rectangle);
+    feature.radiusX = 100.0;
+    feature.radiusY = 100.0;
+
+    app::FlattenCurves(feature, 8);
+
+    EXPECT_EQ(feature.points.front(), (shr::Vec2d{4.0, 1.0}));
+}
+
+TEST(FlattenCurves, LeavesLinesAlone) {
+    Feature feature;
+    feature.kind = GeometryKind::Line;
+    feature.points = {{0.0, 0.0}, {1.0, 1.0}};
+
+    app::FlattenCurves(feature, 8);
+
+    EXPECT_EQ(feature.kind, GeometryKind::Line);
+    EXPECT_EQ(feature.points.size(), 2U);
+}
+
+}  // namespace

@@ -1,0 +1,151 @@
+#include "tests/formats/gpkg/Package.h"
+
+#include "app/formats/gpkg/BlobReader.h"
+#include "app/formats/gpkg/BlobWriter.h"
+
+#include <sqlite3.h>
+
+#include <stdexcept>
+
+namespace gpkg_test {
+namespace {
+
+// The bounds of all points of a blob, or nothing for an empty geometry.
+std::optional<shr::Box2d> BoundsOf(sqlite3_value* value) {
+    const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+    const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
+    std::vector<shr::Vec2d> points;
+    for (const app::GeometryPiece& piece : app::PiecesOfBlob({bytes, size})) {
+        points.insert(points.end(), piece.points.begin(), piece.points.end());
+    }
+    const shr::Box2d box = app::BoxOf(points);
+    return box.IsEmpty() ? std::nullopt : std::optional(box);
+}
+
+template <double shr::Box2d::*Bound>
+void BoundInSql(sqlite3_context* context, int, sqlite3_value** arguments) {
+    if (const std::optional<shr::Box2d> box = BoundsOf(arguments[0])) {
+        sqlite3_result_double(context, (*box).*Bound);
+    }
+}
+
+void IsEmptyInSql(sqlite3_context* context, int, sqlite3_value** arguments) {
+    sqlite3_result_int(context, BoundsOf(arguments[0]) ? 0 : 1);
+}
+
+void Register(sqlite3* handle, const char* name,
+              void (*function)(sqlite3_context*, int, sqlite3_value**)) {
+    sqlite3_create_function(handle, name, 1, SQLITE_UTF8, nullptr, function, nullptr, nullptr);
+}
+
+int AppendRow(void* rows, int count, char** values, char**) {
+    auto& text = *static_cast<std::string*>(rows);
+    text += text.empty() ? "" : "\n";
+    for (int i = 0; i < count; ++i) {
+        text += i == 0 ? "" : "|";
+        text += values[i] != nullptr ? values[i] : "NULL";
+    }
+    return 0;
+}
+
+}  // namespace
+
+app::LayerColumn Column(std::string name, app::ColumnKind kind, int width) {
+    app::LayerColumn column;
+    column.name = std::move(name);
+    column.kind = kind;
+    column.width = width;
+    return column;
+}
+
+app::Feature PointAt(double x, double y, std::vector<app::Value> values) {
+    app::Feature feature;
+    feature.kind = app::GeometryKind::Points;
+    feature.points = {{x, y}};
+    feature.values = std::move(values);
+    return feature;
+}
+
+app::Feature PointsAt(std::vector<shr::Vec2d> points) {
+    app::Feature feature;
+    feature.kind = app::GeometryKind::Points;
+    feature.points = std::move(points);
+    return feature;
+}
+
+app::Feature LineThrough(std::vector<shr::Vec2d> points) {
+    app::Feature feature;
+    feature.kind = app::GeometryKind::Line;
+    feature.points = std::move(points);
+    return feature;
+}
+
+app::Feature RegionOf(const std::vector<std::vector<shr::Vec2d>>& rings) {
+    app::Feature feature;
+    feature.kind = app::GeometryKind::Region;
+    for (const std::vector<shr::Vec2d>& ring : rings) {
+        feature.points.insert(feature.points.end(), ring.begin(), ring.end());
+        feature.partSizes.push_back(ring.size());
+    }
+    return feature;
+}
+
+std::vector<shr::Vec2d> Square(double x, double y, double side) {
+    return {{x, y}, {x + side, y}, {x + side, y + side}, {x, y + side}};
+}
+
+Package::Package()
+    : messages_(std::tmpfile()), reporter_(messages_, /*isTerminal=*/false, /*useColor=*/false) {}
+
+Package::~Package() {
+    sqlite3_close(handle_);
+    std::fclose(messages_);
+}
+
+void Package::WriteLayer(const std::vector<app::Feature>& features,
+                         const std::vector<app::LayerColumn>& columns,
+                         const app::SpatialReference& reference) {
+    Writer().BeginLayer("layer", columns, reference);
+    for (const app::Feature& feature : features) {
+        Writer().Write(feature);
+    }
+    Writer().Finish();
+}
+
+app::GeoPackageWriter& Package::Writer() {
+    if (!writer_) {
+        writer_.emplace(Path(), app::IfExists::Refuse, reporter_);
+    }
+    return *writer_;
+}
+
+std::string Package::Query(const std::string& sql) {
+    if (handle_ == nullptr) {
+        sqlite3_open_v2(Path().c_str(), &handle_, SQLITE_OPEN_READWRITE, nullptr);
+        Register(handle_, "ST_IsEmpty", IsEmptyInSql);
+        Register(handle_, "ST_MinX", BoundInSql<&shr::Box2d::minX>);
+        Register(handle_, "ST_MaxX", BoundInSql<&shr::Box2d::maxX>);
+        Register(handle_, "ST_MinY", BoundInSql<&shr::Box2d::minY>);
+        Register(handle_, "ST_MaxY", BoundInSql<&shr::Box2d::maxY>);
+    }
+    std::string rows;
+    char* error = nullptr;
+    if (sqlite3_exec(handle_, sql.c_str(), AppendRow, &rows, &error) != SQLITE_OK) {
+        const std::string reason = error;
+        sqlite3_free(error);
+        throw std::runtime_error(sql + ": " + reason);
+    }
+    return rows;
+}
+
+std::string Package::Messages() {
+    std::fflush(messages_);
+    std::rewind(messages_);
+    std::string text;
+    for (int c = std::getc(messages_); c != EOF; c = std::getc(messages_)) {
+        text += static_cast<char>(c);
+    }
+    return text;
+}
+
+}  // namespace gpkg_test
