@@ -1,9 +1,9 @@
 // What qolf-commands.so is made of: its one exported function.
 #include "app/CommandLibrary.h"
-#include "app/check/CheckCommand.h"
+#include "app/check/CheckRun.h"
 #include "app/convert/ConvertCommand.h"
-#include "app/draw/DrawCommand.h"
-#include "app/options/OptionsCommand.h"
+#include "app/draw/DrawArguments.h"
+#include "app/options/OptionsRun.h"
 
 #include <array>
 

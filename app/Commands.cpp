@@ -1,12 +1,12 @@
 #include "app/Commands.h"
 
-#include "app/info/InfoCommand.h"
-#include "app/trace/ReplayCommand.h"
-#include "app/trace/TraceCommand.h"
+#include "app/info/InfoRun.h"
+#include "app/trace/ReplayRun.h"
+#include "app/trace/TraceRun.h"
 #ifdef QOLF_HAS_COMMAND_LIBRARY
 #include "app/CommandLibrary.h"
 #else
-#include "app/options/OptionsCommand.h"
+#include "app/options/OptionsRun.h"
 #endif
 
 #include <algorithm>

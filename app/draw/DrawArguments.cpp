@@ -1,4 +1,4 @@
-#include "app/draw/DrawCommand.h"
+#include "app/draw/DrawArguments.h"
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"

@@ -1,4 +1,4 @@
-#include "app/trace/ReplayCommand.h"
+#include "app/trace/ReplayRun.h"
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"

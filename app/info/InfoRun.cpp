@@ -1,4 +1,4 @@
-#include "app/info/InfoCommand.h"
+#include "app/info/InfoRun.h"
 
 #include "app/base/Errors.h"
 #include "app/base/Output.h"

@@ -1,4 +1,4 @@
-#include "app/options/OptionsCommand.h"
+#include "app/options/OptionsRun.h"
 
 #include "app/base/Errors.h"
 #include "app/base/Output.h"

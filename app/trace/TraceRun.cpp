@@ -1,4 +1,4 @@
-#include "app/trace/TraceCommand.h"
+#include "app/trace/TraceRun.h"
 
 #include "app/base/Errors.h"
 #include "app/base/Output.h"

@@ -1,4 +1,4 @@
-#include "app/check/CheckCommand.h"
+#include "app/check/CheckRun.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

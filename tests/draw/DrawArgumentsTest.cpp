@@ -1,5 +1,5 @@
 // What the command line of the drawing takes and refuses.
-#include "app/draw/DrawCommand.h"
+#include "app/draw/DrawArguments.h"
 
 #include "app/base/Errors.h"
 

@@ -1,4 +1,4 @@
-#include "app/check/CheckCommand.h"
+#include "app/check/CheckRun.h"
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
