@@ -8,6 +8,8 @@
 #include "host/shr/IError.h"
 #include "standalone/Text.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -20,7 +22,7 @@ namespace {
 constexpr int kDataError = 1;
 constexpr int kUsageError = 2;
 
-constexpr const char* kFooter = R"(
+constexpr const char* kProgramFooter = R"(
 Examples:
   qolf info roads.mif                     what the file holds
   qolf convert roads.mif roads.geojson    for a web map
@@ -206,7 +208,7 @@ int main(int argc, char** argv) {
         return kDataError;
     }
     AddHelpCommand(program, options, context);
-    program.footer(kFooter);
+    program.footer(kProgramFooter);
     // The parser alone would only say that a command is missing.
     if (!command.empty() && FindCommand(program, command) == nullptr) {
         context.reporter.Error("there is no command '" + command + "'; qolf --help lists them");

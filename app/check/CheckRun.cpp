@@ -15,19 +15,6 @@
 namespace app {
 namespace {
 
-constexpr const char* kFooter = R"(
-Each finding has the file, the line, a severity and a code that does not change;
---codes lists them all. --fix writes a repaired copy of the pair for what has
-one right repair, and leaves the input alone.
-
-Exit status: 0 nothing wrong (warnings and notes allowed), 1 errors,
-3 with --strict: warnings only.
-
-Examples:
-  qolf check roads.mif
-  qolf check --strict --json *.mif > findings.json
-  qolf check roads.mif --fix repaired.mif)";
-
 constexpr int kExitErrors = 1;
 constexpr int kExitWarnings = 3;
 
@@ -197,15 +184,7 @@ SeverityCounts CheckAsText(const CheckOptions& options, OutputFile& out) {
     return all;
 }
 
-struct CheckArguments {
-    std::vector<std::string> files;
-    bool json = false;
-    bool strict = false;
-    bool codes = false;
-    bool overwrite = false;
-    std::uint64_t maxPerCode = 100;
-    std::string fix;
-};
+}  // namespace
 
 CheckOptions CheckedCheckOptions(const CheckArguments& arguments) {
     CheckOptions options;
@@ -240,8 +219,6 @@ int PrintCodes() {
     return 0;
 }
 
-}  // namespace
-
 int RunCheck(const CheckOptions& options, Reporter& reporter) {
     std::optional<check::RepairReport> repairs;
     if (!options.fix.empty()) {
@@ -267,35 +244,6 @@ int RunCheck(const CheckOptions& options, Reporter& reporter) {
         return kExitErrors;
     }
     return options.strict && sums[1] > 0 ? kExitWarnings : 0;
-}
-
-void AddCheckCommand(CLI::App& program, CommandContext& context) {
-    const auto arguments = std::make_shared<CheckArguments>();
-    CLI::App* command =
-        program.add_subcommand("check", "Find what is wrong with MIF files, and repair it");
-    command->add_option("files", arguments->files, "MIF files to check")->type_name("FILE");
-    command->add_flag("--json", arguments->json, "Print one JSON document");
-    command->add_flag("--strict", arguments->strict, "Exit with 3 when there are warnings");
-    command->add_option("--fix", arguments->fix, "Write a repaired copy of the pair")
-        ->type_name("OUT.mif");
-    command->add_flag("--overwrite", arguments->overwrite, "Replace OUT.mif if it exists");
-    command
-        ->add_option("--max", arguments->maxPerCode,
-                     "Findings of one code shown for a file (100); 0 shows all")
-        ->type_name("COUNT")
-        ->check(CLI::NonNegativeNumber);
-    command->add_flag("--codes", arguments->codes, "List all codes with their meaning");
-    command->footer(kFooter);
-    command->callback([arguments, &context] {
-        context.run = [arguments, &context] {
-            if (arguments->codes) {
-                return PrintCodes();
-            }
-            CheckOptions options = CheckedCheckOptions(*arguments);
-            options.modulePath = context.modulePath;
-            return RunCheck(options, context.reporter);
-        };
-    });
 }
 
 }  // namespace app

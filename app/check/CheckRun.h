@@ -1,8 +1,8 @@
 // qolf check: finds what is wrong with MIF files, and repairs what has one right repair.
 #pragma once
 
-#include "app/Commands.h"
 #include "app/base/Output.h"
+#include "app/base/Reporter.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -10,6 +10,17 @@
 #include <vector>
 
 namespace app {
+
+// The options as they stand on the command line.
+struct CheckArguments {
+    std::vector<std::string> files;
+    bool json = false;
+    bool strict = false;
+    bool codes = false;
+    bool overwrite = false;
+    std::uint64_t maxPerCode = 100;
+    std::string fix;
+};
 
 struct CheckOptions {
     std::vector<std::filesystem::path> files = {};
@@ -21,9 +32,13 @@ struct CheckOptions {
     std::string modulePath = {};
 };
 
-void AddCheckCommand(CLI::App& program, CommandContext& context);
+// Throws UsageError, which names the option and what it takes.
+CheckOptions CheckedCheckOptions(const CheckArguments& arguments);
 
-// Answers the exit code: 0 clean, 1 errors, 3 warnings with strict.
+// Prints every finding's code with its meaning; returns the exit code.
+int PrintCodes();
+
+// Returns the exit code: 0 clean, 1 errors, 3 warnings with `strict`.
 int RunCheck(const CheckOptions& options, Reporter& reporter);
 
 }  // namespace app

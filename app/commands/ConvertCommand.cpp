@@ -1,6 +1,8 @@
-#include "app/convert/ConvertCommand.h"
-
+// The options of qolf convert.
+#include "app/commands/Command.h"
 #include "app/convert/ConvertRun.h"
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <memory>
@@ -8,10 +10,9 @@
 #include <vector>
 
 namespace app {
-
 namespace {
 
-constexpr const char* kFooter = R"(
+constexpr const char* kConvertFooter = R"(
 The extension tells the format: .mif, .geojson, .geojsonl (a feature a line), .geojsons (a text
 sequence), .gpkg; "-" is GeoJSON on standard input or output.
 
@@ -136,7 +137,7 @@ void AddConvertCommand(CLI::App& program, CommandContext& context) {
     AddSelection(*command, *options);
     AddExport(*command, *options);
     AddBatch(*command, *options);
-    command->footer(kFooter);
+    command->footer(kConvertFooter);
     command->callback([options, &context] {
         context.run = [options, &context] {
             options->modulePath = context.modulePath;

@@ -1,7 +1,6 @@
 // qolf draw: the command line of the drawing.
 #pragma once
 
-#include "app/Commands.h"
 #include "app/draw/DrawRun.h"
 
 #include <optional>
@@ -25,8 +24,6 @@ struct DrawArguments {
     bool asIs = false;
     std::string encoding;
 };
-
-void AddDrawCommand(CLI::App& program, CommandContext& context);
 
 // Throws UsageError, which names the option, what it must be and what was found.
 DrawOptions CheckedDrawOptions(const DrawArguments& arguments);

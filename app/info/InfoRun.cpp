@@ -8,7 +8,6 @@
 #include "app/json/JsonText.h"
 
 #ifdef QOLF_HAS_CRS
-#include "app/CommandLibrary.h"
 #include "app/crs/DescribeCoordSys.h"
 #include "app/crs/FrequentSystems.h"
 #endif
@@ -19,12 +18,6 @@
 
 namespace app {
 namespace {
-
-constexpr const char* kFooter = R"(
-Examples:
-  qolf info roads.mif
-  qolf info --count *.mif
-  qolf info --json roads.mif | jq '.files[0].columns')";
 
 std::string Number(double value) {
     std::string text;
@@ -120,21 +113,19 @@ void AddCountRows(Table& table, const ObjectCounts& counts) {
 }
 
 #ifdef QOLF_HAS_CRS
-CrsIdentity Identified(const gcs::CSDef& system) {
-    return LoadCommandLibrary().identify(system);
-}
-
 // Leaves PROJ alone where it can; without WKT, which only PROJ makes.
-CrsIdentity IdentifiedQuickly(const gcs::CSDef& system) {
-    const std::optional<RegisteredSystem> known = FindFrequentSystem(system);
-    return known ? CrsIdentity{"", known->epsgCode, known->epsgName} : Identified(system);
+CrsIdentifier AskedLast(const CrsIdentifier& identify) {
+    return [&identify](const gcs::CSDef& system) {
+        const std::optional<RegisteredSystem> known = FindFrequentSystem(system);
+        return known ? CrsIdentity{"", known->epsgCode, known->epsgName} : identify(system);
+    };
 }
 #endif
 
-void AddCoordSysRows(Table& table, const FileFacts& facts) {
+void AddCoordSysRows(Table& table, const FileFacts& facts, const CrsIdentifier& identify) {
 #ifdef QOLF_HAS_CRS
     const CoordSysDescription description =
-        DescribeCoordSys(facts.coordinateSystem.get(), IdentifiedQuickly);
+        DescribeCoordSys(facts.coordinateSystem.get(), AskedLast(identify));
     table.Row("System", description.name);
     if (description.epsgCode != 0) {
         table.Row("EPSG", std::to_string(description.epsgCode) + " " + description.epsgName);
@@ -149,6 +140,7 @@ void AddCoordSysRows(Table& table, const FileFacts& facts) {
         table.Row("Note", note);
     }
 #else
+    static_cast<void>(identify);
     table.Row("System", facts.isEarth ? "on the Earth" : "plane");
 #endif
     table.Row("Clause", facts.header.coordSysText.empty() ? "none" : facts.header.coordSysText);
@@ -167,7 +159,7 @@ std::string BoundsInWords(const FileFacts& facts) {
            " (of the CoordSys clause)";
 }
 
-std::string InfoText(const FileFacts& facts) {
+std::string InfoText(const FileFacts& facts, const CrsIdentifier& identify) {
     Table table;
     table.Row("Size", SizeInWords(facts.fileSize) +
                           (facts.hasMid ? ", with a .mid file" : ", without a .mid file"));
@@ -175,7 +167,7 @@ std::string InfoText(const FileFacts& facts) {
     table.Row("Charset", (facts.charset.empty() ? "not given" : facts.charset) + ", read as " +
                              facts.codePage);
     table.Row("Delimiter", DelimiterInWords(facts.delimiter));
-    AddCoordSysRows(table, facts);
+    AddCoordSysRows(table, facts, identify);
     table.Row("Bounds", BoundsInWords(facts));
     if (facts.counts) {
         AddCountRows(table, *facts.counts);
@@ -252,21 +244,23 @@ void AddCounts(std::string& out, const ObjectCounts& counts) {
     }
 }
 
-void AddCoordSys(std::string& out, const FileFacts& facts) {
+void AddCoordSys(std::string& out, const FileFacts& facts, const CrsIdentifier& identify) {
     AddText(out, "coordSys", facts.header.coordSysText);
 #ifdef QOLF_HAS_CRS
     const CoordSysDescription description =
-        DescribeCoordSys(facts.coordinateSystem.get(), Identified);
+        DescribeCoordSys(facts.coordinateSystem.get(), identify);
     AddText(out, "crsName", description.name);
     AddText(out, "unit", description.unit);
     AddText(out, "proj", description.proj);
     AddText(out, "wkt2", description.wkt2);
     AddMember(out, "epsg");
     out += description.epsgCode != 0 ? std::to_string(description.epsgCode) : "null";
+#else
+    static_cast<void>(identify);
 #endif
 }
 
-std::string InfoJson(const FileFacts& facts) {
+std::string InfoJson(const FileFacts& facts, const CrsIdentifier& identify) {
     std::string out = "{";
     AddText(out, "file", PathText(facts.path));
     AddInteger(out, "fileSize", facts.fileSize);
@@ -277,7 +271,7 @@ std::string InfoJson(const FileFacts& facts) {
     AddText(out, "delimiter", facts.delimiter);
     AddMember(out, "earth");
     out += facts.isEarth ? "true" : "false";
-    AddCoordSys(out, facts);
+    AddCoordSys(out, facts, identify);
     AddBox(out, "bounds", facts.bounds);
     AddMember(out, "mid");
     out += facts.hasMid ? "true" : "false";
@@ -309,7 +303,8 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
         try {
             const FileFacts facts = CollectFacts(settings, options.count, reporter);
             output.Write(isFirst ? "" : options.json ? "," : "\n");
-            output.Write(options.json ? InfoJson(facts) : InfoText(facts));
+            output.Write(options.json ? InfoJson(facts, options.identify)
+                                      : InfoText(facts, options.identify));
             isFirst = false;
         } catch (const Failure& failure) {
             reporter.Error(failure.what());
@@ -319,26 +314,6 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
     output.Write(options.json ? "]}\n" : "");
     output.Finish();
     return anyFailed ? 1 : 0;
-}
-
-void AddInfoCommand(CLI::App& program, CommandContext& context) {
-    auto options = std::make_shared<InfoOptions>();
-    CLI::App* command = program.add_subcommand("info", "Say what MIF files hold");
-    command->add_option("files", options->files, "Files to look at")->type_name("FILE")->required();
-    command->add_flag("--json", options->json, "Print one JSON document");
-    command->add_flag("--count", options->count, "Read whole files: objects, extent and rows");
-    command->add_flag("--as-is", options->asIs, "Hand files to the module as they are");
-    command
-        ->add_option("--encoding", options->encoding,
-                     "Encoding of the texts, whatever the header says")
-        ->type_name("NAME");
-    command->footer(kFooter);
-    command->callback([options, &context] {
-        context.run = [options, &context] {
-            options->modulePath = context.modulePath;
-            return RunInfo(*options, context.reporter);
-        };
-    });
 }
 
 }  // namespace app

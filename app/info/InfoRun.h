@@ -1,7 +1,8 @@
 // qolf info: what a file holds, as the module and the header tell it.
 #pragma once
 
-#include "app/Commands.h"
+#include "app/base/Reporter.h"
+#include "app/crs/DescribeCoordSys.h"
 
 #include <string>
 #include <vector>
@@ -15,9 +16,8 @@ struct InfoOptions {
     bool asIs = false;
     std::string encoding;
     std::string modulePath;
+    CrsIdentifier identify;  // for a system that only PROJ's register knows; called for no other
 };
-
-void AddInfoCommand(CLI::App& program, CommandContext& context);
 
 // The exit code: 1 when any of the files could not be read.
 int RunInfo(const InfoOptions& options, Reporter& reporter);

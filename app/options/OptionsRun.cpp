@@ -19,15 +19,6 @@ namespace app {
 
 namespace {
 
-constexpr const char* kFooter = R"(
-Without a subcommand the options are listed. AreasToCurves serves import and export alike.
-
-Examples:
-  qolf options
-  qolf options set RenderText=no
-  qolf options export          the export's page, in the terminal
-  qolf options reset)";
-
 struct KnownOption {
     const char* name;
     bool defaultValue;
@@ -50,6 +41,13 @@ const KnownOption* FindOption(const std::string& name) {
     return nullptr;
 }
 
+[[noreturn]] void FailStoring() {
+    throw Failure(PathText(standalone::OptionStore::UserFile()) +
+                  ": the options could not be written");
+}
+
+}  // namespace
+
 int ListOptions() {
     const standalone::OptionStore store(standalone::OptionStore::UserFile());
     OutputFile out("-", IfExists::Overwrite);
@@ -64,11 +62,6 @@ int ListOptions() {
     }
     out.Finish();
     return 0;
-}
-
-[[noreturn]] void FailStoring() {
-    throw Failure(PathText(standalone::OptionStore::UserFile()) +
-                  ": the options could not be written");
 }
 
 int SetOptions(const std::vector<std::string>& settings) {
@@ -100,13 +93,13 @@ int ResetOptions() {
     return 0;
 }
 
-int ShowPage(bool isImport, const std::string& modulePath, Reporter& reporter) {
+int ShowPage(OptionsPage page, const std::string& modulePath, Reporter& reporter) {
     standalone::OptionStore store(standalone::OptionStore::UserFile());
     const Module module(modulePath);
     OptionsHost host(store, module.Library());
     zeio::IoManager manager(host);
     bool isAccepted = false;
-    if (isImport) {
+    if (page == OptionsPage::Import) {
         const ImportFilterPtr filter = module.NewImportFilter(manager);
         isAccepted = ShowImportOptions(*filter);
     } else {
@@ -115,42 +108,6 @@ int ShowPage(bool isImport, const std::string& modulePath, Reporter& reporter) {
     }
     reporter.Note(isAccepted ? "the options are stored" : "nothing was changed");
     return 0;
-}
-
-}  // namespace
-
-void AddOptionsCommand(CLI::App& program, CommandContext& context) {
-    CLI::App* command = program.add_subcommand("options", "Show and change the filters' options");
-    command->footer(kFooter);
-    command->require_subcommand(0, 1);
-    // The subcommands' callbacks run before this one and must not be undone by it.
-    auto isChosen = std::make_shared<bool>(false);
-    const auto choose = [isChosen, &context](std::function<int()> work) {
-        *isChosen = true;
-        context.run = std::move(work);
-    };
-    auto settings = std::make_shared<std::vector<std::string>>();
-    CLI::App* set = command->add_subcommand("set", "Store options: NAME=yes or NAME=no");
-    set->add_option("settings", *settings, "What to store")->type_name("NAME=VALUE")->required();
-    set->callback([choose, settings] { choose([settings] { return SetOptions(*settings); }); });
-    command->add_subcommand("reset", "Forget what is stored")->callback([choose] {
-        choose([] { return ResetOptions(); });
-    });
-    for (const bool isImport : {true, false}) {
-        command
-            ->add_subcommand(isImport ? "import" : "export",
-                             isImport ? "Show the import's page" : "Show the export's page")
-            ->callback([choose, isImport, &context] {
-                choose([isImport, &context] {
-                    return ShowPage(isImport, context.modulePath, context.reporter);
-                });
-            });
-    }
-    command->callback([isChosen, &context] {
-        if (!*isChosen) {
-            context.run = [] { return ListOptions(); };
-        }
-    });
 }
 
 }  // namespace app

@@ -1,8 +1,8 @@
 // Runs an export of one MIF/MID pair through the module.
 #pragma once
 
-#include "app/Commands.h"
 #include "app/base/Output.h"
+#include "app/base/Reporter.h"
 #include "app/run/ImportRun.h"
 #include "app/run/Module.h"
 

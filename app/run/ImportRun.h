@@ -1,7 +1,7 @@
 // Runs an import of one MIF file through the module.
 #pragma once
 
-#include "app/Commands.h"
+#include "app/base/Reporter.h"
 #include "app/feature/Feature.h"
 #include "app/mif/PaddedCopy.h"
 #include "app/run/Module.h"

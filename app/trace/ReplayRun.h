@@ -1,7 +1,7 @@
 // qolf replay: hands a list of translation objects to the export filter.
 #pragma once
 
-#include "app/Commands.h"
+#include "app/base/Reporter.h"
 
 #include <optional>
 #include <string>
@@ -19,8 +19,6 @@ struct ReplayOptions {
     std::string encoding;  // of the texts written; "": Windows-1252
     std::string modulePath;
 };
-
-void AddReplayCommand(CLI::App& program, CommandContext& context);
 
 int RunReplay(const ReplayOptions& options, Reporter& reporter);
 

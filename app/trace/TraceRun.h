@@ -1,7 +1,7 @@
 // qolf trace: every call that the import filter makes on its host, in order, as JSON Lines.
 #pragma once
 
-#include "app/Commands.h"
+#include "app/base/Reporter.h"
 
 #include <optional>
 #include <string>
@@ -15,8 +15,6 @@ struct TraceOptions {
     std::string encoding;  // "": Windows-1252, whatever the header says
     std::string modulePath;
 };
-
-void AddTraceCommand(CLI::App& program, CommandContext& context);
 
 // The exit code: 1 when the import ended with an error, whose line is the last but those of the
 // filter's destruction.
