@@ -1,6 +1,7 @@
 #include "app/check/CharsetCheck.h"
 
-#include "app/mif/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <iconv.h>
 

@@ -1,7 +1,8 @@
 #include "app/check/CoordSysCheck.h"
 
-#include "app/mif/NumberText.h"
+#include "app/mif/Numbers.h"
 #include "app/mif/Projections.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <array>
@@ -110,7 +111,7 @@ double Clause::TakeNumber() {
         text += Take();
     }
     SkipComma();
-    return ReaderDouble(text);
+    return ReadDouble(text);
 }
 
 void Clause::Check() {
@@ -169,7 +170,7 @@ bool Clause::KnowProjection(std::int64_t code, const Token& token) {
 
 void Clause::CheckProjection() {
     const Token token = AtEnd() ? Token{} : tokens_[next_];
-    const std::int64_t code = ReaderInteger(Take());
+    const std::int64_t code = ReadInteger(Take());
     const bool isKnown = KnowProjection(code, token);
     if (!At(",")) {
         if (isKnown) {
@@ -202,7 +203,7 @@ void Clause::CheckProjection() {
 }
 
 void Clause::CheckDatum() {
-    const std::int64_t code = ReaderInteger(Take());
+    const std::int64_t code = ReadInteger(Take());
     if (code != 999 && code != 9999) {
         if (!IsIn(kDatums, code)) {
             report_.Add(Code::DatumUnknown, place_,
@@ -212,7 +213,7 @@ void Clause::CheckDatum() {
         return;
     }
     SkipComma();
-    const std::int64_t ellipsoid = ReaderInteger(Take());
+    const std::int64_t ellipsoid = ReadInteger(Take());
     if (!IsIn(kEllipsoids, ellipsoid)) {
         report_.Add(Code::EllipsoidUnknown, place_,
                     "the reader does not know the ellipsoid code " + std::to_string(ellipsoid) +
@@ -242,8 +243,8 @@ void Clause::CheckUnits(std::int64_t code) {
         }
         return;
     }
-    if (ReaderDouble(token.text) > 0.0) {
-        unitsPerMetre_ = ReaderDouble(token.text);
+    if (ReadDouble(token.text) > 0.0) {
+        unitsPerMetre_ = ReadDouble(token.text);
         report_.Add(Code::UnitIsNumber, place_,
                     "the unit is " + Quoted(token.text) + ", taken as units per metre");
         return;
@@ -346,7 +347,7 @@ std::optional<Box> Clause::ReadBounds(std::size_t first) const {
         if (tokens_[i].text == "-") {
             sign = "-";
         } else if (IsDecimalNumber(tokens_[i].text)) {
-            numbers.push_back(ReaderDouble(sign + tokens_[i].text));
+            numbers.push_back(ReadDouble(sign + tokens_[i].text));
             sign.clear();
         }
     }

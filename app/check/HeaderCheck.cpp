@@ -2,7 +2,8 @@
 
 #include "app/check/CharsetCheck.h"
 #include "app/check/CoordSysCheck.h"
-#include "app/mif/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <array>
 #include <optional>
@@ -18,28 +19,6 @@ constexpr std::array<std::string_view, 10> kKeywords = {
     "version",   "charset", "delimiter", "coordsys", "bounds",
     "transform", "columns", "index",     "unique",   "data"};
 
-struct KindName {
-    std::string_view name;
-    ColumnKind kind;
-};
-
-constexpr std::array kKinds = {
-    KindName{"Char", ColumnKind::Char},         KindName{"Integer", ColumnKind::Integer},
-    KindName{"SmallInt", ColumnKind::SmallInt}, KindName{"LargeInt", ColumnKind::LargeInt},
-    KindName{"Decimal", ColumnKind::Decimal},   KindName{"Float", ColumnKind::Float},
-    KindName{"Date", ColumnKind::Date},         KindName{"Time", ColumnKind::Time},
-    KindName{"DateTime", ColumnKind::DateTime}, KindName{"Logical", ColumnKind::Logical},
-};
-
-ColumnKind KindOf(std::string_view name) {
-    for (const KindName& row : kKinds) {
-        if (EqualsIgnoringCase(row.name, name)) {
-            return row.kind;
-        }
-    }
-    return ColumnKind::Other;
-}
-
 bool IsKeyword(std::string_view text) {
     for (const std::string_view keyword : kKeywords) {
         if (EqualsIgnoringCase(keyword, text)) {
@@ -54,13 +33,13 @@ Column ColumnOf(const Line& line) {
     column.name = line.tokens[0].text;
     if (line.tokens.size() > 1) {
         column.typeText = line.tokens[1].text;
-        column.kind = KindOf(column.typeText);
+        column.kind = ColumnKindOf(column.typeText);
     }
     std::vector<int> sizes;
     for (std::size_t i = 2; i < line.tokens.size(); ++i) {
         const std::string& text = line.tokens[i].text;
         if (IsDigits(text) && text.size() < 6) {
-            sizes.push_back(static_cast<int>(ReaderInteger(text)));
+            sizes.push_back(static_cast<int>(ReadInteger(text)));
         }
     }
     column.width = sizes.empty() ? 0 : sizes[0];
@@ -194,7 +173,7 @@ void HeaderChecker::CheckRest(const Line& line, std::size_t used) {
 
 void HeaderChecker::CheckVersion(const Line& line) {
     const std::string text = line.tokens.size() > 1 ? line.tokens[1].text : "";
-    const std::int64_t version = ReaderInteger(text);
+    const std::int64_t version = ReadInteger(text);
     if (version > 1100 && version < 3000) {
         report_.Add(Code::VersionUnsupported, At(line),
                     "version " + std::to_string(version) + "; the reader warns and goes on");
@@ -247,7 +226,7 @@ void HeaderChecker::CheckBounds(const Line& line) {
         const std::string_view expected = kForm[i];
         isGood = expected.empty() ? IsDecimalNumber(text) : text == expected;
         if (isGood && expected.empty()) {
-            numbers[count++] = ReaderDouble(text);
+            numbers[count++] = ReadDouble(text);
         }
     }
     if (!isGood) {
@@ -310,7 +289,7 @@ void HeaderChecker::CheckColumns() {
     const Line line = *lines_.Peek();
     lines_.Skip();
     const std::string text = line.tokens.size() > 1 ? line.tokens[1].text : "";
-    const std::int64_t number = ReaderInteger(text);
+    const std::int64_t number = ReadInteger(text);
     const std::uint64_t declared = number > 0 ? static_cast<std::uint64_t>(number) : 0;
     const std::uint64_t found = TakeColumns(declared);
     if (found == declared && IsDigits(text)) {

@@ -1,10 +1,11 @@
 #include "app/check/ObjectCheck.h"
 
 #include "app/check/ArcPoints.h"
+#include "app/check/NumberLine.h"
 #include "app/check/RingCheck.h"
 #include "app/check/StyleCheck.h"
-#include "app/mif/NumberLine.h"
-#include "app/mif/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <array>
@@ -275,7 +276,7 @@ Count ObjectChecker::CountIn(const Line& line, std::size_t tokenAt) const {
     if (tokenAt < line.tokens.size()) {
         count.token = line.tokens[tokenAt];
         count.isWhole = IsDigits(count.token.text);
-        const std::int64_t number = ReaderInteger(count.token.text);
+        const std::int64_t number = ReadInteger(count.token.text);
         count.declared = number > 0 ? static_cast<std::uint64_t>(number) : 0;
     }
     return count;
@@ -304,7 +305,7 @@ Count ObjectChecker::TakeCount(std::size_t tokenAt, const char* what) {
         report_.Add(Code::CountInvalid, At(count.line),
                     std::string("the count of ") + what + " is " + Quoted(count.token.text) +
                         "; the reader takes it as " +
-                        std::to_string(ReaderInteger(count.token.text)));
+                        std::to_string(ReadInteger(count.token.text)));
     }
     return count;
 }

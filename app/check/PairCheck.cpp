@@ -5,7 +5,8 @@
 #include "app/check/ObjectCheck.h"
 #include "app/check/RowCheck.h"
 #include "app/mif/LineReader.h"
-#include "app/mif/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <array>
 #include <cerrno>

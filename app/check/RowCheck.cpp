@@ -1,7 +1,8 @@
 #include "app/check/RowCheck.h"
 
-#include "app/mif/NumberLine.h"
-#include "app/mif/NumberText.h"
+#include "app/check/NumberLine.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <limits>
@@ -69,7 +70,7 @@ bool HasOpenQuote(std::string_view row) {
 }
 
 bool IsWholeWithin(std::string_view text, std::int64_t least, std::int64_t most) {
-    const std::int64_t number = ReaderInteger(text);
+    const std::int64_t number = ReadInteger(text);
     return IsWholeNumber(text) && number >= least && number <= most;
 }
 
@@ -82,8 +83,8 @@ bool IsDateText(std::string_view text) {
     if (!IsDigits(text) || text.size() != 8) {
         return false;
     }
-    const std::int64_t month = ReaderInteger(text.substr(4, 2));
-    const std::int64_t day = ReaderInteger(text.substr(6, 2));
+    const std::int64_t month = ReadInteger(text.substr(4, 2));
+    const std::int64_t day = ReadInteger(text.substr(6, 2));
     return month >= 1 && month <= 12 && day >= 1 && day <= 31;
 }
 
@@ -95,8 +96,8 @@ bool IsTimeText(std::string_view text) {
     const std::size_t digits = text.size() == 6 ? 6 : 9;
     const std::string time = std::string(digits - text.size(), '0') + std::string(text);
     const std::string_view view = time;
-    return ReaderInteger(view.substr(0, 2)) < 24 && ReaderInteger(view.substr(2, 2)) < 60 &&
-           ReaderInteger(view.substr(4, 2)) < 60;
+    return ReadInteger(view.substr(0, 2)) < 24 && ReadInteger(view.substr(2, 2)) < 60 &&
+           ReadInteger(view.substr(4, 2)) < 60;
 }
 
 bool IsOfKind(std::string_view text, ColumnKind kind) {

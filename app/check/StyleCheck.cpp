@@ -1,6 +1,7 @@
 #include "app/check/StyleCheck.h"
 
-#include "app/mif/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <array>
@@ -71,18 +72,17 @@ void CheckClauseLine(const Line& line, const Place& place, Report& report) {
             continue;
         }
         if (form.checks == Checks::Angle && IsDecimalNumber(values[i].text)) {
-            if (ReaderDouble(values[i].text) !=
-                static_cast<double>(ReaderInteger(values[i].text))) {
+            if (ReadDouble(values[i].text) != static_cast<double>(ReadInteger(values[i].text))) {
                 report.Add(Code::AngleTruncated, place,
                            "the reader takes the angle " + values[i].text + " as " +
-                               std::to_string(ReaderInteger(values[i].text)));
+                               std::to_string(ReadInteger(values[i].text)));
             }
             continue;
         }
         report.Add(Code::StyleUnreadable, place,
                    "the value " + Quoted(values[i].text) + " of the clause " + name +
                        " is no whole number; the reader takes " +
-                       std::to_string(ReaderInteger(values[i].text)));
+                       std::to_string(ReadInteger(values[i].text)));
     }
 }
 

@@ -28,7 +28,8 @@ public:
     std::vector<LayerColumn> SelectColumns(const std::vector<LayerColumn>& columns,
                                            const std::string& subject);
 
-    // Whether the feature's box meets the one that is asked for.
+    // Whether the box of the feature, or of a member, meets the one that is asked for. A feature
+    // without geometry meets none.
     bool Wants(const Feature& feature) const;
 
     // Leaves the selected values in the feature.

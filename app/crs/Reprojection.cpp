@@ -38,8 +38,12 @@ Reprojection::Reprojection(const gcs::CSDef* from, const gcs::CSDef* to) {
 }
 
 void Reprojection::Apply(Feature& feature) {
-    if (IsNeeded()) {
-        Apply(feature.points);
+    if (!IsNeeded()) {
+        return;
+    }
+    Apply(feature.geometry.points);
+    for (Geometry& member : feature.members) {
+        Apply(member.points);
     }
 }
 

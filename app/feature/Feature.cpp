@@ -1,196 +1,133 @@
 #include "app/feature/Feature.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <numbers>
-#include <string_view>
 
 namespace app {
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!text.empty() && isBlank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isBlank(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
-}
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr shr::Box2d kEmptyBox{kInfinity, kInfinity, -kInfinity, -kInfinity};
 
-// The whole text as a number; what is left over or out of range is no number.
-template <typename Number> bool ParseAll(std::string_view text, Number& value) {
-    if (!text.empty() && text.front() == '+') {
-        text.remove_prefix(1);
-    }
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    return result.ec == std::errc() && result.ptr == text.data() + text.size();
-}
-
-bool AllDigits(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
-// "20240131" as "2024-01-31"; "" when it is none.
-std::string IsoDate(std::string_view text) {
-    if (text.size() != 8 || !AllDigits(text)) {
-        return {};
-    }
-    return std::string(text.substr(0, 4)) + "-" + std::string(text.substr(4, 2)) + "-" +
-           std::string(text.substr(6, 2));
-}
-
-// "235959" or "235959999" (hours to milliseconds) as "23:59:59.999"; "" when it is none.
-std::string IsoTime(std::string_view text) {
-    if ((text.size() != 6 && text.size() != 9) || !AllDigits(text)) {
-        return {};
-    }
-    std::string time = std::string(text.substr(0, 2)) + ":" + std::string(text.substr(2, 2)) + ":" +
-                       std::string(text.substr(4, 2));
-    if (text.size() == 9) {
-        time += "." + std::string(text.substr(6, 3));
-    }
-    return time;
-}
-
-std::string IsoDateTime(std::string_view text) {
-    const std::string date = text.size() >= 8 ? IsoDate(text.substr(0, 8)) : std::string();
-    const std::string time = text.size() > 8 ? IsoTime(text.substr(8)) : std::string();
-    return date.empty() || time.empty() ? std::string() : date + "T" + time;
-}
-
-Value TextOr(std::string converted, const std::string& text) {
-    return converted.empty() ? Value(text) : Value(std::move(converted));
-}
-
-Value LogicalValue(std::string text) {
-    const std::string_view trimmed = Trimmed(text);
-    if (trimmed.size() == 1) {
-        switch (trimmed.front()) {
-        case 'T':
-        case 't':
-        case 'Y':
-        case 'y':
-        case '1':
-            return true;
-        case 'F':
-        case 'f':
-        case 'N':
-        case 'n':
-        case '0':
-            return false;
-        default:
-            break;
-        }
-    }
-    return text;
-}
-
-Value WholeValue(std::string text) {
-    std::int64_t whole = 0;
-    double real = 0.0;
-    if (ParseAll(Trimmed(text), whole)) {
-        return whole;
-    }
-    if (ParseAll(Trimmed(text), real) && std::isfinite(real)) {
-        return real;
-    }
-    return text;
-}
-
-Value RealValue(std::string text) {
-    double real = 0.0;
-    if (ParseAll(Trimmed(text), real) && std::isfinite(real)) {
-        return real;
-    }
-    return text;
+shr::Vec2d OnEllipse(const shr::Vec2d& centre, const shr::Vec2d& radius, double degrees) {
+    const double angle = degrees * std::numbers::pi / 180.0;
+    return {centre.x + radius.x * std::cos(angle), centre.y + radius.y * std::sin(angle)};
 }
 
 // Points along a quarter ellipse from startDegrees counter-clockwise, both ends included.
 void AddQuarter(std::vector<shr::Vec2d>& points, const shr::Vec2d& centre, const shr::Vec2d& radius,
                 double startDegrees, int edges) {
     for (int i = 0; i <= edges; ++i) {
-        const double angle = (startDegrees + 90.0 * i / edges) * std::numbers::pi / 180.0;
-        points.push_back(
-            {centre.x + radius.x * std::cos(angle), centre.y + radius.y * std::sin(angle)});
+        points.push_back(OnEllipse(centre, radius, startDegrees + 90.0 * i / edges));
     }
 }
 
-}  // namespace
-
-Value TypedValue(const LayerColumn& column, std::string text) {
-    if (column.kind == ColumnKind::Char || column.kind == ColumnKind::Other) {
-        return text;
-    }
-    if (Trimmed(text).empty()) {
-        return std::monostate();
-    }
-    switch (column.kind) {
-    case ColumnKind::Integer:
-    case ColumnKind::SmallInt:
-    case ColumnKind::LargeInt:
-        return WholeValue(std::move(text));
-    case ColumnKind::Decimal:
-    case ColumnKind::Float:
-        return RealValue(std::move(text));
-    case ColumnKind::Logical:
-        return LogicalValue(std::move(text));
-    case ColumnKind::Date:
-        return TextOr(IsoDate(Trimmed(text)), text);
-    case ColumnKind::Time:
-        return TextOr(IsoTime(Trimmed(text)), text);
-    case ColumnKind::DateTime:
-        return TextOr(IsoDateTime(Trimmed(text)), text);
-    default:
-        return text;
-    }
-}
-
-void FlattenCurves(Feature& feature, int segments) {
-    if (feature.kind != GeometryKind::Rectangle && feature.kind != GeometryKind::Ellipse) {
-        return;
-    }
-    const shr::Box2d box = feature.box;
+void FlattenArea(Geometry& geometry, int segments) {
+    const shr::Box2d box = geometry.box;
     const double halfWidth = (box.maxX - box.minX) / 2.0;
     const double halfHeight = (box.maxY - box.minY) / 2.0;
     shr::Vec2d radius{halfWidth, halfHeight};
-    if (feature.kind == GeometryKind::Rectangle) {
-        radius = {std::clamp(std::abs(feature.radiusX), 0.0, halfWidth),
-                  std::clamp(std::abs(feature.radiusY), 0.0, halfHeight)};
+    if (geometry.kind == GeometryKind::Rectangle) {
+        radius = {std::clamp(std::abs(geometry.radiusX), 0.0, halfWidth),
+                  std::clamp(std::abs(geometry.radiusY), 0.0, halfHeight)};
     }
-    feature.points.clear();
+    std::vector<shr::Vec2d>& points = geometry.points;
+    points.clear();
     if (radius.x == 0.0 || radius.y == 0.0) {
-        feature.points = {
+        points = {
             {box.minX, box.minY}, {box.maxX, box.minY}, {box.maxX, box.maxY}, {box.minX, box.maxY}};
     } else {
         const int edges = std::max(1, (segments + 3) / 4);
         const shr::Vec2d low{box.minX + radius.x, box.minY + radius.y};
         const shr::Vec2d high{box.maxX - radius.x, box.maxY - radius.y};
-        AddQuarter(feature.points, {high.x, high.y}, radius, 0.0, edges);
-        AddQuarter(feature.points, {low.x, high.y}, radius, 90.0, edges);
-        AddQuarter(feature.points, {low.x, low.y}, radius, 180.0, edges);
-        AddQuarter(feature.points, {high.x, low.y}, radius, 270.0, edges);
-        const auto last = std::unique(feature.points.begin(), feature.points.end());
-        feature.points.erase(last, feature.points.end());
+        AddQuarter(points, {high.x, high.y}, radius, 0.0, edges);
+        AddQuarter(points, {low.x, high.y}, radius, 90.0, edges);
+        AddQuarter(points, {low.x, low.y}, radius, 180.0, edges);
+        AddQuarter(points, {high.x, low.y}, radius, 270.0, edges);
+        points.erase(std::unique(points.begin(), points.end()), points.end());
     }
-    feature.kind = GeometryKind::Region;
-    feature.partSizes = {feature.points.size()};
+    geometry.kind = GeometryKind::Region;
+    geometry.partSizes = {points.size()};
+}
+
+void FlattenArc(Geometry& arc, int segments) {
+    double sweep = std::fmod(arc.endDegrees - arc.startDegrees, 360.0);
+    if (!(sweep > 0.0)) {
+        sweep += 360.0;
+    }
+    const shr::Vec2d radius{(arc.box.maxX - arc.box.minX) / 2.0,
+                            (arc.box.maxY - arc.box.minY) / 2.0};
+    const shr::Vec2d centre{arc.box.minX + radius.x, arc.box.minY + radius.y};
+    const int edges = std::max(1, static_cast<int>(std::ceil(segments * sweep / 360.0)));
+    arc.points.clear();
+    for (int i = 0; i <= edges; ++i) {
+        arc.points.push_back(OnEllipse(centre, radius, arc.startDegrees + sweep * i / edges));
+    }
+    arc.kind = GeometryKind::Line;
+    arc.partSizes.clear();
+}
+
+}  // namespace
+
+void FlattenCurves(Geometry& geometry, int segments) {
+    switch (geometry.kind) {
+    case GeometryKind::Rectangle:
+    case GeometryKind::Ellipse:
+        FlattenArea(geometry, segments);
+        break;
+    case GeometryKind::Arc:
+        FlattenArc(geometry, segments);
+        break;
+    default:
+        break;
+    }
+}
+
+void FlattenCurves(Feature& feature, int segments) {
+    FlattenCurves(feature.geometry, segments);
+    for (Geometry& member : feature.members) {
+        FlattenCurves(member, segments);
+    }
 }
 
 shr::Box2d BoxOf(std::span<const shr::Vec2d> points) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    const shr::Box2d empty{kInfinity, kInfinity, -kInfinity, -kInfinity};
-    shr::Box2d box = empty;
+    shr::Box2d box = kEmptyBox;
     double check = 0.0;  // stays 0 while every coordinate is a finite number
     for (const shr::Vec2d& point : points) {
         box = {std::min(box.minX, point.x), std::min(box.minY, point.y),
                std::max(box.maxX, point.x), std::max(box.maxY, point.y)};
         check += point.x * 0.0 + point.y * 0.0;
     }
-    return check == 0.0 ? box : empty;
+    return check == 0.0 ? box : kEmptyBox;
+}
+
+shr::Box2d BoxOf(const Geometry& geometry) {
+    switch (geometry.kind) {
+    case GeometryKind::None:
+    case GeometryKind::Collection:
+        return kEmptyBox;
+    case GeometryKind::Rectangle:
+    case GeometryKind::Ellipse:
+    case GeometryKind::Arc:
+        return geometry.box;
+    default:
+        return BoxOf(std::span<const shr::Vec2d>(geometry.points));
+    }
+}
+
+std::vector<std::span<const shr::Vec2d>> SectionsOf(const Geometry& line) {
+    std::span<const shr::Vec2d> rest(line.points);
+    if (line.partSizes.empty()) {
+        return {rest};
+    }
+    std::vector<std::span<const shr::Vec2d>> sections;
+    for (const std::size_t size : line.partSizes) {
+        sections.push_back(rest.first(size));
+        rest = rest.subspan(size);
+    }
+    return sections;
 }
 
 }  // namespace app

@@ -1,80 +1,83 @@
-// One object of a map as the formats other than MIF see it: geometry, typed values and style.
+// One object of a map as the formats other than MIF see it: geometry with style, typed values.
 #pragma once
 
-#include "app/mif/HeaderScan.h"
+#include "app/feature/Style.h"
+#include "app/feature/Values.h"
 #include "host/shr/Geometry.h"
-#include "host/zeio/TrObjects.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace app {
 
 enum class GeometryKind {
-    Points,     // points
-    Line,       // points, at least two
-    Region,     // rings: points with partSizes
-    Rectangle,  // box, and corner radii when rounded
-    Ellipse,    // the ellipse in box
-    Text,       // points[0], and text
+    None,        // a feature without a place: its values only
+    Points,      // points
+    Line,        // points, with partSizes when there are several sections
+    Region,      // rings: points with partSizes
+    Rectangle,   // box, and corner radii when rounded
+    Ellipse,     // the ellipse in box
+    Arc,         // the part of the ellipse in box from startDegrees to endDegrees
+    Text,        // points[0], and placement
+    Collection,  // the members of the feature
 };
 
-// A value is null, text (valid UTF-8), a whole number, a number or a truth value.
-using Value = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
+enum class Justify { Left, Center, Right };
 
-// The style in force when the object came; seen flags say whether the file gave one.
-struct FeatureStyle {
-    bool hasPen = false;
-    bool hasBrush = false;
-    zeio::TrPen pen;
-    zeio::TrBrush brush;
-};
-
+// What a Text says and how it lies; its font is the style's.
 struct TextPlacement {
-    std::string text;  // UTF-8
-    double angleDegrees = 0.0;
-    double height = 0.0;  // world units
-    std::string fontFace;
-    std::uint16_t fontFlags = 0;  // bits of zeio::TrFont
-    zeio::TrText::Justify justify = zeio::TrText::Justify::Left;
+    std::string text;           // UTF-8
+    double angleDegrees = 0.0;  // counter-clockwise
+    double height = 0.0;        // of the letters, world units
+    Justify justify = Justify::Left;
+
+    bool operator==(const TextPlacement&) const = default;
+};
+
+struct Geometry {
+    GeometryKind kind = GeometryKind::None;
+    std::vector<shr::Vec2d> points;
+    // Line: vertices per section, empty for one section; Region: vertices per ring. Sums to
+    // points.size() unless empty.
+    std::vector<std::size_t> partSizes;
+    // Points and Line: written as MultiPoint or MultiLineString, also with one part.
+    bool isMulti = false;
+    shr::Box2d box;        // Rectangle, Ellipse and Arc: of the whole ellipse
+    double radiusX = 0.0;  // Rectangle: of the corners; both 0 for sharp ones
+    double radiusY = 0.0;
+    double startDegrees = 0.0;  // Arc: counter-clockwise from the positive x axis, before the
+    double endDegrees = 0.0;    // ellipse is stretched; equal angles are the whole ellipse
+    TextPlacement placement;    // Text
+    Style style;
+
+    bool operator==(const Geometry&) const = default;
 };
 
 struct Feature {
     std::uint64_t number = 0;  // 1-based, in the order of the input
-    GeometryKind kind = GeometryKind::Points;
-    std::vector<shr::Vec2d> points;
-    std::vector<std::size_t> partSizes;  // Region: vertices per ring, sums to points.size()
-    shr::Box2d box;
-    double radiusX = 0.0;
-    double radiusY = 0.0;
-    TextPlacement placement;
-    FeatureStyle style;
-    std::vector<Value> values;  // one a column of the layer
+    Geometry geometry;
+    std::vector<Geometry> members;  // Collection; none of them is a Collection
+    std::vector<Value> values;      // one per column of the layer
 };
 
-// A column of a layer with its name in UTF-8.
-struct LayerColumn {
-    std::string name;
-    ColumnKind kind = ColumnKind::Char;
-    int width = 0;
-    int decimals = 0;
-};
+// Replaces curves by their points: a Rectangle or Ellipse becomes a Region of one ring, an Arc a
+// Line. Rounded corners, ellipses and arcs get about `segments` edges for a full turn. Other kinds
+// stay.
+void FlattenCurves(Geometry& geometry, int segments);
 
-// The text of a value turned into the column's type: numbers for the numeric kinds, true and false
-// for Logical, ISO dates and times; a text that is no such value stays text, an empty one of a
-// typed column is null.
-Value TypedValue(const LayerColumn& column, std::string text);
-
-// Replaces the curves by their points: a Rectangle or Ellipse becomes a Region of one ring (rounded
-// corners and ellipses with about `segments` edges a full turn); other kinds stay.
+// Flattens the feature's geometry and its members.
 void FlattenCurves(Feature& feature, int segments);
 
-// The box of the points. Without any, and also when a coordinate is no finite number, the box is
-// empty.
+// The box of the points. Empty without any point, and also when a coordinate is no finite number.
 shr::Box2d BoxOf(std::span<const shr::Vec2d> points);
+
+// The box of a geometry: that of its points, or the box of a curve. Empty for None and Collection.
+shr::Box2d BoxOf(const Geometry& geometry);
+
+// The sections of a Line: spans of its points.
+std::vector<std::span<const shr::Vec2d>> SectionsOf(const Geometry& line);
 
 }  // namespace app

@@ -1,9 +1,13 @@
 #include "app/feature/FeatureBuilder.h"
 
-#include "host/shr/Text.h"
+#include "app/feature/ObjectStyles.h"
 #include "standalone/Text.h"
 
+#include "host/shr/Text.h"
+
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <numbers>
 #include <utility>
 
@@ -28,6 +32,48 @@ template <typename Class> Class* As(zeio::TrBase& object) {
     return object.GetTypeId() == Class::GetClassTypeId() ? static_cast<Class*>(&object) : nullptr;
 }
 
+// 0 for a box that the module takes for none.
+double DiagonalOf(const shr::Box2d& box) {
+    const double width = std::abs(box.maxX - box.minX);
+    const double height = std::abs(box.maxY - box.minY);
+    return width + height < static_cast<double>(std::numeric_limits<float>::epsilon())
+               ? 0.0
+               : std::hypot(width, height);
+}
+
+void TakePolygon(const zeio::TrPolygon& polygon, Geometry& geometry) {
+    geometry.kind = GeometryKind::Region;
+    geometry.points = Flat(polygon.vertices);
+    std::size_t left = geometry.points.size();
+    for (const std::int32_t size : polygon.partSizes) {
+        const std::size_t part = std::min(static_cast<std::size_t>(std::max(size, 0)), left);
+        geometry.partSizes.push_back(part);
+        left -= part;
+    }
+    if (polygon.partSizes.empty()) {
+        geometry.partSizes.push_back(left);
+    } else {
+        geometry.points.resize(geometry.points.size() - left);
+    }
+}
+
+void TakeText(const zeio::TrText& text, Geometry& geometry) {
+    geometry.kind = GeometryKind::Text;
+    geometry.points = {{text.position.x, text.position.y}};
+    geometry.placement.text = standalone::Narrow(text.text);
+    geometry.placement.angleDegrees = text.transform.GetRotation2() * 180.0 / std::numbers::pi;
+    switch (text.justify) {
+    case zeio::TrText::Justify::Centre:
+        geometry.placement.justify = Justify::Center;
+        break;
+    case zeio::TrText::Justify::Right:
+        geometry.placement.justify = Justify::Right;
+        break;
+    default:
+        geometry.placement.justify = Justify::Left;
+    }
+}
+
 }  // namespace
 
 std::string Utf8FromNarrow(std::string narrow) {
@@ -35,89 +81,103 @@ std::string Utf8FromNarrow(std::string narrow) {
 }
 
 bool FeatureBuilder::Take(zeio::TrBase& object, Feature& feature) {
-    feature.partSizes.clear();
-    if (!TakeGeometry(object, feature)) {
+    Geometry& geometry = feature.geometry;
+    geometry.partSizes.clear();
+    if (!TakeGeometry(object, geometry)) {
         TakeStyle(object);
         return false;
     }
     feature.number = ++count_;
-    feature.style = style_;
+    feature.members.clear();
+    SeeExtent(geometry);
+    SetStyle(geometry);
     TakeValues(static_cast<zeio::TrGraphics&>(object).attributes, feature);
-    if (feature.kind == GeometryKind::Text && hasStyleBeforeText_) {
-        style_ = std::move(styleBeforeText_);
-        hasStyleBeforeText_ = false;
+    if (geometry.kind == GeometryKind::Text && styleBeforeText_) {
+        style_ = std::move(*styleBeforeText_);
+        styleBeforeText_.reset();
     }
     return true;
 }
 
-bool FeatureBuilder::TakeGeometry(zeio::TrBase& object, Feature& feature) {
+bool FeatureBuilder::TakeGeometry(zeio::TrBase& object, Geometry& geometry) {
     if (auto* line = As<zeio::TrPolyline>(object)) {
-        feature.kind = GeometryKind::Line;
-        feature.points = Flat(line->vertices);
+        geometry.kind = GeometryKind::Line;
+        geometry.points = Flat(line->vertices);
     } else if (auto* polygon = As<zeio::TrPolygon>(object)) {
-        TakePolygon(*polygon, feature);
+        TakePolygon(*polygon, geometry);
     } else if (auto* markers = As<zeio::TrMarkerSet>(object)) {
-        feature.kind = GeometryKind::Points;
-        feature.points = Flat(markers->positions);
+        geometry.kind = GeometryKind::Points;
+        geometry.points = Flat(markers->positions);
     } else if (auto* rectangle = As<zeio::TrRectangle>(object)) {
-        feature.kind = GeometryKind::Rectangle;
-        feature.points.clear();
-        feature.box = {rectangle->x1, rectangle->y1, rectangle->x2, rectangle->y2};
-        feature.radiusX = rectangle->radiusX;
-        feature.radiusY = rectangle->radiusY;
+        geometry.kind = GeometryKind::Rectangle;
+        geometry.points.clear();
+        geometry.box = {rectangle->x1, rectangle->y1, rectangle->x2, rectangle->y2};
+        geometry.radiusX = rectangle->radiusX;
+        geometry.radiusY = rectangle->radiusY;
     } else if (auto* ellipse = As<zeio::TrEllipse>(object)) {
-        feature.kind = GeometryKind::Ellipse;
-        feature.points.clear();
-        feature.box = {ellipse->x1, ellipse->y1, ellipse->x2, ellipse->y2};
+        geometry.kind = GeometryKind::Ellipse;
+        geometry.points.clear();
+        geometry.box = {ellipse->x1, ellipse->y1, ellipse->x2, ellipse->y2};
     } else if (auto* text = As<zeio::TrText>(object)) {
-        TakeText(*text, feature);
+        TakeText(*text, geometry);
     } else {
         return false;
     }
     return true;
-}
-
-void FeatureBuilder::TakePolygon(const zeio::TrPolygon& polygon, Feature& feature) {
-    feature.kind = GeometryKind::Region;
-    feature.points = Flat(polygon.vertices);
-    std::size_t left = feature.points.size();
-    for (const std::int32_t size : polygon.partSizes) {
-        const std::size_t part = std::min(static_cast<std::size_t>(std::max(size, 0)), left);
-        feature.partSizes.push_back(part);
-        left -= part;
-    }
-    if (polygon.partSizes.empty()) {
-        feature.partSizes.push_back(left);
-    } else {
-        feature.points.resize(feature.points.size() - left);
-    }
-}
-
-void FeatureBuilder::TakeText(const zeio::TrText& text, Feature& feature) {
-    feature.kind = GeometryKind::Text;
-    feature.points = {{text.position.x, text.position.y}};
-    feature.placement.text = standalone::Narrow(text.text);
-    feature.placement.angleDegrees = text.transform.GetRotation2() * 180.0 / std::numbers::pi;
-    feature.placement.height = font_.height;
-    feature.placement.fontFace = standalone::Narrow(font_.faceName);
-    feature.placement.fontFlags = font_.flags;
-    feature.placement.justify = text.justify;
 }
 
 void FeatureBuilder::TakeStyle(zeio::TrBase& object) {
     if (auto* pen = As<zeio::TrPen>(object)) {
         style_.pen = *pen;
-        style_.hasPen = true;
     } else if (auto* brush = As<zeio::TrBrush>(object)) {
         style_.brush = *brush;
-        style_.hasBrush = true;
     } else if (auto* font = As<zeio::TrFont>(object)) {
         font_ = *font;
-        if (!hasStyleBeforeText_) {
+        if (!styleBeforeText_) {
             styleBeforeText_ = style_;
-            hasStyleBeforeText_ = true;
         }
     }
+}
+
+void FeatureBuilder::SetStyle(Geometry& geometry) {
+    Style& style = geometry.style;
+    style.pen.reset();
+    style.brush.reset();
+    style.font.reset();
+    if (style_.pen) {
+        const bool isScaled = style_.pen->isRelative && style_.pen->width > 0.0;
+        style.pen = PenOf(*style_.pen, isScaled ? Diagonal() : 0.0);
+    }
+    if (geometry.kind != GeometryKind::Text) {
+        if (style_.brush) {
+            style.brush = BrushOf(*style_.brush);
+        }
+        return;
+    }
+    geometry.placement.height = font_.height;
+    style.font = Font{.name = standalone::Narrow(font_.faceName),
+                      .styleBits = FontStyleBits(font_.flags),
+                      .fore = style_.brush ? MifColorOf(style_.brush->fore) : 0};
+}
+
+void FeatureBuilder::SeeExtent(const Geometry& geometry) {
+    if (bounds_ && DiagonalOf(*bounds_) > 0.0) {
+        return;
+    }
+    const shr::Box2d box = BoxOf(geometry);
+    if (box.IsEmpty()) {
+        return;
+    }
+    if (!seen_) {
+        seen_ = box;
+    }
+    seen_ = {std::min(seen_->minX, box.minX), std::min(seen_->minY, box.minY),
+             std::max(seen_->maxX, box.maxX), std::max(seen_->maxY, box.maxY)};
+}
+
+double FeatureBuilder::Diagonal() const {
+    const double declared = bounds_ ? DiagonalOf(*bounds_) : 0.0;
+    return declared > 0.0 || !seen_ ? declared : DiagonalOf(*seen_);
 }
 
 void FeatureBuilder::TakeValues(const shr::CParamList& attributes, Feature& feature) {

@@ -41,7 +41,8 @@ std::optional<std::uint64_t> CountRows(const std::filesystem::path& mifPath) {
 class Counter {
 public:
     void Take(const Feature& feature) {
-        switch (feature.kind) {
+        const Geometry& geometry = feature.geometry;
+        switch (geometry.kind) {
         case GeometryKind::Points:
             ++counts_.points;
             break;
@@ -53,20 +54,20 @@ public:
             break;
         case GeometryKind::Rectangle:
             ++counts_.rectangles;
-            Widen(feature.box.minX, feature.box.minY);
-            Widen(feature.box.maxX, feature.box.maxY);
+            WidenBy(geometry.box);
             break;
         case GeometryKind::Ellipse:
             ++counts_.ellipses;
-            Widen(feature.box.minX, feature.box.minY);
-            Widen(feature.box.maxX, feature.box.maxY);
+            WidenBy(geometry.box);
             break;
         case GeometryKind::Text:
             ++counts_.texts;
             break;
+        default:  // the module hands over no others
+            break;
         }
-        counts_.vertices += feature.points.size();
-        for (const shr::Vec2d& point : feature.points) {
+        counts_.vertices += geometry.points.size();
+        for (const shr::Vec2d& point : geometry.points) {
             Widen(point.x, point.y);
         }
     }
@@ -74,6 +75,11 @@ public:
     const ObjectCounts& Counts() const { return counts_; }
 
 private:
+    void WidenBy(const shr::Box2d& box) {
+        Widen(box.minX, box.minY);
+        Widen(box.maxX, box.maxY);
+    }
+
     void Widen(double x, double y) {
         if (!counts_.extent) {
             counts_.extent = shr::Box2d{x, y, x, y};

@@ -4,7 +4,8 @@
 #include "app/base/Paths.h"
 #include "app/base/platform/System.h"
 #include "app/mif/LineReader.h"
-#include "app/mif/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <cstdint>
 #include <fstream>

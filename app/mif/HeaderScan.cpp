@@ -18,24 +18,6 @@
 namespace app {
 namespace {
 
-struct KindRow {
-    const char* name;  // as written in messages
-    ColumnKind kind;
-};
-constexpr std::array<KindRow, 11> kKinds{{
-    {"Char", ColumnKind::Char},
-    {"Integer", ColumnKind::Integer},
-    {"SmallInt", ColumnKind::SmallInt},
-    {"LargeInt", ColumnKind::LargeInt},
-    {"Decimal", ColumnKind::Decimal},
-    {"Float", ColumnKind::Float},
-    {"Date", ColumnKind::Date},
-    {"Time", ColumnKind::Time},
-    {"DateTime", ColumnKind::DateTime},
-    {"Logical", ColumnKind::Logical},
-    {"Other", ColumnKind::Other},
-}};
-
 bool Is(const std::string& token, const char* keyword) {
     return platform::CompareNoCase(token.c_str(), keyword) == 0;
 }
@@ -246,11 +228,7 @@ private:
         if (words.empty()) {
             return column;
         }
-        for (const KindRow& row : kKinds) {
-            if (Is(words[0], row.name)) {
-                column.kind = row.kind;
-            }
-        }
+        column.kind = ColumnKindOf(words[0]);
         // "(", width, ",", decimals, ")"
         column.width = words.size() > 2 && words[1] == "(" ? WholeNumber(words[2]) : 0;
         column.decimals = words.size() > 4 && words[3] == "," ? WholeNumber(words[4]) : 0;
@@ -382,15 +360,6 @@ private:
 };
 
 }  // namespace
-
-const char* ColumnKindName(ColumnKind kind) {
-    for (const KindRow& row : kKinds) {
-        if (row.kind == kind) {
-            return row.name;
-        }
-    }
-    return "Other";
-}
 
 std::string UnitProblem(const MifHeader& header) {
     constexpr std::array kKnown = {"m",         "meters",      "f",           "feet",

@@ -2,6 +2,8 @@
 // module does not keep, and whether the header needs care (app/mif/PaddedCopy.h).
 #pragma once
 
+#include "app/mif/Columns.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -9,31 +11,6 @@
 #include <vector>
 
 namespace app {
-
-enum class ColumnKind {
-    Char,
-    Integer,
-    SmallInt,
-    LargeInt,
-    Decimal,
-    Float,
-    Date,
-    Time,
-    DateTime,
-    Logical,
-    Other,  // a type that the format does not know; treated as text
-};
-
-// The name of a kind as MIF files write it: "Char", "Integer", ...
-const char* ColumnKindName(ColumnKind kind);
-
-struct Column {
-    std::string name;  // bytes of the file's character set
-    ColumnKind kind = ColumnKind::Other;
-    int width = 0;  // Char(width), Decimal(width, decimals)
-    int decimals = 0;
-    std::string typeText;  // as written, blanks squeezed: "Decimal(10,2)"
-};
 
 struct MifHeader {
     int version = 300;

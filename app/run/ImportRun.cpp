@@ -111,7 +111,12 @@ public:
     // Tells the sink about the layer when that has not happened yet.
     void Begin() {
         if (!builder_) {
-            builder_.emplace(layer_.columns);
+            std::optional<shr::Box2d> bounds;
+            if (layer_.header.ownBounds) {
+                const MifHeader::Bounds& own = *layer_.header.ownBounds;
+                bounds = {own.minX, own.minY, own.maxX, own.maxY};
+            }
+            builder_.emplace(layer_.columns, bounds);
             layerSink_(layer_);
         }
     }

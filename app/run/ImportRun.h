@@ -5,6 +5,8 @@
 #include "app/feature/Feature.h"
 #include "app/mif/PaddedCopy.h"
 #include "app/run/Module.h"
+#include "host/gcs/CSDef.h"
+#include "host/zeio/TrObjects.h"
 #include "standalone/IoHost.h"
 #include "standalone/OptionStore.h"
 

@@ -9,7 +9,7 @@
 namespace {
 
 using app::ColumnKind;
-using app::Feature;
+using app::Geometry;
 using app::GeometryKind;
 using app::Value;
 
@@ -58,69 +58,122 @@ const ValueRow kValues[] = {
 INSTANTIATE_TEST_SUITE_P(, AText, testing::ValuesIn(kValues),
                          [](const auto& row) { return row.param.name; });
 
-Feature Box(GeometryKind kind) {
-    Feature feature;
-    feature.kind = kind;
-    feature.box = {0.0, 0.0, 4.0, 2.0};
-    return feature;
+Geometry Box(GeometryKind kind) {
+    Geometry geometry;
+    geometry.kind = kind;
+    geometry.box = {0.0, 0.0, 4.0, 2.0};
+    return geometry;
 }
 
 TEST(FlattenCurves, MakesFourCornersOfARectangle) {
-    Feature feature = Box(GeometryKind::Rectangle);
+    Geometry geometry = Box(GeometryKind::Rectangle);
 
-    app::FlattenCurves(feature, 64);
+    app::FlattenCurves(geometry, 64);
 
-    EXPECT_EQ(feature.kind, GeometryKind::Region);
-    EXPECT_EQ(feature.points,
+    EXPECT_EQ(geometry.kind, GeometryKind::Region);
+    EXPECT_EQ(geometry.points,
               (std::vector<shr::Vec2d>{{0.0, 0.0}, {4.0, 0.0}, {4.0, 2.0}, {0.0, 2.0}}));
-    EXPECT_EQ(feature.partSizes, std::vector<std::size_t>{4});
+    EXPECT_EQ(geometry.partSizes, std::vector<std::size_t>{4});
 }
 
 TEST(FlattenCurves, PutsThePointsOfAnEllipseOnIt) {
-    Feature feature = Box(GeometryKind::Ellipse);
+    Geometry geometry = Box(GeometryKind::Ellipse);
 
-    app::FlattenCurves(feature, 64);
+    app::FlattenCurves(geometry, 64);
 
     double worst = 0.0;
-    for (const shr::Vec2d& point : feature.points) {
+    for (const shr::Vec2d& point : geometry.points) {
         const double x = (point.x - 2.0) / 2.0;
         const double y = (point.y - 1.0) / 1.0;
         worst = std::max(worst, std::abs(x * x + y * y - 1.0));
     }
     EXPECT_LT(worst, 1e-12);
-    EXPECT_GE(feature.points.size(), 64U);
+    EXPECT_GE(geometry.points.size(), 64U);
 }
 
 TEST(FlattenCurves, RoundsTheCornersByTheirRadii) {
-    Feature feature = Box(GeometryKind::Rectangle);
-    feature.radiusX = 0.5;
-    feature.radiusY = 0.5;
+    Geometry geometry = Box(GeometryKind::Rectangle);
+    geometry.radiusX = 0.5;
+    geometry.radiusY = 0.5;
 
-    app::FlattenCurves(feature, 8);
+    app::FlattenCurves(geometry, 8);
 
-    EXPECT_EQ(feature.points.front(), (shr::Vec2d{4.0, 1.5}));
-    EXPECT_EQ(feature.points.size(), 12U);
+    EXPECT_EQ(geometry.points.front(), (shr::Vec2d{4.0, 1.5}));
+    EXPECT_EQ(geometry.points.size(), 12U);
 }
 
 TEST(FlattenCurves, TakesRadiiThatAreTooLargeAsHalfTheSides) {
-    Feature feature = Box(GeometryKind::Rectangle);
-    feature.radiusX = 100.0;
-    feature.radiusY = 100.0;
+    Geometry geometry = Box(GeometryKind::Rectangle);
+    geometry.radiusX = 100.0;
+    geometry.radiusY = 100.0;
+
+    app::FlattenCurves(geometry, 8);
+
+    EXPECT_EQ(geometry.points.front(), (shr::Vec2d{4.0, 1.0}));
+}
+
+TEST(FlattenCurves, PutsThePointsOfAnArcOnItsEllipse) {
+    Geometry arc = Box(GeometryKind::Arc);
+    arc.startDegrees = 270.0;
+    arc.endDegrees = 90.0;
+
+    app::FlattenCurves(arc, 64);
+
+    ASSERT_EQ(arc.kind, GeometryKind::Line);
+    EXPECT_EQ(arc.points.size(), 33U);
+    EXPECT_NEAR(arc.points.front().x, 2.0, 1e-12);
+    EXPECT_NEAR(arc.points.front().y, 0.0, 1e-12);
+    EXPECT_NEAR(arc.points[16].x, 4.0, 1e-12);  // by way of the positive x axis
+    EXPECT_NEAR(arc.points.back().y, 2.0, 1e-12);
+}
+
+TEST(FlattenCurves, TakesEqualAnglesAsTheWholeEllipse) {
+    Geometry arc = Box(GeometryKind::Arc);
+    arc.startDegrees = 30.0;
+    arc.endDegrees = 30.0;
+
+    app::FlattenCurves(arc, 64);
+
+    EXPECT_EQ(arc.points.size(), 65U);
+}
+
+TEST(FlattenCurves, FlattensTheMembersOfACollection) {
+    app::Feature feature;
+    feature.geometry.kind = GeometryKind::Collection;
+    feature.members = {Box(GeometryKind::Ellipse)};
 
     app::FlattenCurves(feature, 8);
 
-    EXPECT_EQ(feature.points.front(), (shr::Vec2d{4.0, 1.0}));
+    EXPECT_EQ(feature.members[0].kind, GeometryKind::Region);
+}
+
+TEST(SectionsOf, GivesTheOneSectionOfALineWithoutPartSizes) {
+    Geometry line;
+    line.points = {{0.0, 0.0}, {1.0, 1.0}};
+
+    EXPECT_EQ(app::SectionsOf(line).size(), 1U);
+}
+
+TEST(SectionsOf, CutsThePointsByThePartSizes) {
+    Geometry line;
+    line.points = {{0.0, 0.0}, {1.0, 1.0}, {2.0, 2.0}};
+    line.partSizes = {2, 1};
+
+    const auto sections = app::SectionsOf(line);
+
+    ASSERT_EQ(sections.size(), 2U);
+    EXPECT_EQ(sections[1].front(), (shr::Vec2d{2.0, 2.0}));
 }
 
 TEST(FlattenCurves, LeavesLinesAlone) {
-    Feature feature;
-    feature.kind = GeometryKind::Line;
-    feature.points = {{0.0, 0.0}, {1.0, 1.0}};
+    Geometry geometry;
+    geometry.kind = GeometryKind::Line;
+    geometry.points = {{0.0, 0.0}, {1.0, 1.0}};
 
-    app::FlattenCurves(feature, 8);
+    app::FlattenCurves(geometry, 8);
 
-    EXPECT_EQ(feature.kind, GeometryKind::Line);
-    EXPECT_EQ(feature.points.size(), 2U);
+    EXPECT_EQ(geometry.kind, GeometryKind::Line);
+    EXPECT_EQ(geometry.points.size(), 2U);
 }
 
 }  // namespace

@@ -296,14 +296,14 @@ private:
             !position[1].is_number()) {
             throw GeometryError("a position is no array of two or more numbers");
         }
-        feature_.points.push_back({position[0].get<double>(), position[1].get<double>()});
+        feature_.geometry.points.push_back({position[0].get<double>(), position[1].get<double>()});
     }
 
     void AddPositions(const Json& positions) {
         if (!positions.is_array()) {
             throw GeometryError("the coordinates are not nested as the geometry's type asks");
         }
-        feature_.points.reserve(feature_.points.size() + positions.size());
+        feature_.geometry.points.reserve(feature_.geometry.points.size() + positions.size());
         for (const Json& position : positions) {
             AddPosition(position);
         }
@@ -314,31 +314,31 @@ private:
             throw GeometryError("the coordinates are not nested as the geometry's type asks");
         }
         for (const Json& ring : rings) {
-            const std::size_t before = feature_.points.size();
+            const std::size_t before = feature_.geometry.points.size();
             AddPositions(ring);
-            if (feature_.points.size() > before) {
-                feature_.partSizes.push_back(feature_.points.size() - before);
+            if (feature_.geometry.points.size() > before) {
+                feature_.geometry.partSizes.push_back(feature_.geometry.points.size() - before);
             }
         }
     }
 
     std::size_t EmitLine(const Json& positions) {
         AddPositions(positions);
-        if (feature_.points.size() == 1) {
+        if (feature_.geometry.points.size() == 1) {
             throw GeometryError("a line has one position only");
         }
         return Emit(GeometryKind::Line);
     }
 
     std::size_t Emit(GeometryKind kind) {
-        if (feature_.points.empty()) {
+        if (feature_.geometry.points.empty()) {
             return 0;
         }
         const std::vector<Value> values = feature_.values;  // the sink may move them out
-        feature_.kind = kind;
+        feature_.geometry.kind = kind;
         sink_(feature_);
-        feature_.points.clear();
-        feature_.partSizes.clear();
+        feature_.geometry.points.clear();
+        feature_.geometry.partSizes.clear();
         feature_.values = values;
         return 1;
     }

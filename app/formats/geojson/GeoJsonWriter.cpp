@@ -97,26 +97,32 @@ void AppendValue(std::string& text, const Value& value) {
         value);
 }
 
-std::string HexColor(const shr::Color4b& color) {
+std::string HexColor(std::uint32_t color) {
     constexpr std::string_view kDigits = "0123456789abcdef";
     std::string text = "#";
-    for (const unsigned byte : {color.red, color.green, color.blue}) {
-        text += kDigits[byte / 16];
-        text += kDigits[byte % 16];
+    for (unsigned shift = 24; shift > 0; shift -= 4) {
+        text += kDigits[(color >> (shift - 4)) % 16];
     }
     return text;
 }
 
-const char* JustifyName(zeio::TrText::Justify justify) {
+const char* JustifyName(Justify justify) {
     switch (justify) {
-    case zeio::TrText::Justify::Centre:
+    case Justify::Center:
         return "center";
-    case zeio::TrText::Justify::Right:
+    case Justify::Right:
         return "right";
-    case zeio::TrText::Justify::Left:
+    case Justify::Left:
         break;
     }
     return "left";
+}
+
+// Pixels of the web, 96 to the inch.
+double StrokeWidth(const Pen& pen) {
+    constexpr int kMostPixels = 10;
+    constexpr double kPixelsPerInch = 96.0;
+    return pen.width > kMostPixels ? (pen.width - kMostPixels) / 10.0 / 72.0 * kPixelsPerInch : 1.0;
 }
 
 }  // namespace
@@ -156,7 +162,11 @@ void GeoJsonWriter::Write(Feature& feature) {
     text_ += "{\"type\":\"Feature\",\"properties\":{";
     WriteProperties(feature);
     text_ += "},\"geometry\":";
-    WriteGeometry(feature);
+    if (feature.geometry.kind == GeometryKind::Collection) {
+        WriteCollection(feature.members);
+    } else if (!WriteGeometry(feature.geometry)) {
+        text_ += "null";
+    }
     text_ += form_ == GeoJsonForm::Collection ? "}" : "}\n";
     output_.Write(text_);
     ++count_;
@@ -182,11 +192,11 @@ void GeoJsonWriter::Key(const std::string& name) {
 
 void GeoJsonWriter::WriteProperties(const Feature& feature) {
     isFirstProperty_ = true;
-    const bool isText = feature.kind == GeometryKind::Text;
+    const bool isText = feature.geometry.kind == GeometryKind::Text;
     const std::size_t count = std::min(keys_.size(), feature.values.size());
     for (std::size_t i = 0; i < count; ++i) {
         if (isText && isTextKey_[i]) {
-            continue;  // a text has no row, so its own property takes the place
+            continue;  // the text's own property takes the place
         }
         if (!isFirstProperty_) {
             text_ += ',';
@@ -196,61 +206,80 @@ void GeoJsonWriter::WriteProperties(const Feature& feature) {
         AppendValue(text_, feature.values[i]);
     }
     if (isText) {
-        WriteTextProperties(feature);
+        WriteTextProperties(feature.geometry);
     }
     if (withStyles_) {
-        WriteStyle(feature);
+        WriteStyle(feature.geometry);
     }
 }
 
-void GeoJsonWriter::WriteTextProperties(const Feature& feature) {
+void GeoJsonWriter::WriteTextProperties(const Geometry& geometry) {
+    const TextPlacement& placement = geometry.placement;
     Key("text");
-    AppendJsonString(text_, feature.placement.text);
+    AppendJsonString(text_, placement.text);
     Key("angle");
-    AppendJsonNumber(text_, feature.placement.angleDegrees);
+    AppendJsonNumber(text_, placement.angleDegrees);
     Key("height");
-    AppendJsonNumber(text_, feature.placement.height);
+    AppendJsonNumber(text_, placement.height);
     Key("font");
-    AppendJsonString(text_, feature.placement.fontFace);
+    AppendJsonString(text_, geometry.style.font ? geometry.style.font->name : "");
     Key("justify");
     text_ += '"';
-    text_ += JustifyName(feature.placement.justify);
+    text_ += JustifyName(placement.justify);
     text_ += '"';
 }
 
-void GeoJsonWriter::WriteStyle(const Feature& feature) {
-    const zeio::TrPen& pen = feature.style.pen;
-    if (feature.style.hasPen) {
+void GeoJsonWriter::WriteStyle(const Geometry& geometry) {
+    const Style& style = geometry.style;
+    if (style.pen) {
         Key("stroke");
-        AppendJsonString(text_, HexColor(pen.color));
-        // A width in world units depends on the map's scale, which simplestyle can't say.
-        constexpr double kPixelsPerInch = 96.0;
+        AppendJsonString(text_, HexColor(style.pen->color));
         Key("stroke-width");
-        AppendJsonNumber(text_, pen.isRelative ? 1.0 : pen.width * kPixelsPerInch);
+        AppendJsonNumber(text_, StrokeWidth(*style.pen));
         Key("stroke-opacity");
-        text_ += pen.style == zeio::TrPen::Style::NoLine ? '0' : '1';
+        text_ += style.pen->pattern == 1 ? '0' : '1';
     }
-    const bool hasArea = feature.kind != GeometryKind::Line && feature.kind != GeometryKind::Points;
-    if (feature.style.hasBrush && hasArea) {
-        Key(feature.kind == GeometryKind::Text ? "text-color" : "fill");
-        AppendJsonString(text_, HexColor(feature.style.brush.fore));
-        if (feature.kind != GeometryKind::Text) {
-            Key("fill-opacity");
-            text_ += feature.style.brush.pattern == zeio::TrBrush::Pattern::None ? '0' : '1';
+    if (geometry.kind == GeometryKind::Text) {
+        if (style.font) {
+            Key("text-color");
+            AppendJsonString(text_, HexColor(style.font->fore));
         }
+        return;
+    }
+    const bool hasArea =
+        geometry.kind != GeometryKind::Line && geometry.kind != GeometryKind::Points;
+    if (style.brush && hasArea) {
+        Key("fill");
+        AppendJsonString(text_, HexColor(style.brush->fore));
+        Key("fill-opacity");
+        text_ += style.brush->pattern == 1 ? '0' : '1';
     }
 }
 
-void GeoJsonWriter::WriteGeometry(const Feature& feature) {
-    const std::vector<shr::Vec2d>& points = feature.points;
-    if (points.empty() || !std::all_of(points.begin(), points.end(), IsFinite)) {
-        text_ += "null";
-        return;
+void GeoJsonWriter::WriteCollection(const std::vector<Geometry>& members) {
+    text_ += "{\"type\":\"GeometryCollection\",\"geometries\":[";
+    bool isFirst = true;
+    for (const Geometry& member : members) {
+        const std::size_t before = text_.size();
+        text_ += isFirst ? "" : ",";
+        if (WriteGeometry(member)) {
+            isFirst = false;
+        } else {
+            text_.resize(before);
+        }
     }
-    switch (feature.kind) {
+    text_ += "]}";
+}
+
+bool GeoJsonWriter::WriteGeometry(const Geometry& geometry) {
+    const std::vector<shr::Vec2d>& points = geometry.points;
+    if (points.empty() || !std::all_of(points.begin(), points.end(), IsFinite)) {
+        return false;
+    }
+    switch (geometry.kind) {
     case GeometryKind::Points:
     case GeometryKind::Text:
-        if (points.size() == 1) {
+        if (points.size() == 1 && !geometry.isMulti) {
             text_ += "{\"type\":\"Point\",\"coordinates\":";
             AppendPosition(text_, points.front());
         } else {
@@ -258,26 +287,41 @@ void GeoJsonWriter::WriteGeometry(const Feature& feature) {
             AppendPositions(text_, points);
         }
         text_ += '}';
-        return;
+        return true;
     case GeometryKind::Line:
-        if (points.size() < 2) {
-            text_ += "null";
-            return;
-        }
-        text_ += "{\"type\":\"LineString\",\"coordinates\":";
-        AppendPositions(text_, points);
-        text_ += '}';
-        return;
+        return WriteLine(geometry);
+    case GeometryKind::Region:
+        return WriteRegion(geometry);
     default:
-        WriteRegion(feature);
+        return false;
     }
 }
 
-void GeoJsonWriter::WriteRegion(const Feature& feature) {
-    const std::vector<Ring> rings = RingsOf(feature.points, feature.partSizes);
+bool GeoJsonWriter::WriteLine(const Geometry& geometry) {
+    std::vector<std::span<const shr::Vec2d>> sections = SectionsOf(geometry);
+    std::erase_if(sections, [](const auto& section) { return section.size() < 2; });
+    if (sections.empty()) {
+        return false;
+    }
+    if (sections.size() == 1 && !geometry.isMulti) {
+        text_ += "{\"type\":\"LineString\",\"coordinates\":";
+        AppendPositions(text_, sections.front());
+    } else {
+        text_ += "{\"type\":\"MultiLineString\",\"coordinates\":[";
+        for (const auto& section : sections) {
+            AppendPositions(text_, section);
+            text_ += ',';
+        }
+        text_.back() = ']';
+    }
+    text_ += '}';
+    return true;
+}
+
+bool GeoJsonWriter::WriteRegion(const Geometry& geometry) {
+    const std::vector<Ring> rings = RingsOf(geometry.points, geometry.partSizes);
     if (rings.empty()) {
-        text_ += "null";
-        return;
+        return false;
     }
     const std::vector<NestedPolygon> polygons = NestRings(rings);
     if (polygons.size() == 1) {
@@ -292,6 +336,7 @@ void GeoJsonWriter::WriteRegion(const Feature& feature) {
         text_.back() = ']';
     }
     text_ += '}';
+    return true;
 }
 
 }  // namespace app

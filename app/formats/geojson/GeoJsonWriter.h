@@ -21,18 +21,23 @@ public:
     void BeginLayer(const LayerFacts& layer) override;
 
     // Regions become polygons with their holes, outer rings counter-clockwise; texts become points
-    // with the properties text, angle, height and font. A coordinate that is no finite number, or
-    // too few of them, give a null geometry.
+    // with the properties text, angle, height and font. A feature without geometry, a coordinate
+    // that is no finite number, and too few of them give a null geometry; a member of a collection
+    // with the same faults is left out.
     void Write(Feature& feature) override;
     bool Finish() override;
     bool TakesCurves() const override { return false; }
 
 private:
     void WriteProperties(const Feature& feature);
-    void WriteTextProperties(const Feature& feature);
-    void WriteStyle(const Feature& feature);
-    void WriteGeometry(const Feature& feature);
-    void WriteRegion(const Feature& feature);
+    void WriteTextProperties(const Geometry& geometry);
+    void WriteStyle(const Geometry& geometry);
+    void WriteCollection(const std::vector<Geometry>& members);
+
+    // Each returns false, with nothing written, for a geometry that GeoJSON can't hold.
+    bool WriteGeometry(const Geometry& geometry);
+    bool WriteLine(const Geometry& geometry);
+    bool WriteRegion(const Geometry& geometry);
     void Key(const std::string& name);
 
     OutputFile output_;

@@ -181,9 +181,9 @@ PackageReadResult GeoPackageReader::Read(const PackageLayer& layer,
         for (GeometryPiece& piece : pieces) {
             Feature feature;
             feature.number = ++result.featureCount;
-            feature.kind = piece.kind;
-            feature.points = std::move(piece.points);
-            feature.partSizes = std::move(piece.partSizes);
+            feature.geometry.kind = piece.kind;
+            feature.geometry.points = std::move(piece.points);
+            feature.geometry.partSizes = std::move(piece.partSizes);
             for (std::size_t i = 0; i < layer.columns.size(); ++i) {
                 feature.values.push_back(ValueOf(rows, static_cast<int>(i) + 1, layer.columns[i]));
             }

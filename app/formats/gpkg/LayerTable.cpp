@@ -1,7 +1,5 @@
 #include "app/formats/gpkg/LayerTable.h"
 
-#include "app/feature/RingNesting.h"
-
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -115,22 +113,23 @@ std::string Number(double value) {
 
 LayerTable::LayerTable(SqliteDatabase& database, std::string name,
                        const std::vector<LayerColumn>& columns, std::int32_t srsId)
-    : database_(database), name_(std::move(name)), srsId_(srsId), blob_(srsId), extent_(kEmptyBox) {
+    : database_(database), name_(std::move(name)), srsId_(srsId), geometry_(srsId),
+      extent_(kEmptyBox) {
     // The columns of the file keep their names where they can; key and geometry give way.
     for (std::size_t i = 0; i < columns.size(); ++i) {
         columns_.push_back(
             {names_.Take(columns[i].name, "column_" + std::to_string(i + 1)), columns[i], 0});
     }
     key_ = names_.Take("fid", "fid");
-    geometry_ = names_.Take("geom", "geom");
+    geometryColumn_ = names_.Take("geom", "geom");
     std::string sql = "CREATE TABLE " + QuotedName(name_) + " (" + QuotedName(key_) +
-                      " INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL, " + QuotedName(geometry_) +
-                      " GEOMETRY";
+                      " INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL, " +
+                      QuotedName(geometryColumn_) + " GEOMETRY";
     for (const TableColumn& column : columns_) {
         sql += ", " + QuotedName(column.name) + " " + SqlType(column.source);
     }
     database_.Execute(sql + ")");
-    index_.emplace(database_, name_, geometry_, key_);
+    index_.emplace(database_, name_, geometryColumn_, key_);
     PrepareInsert();
 }
 
@@ -155,21 +154,21 @@ void LayerTable::AddTextColumns() {
 }
 
 void LayerTable::Write(const Feature& feature) {
-    const bool isText = feature.kind == GeometryKind::Text;
+    const bool isText = feature.geometry.kind == GeometryKind::Text;
     if (isText && textColumns_.empty()) {
         AddTextColumns();
     }
     const auto row = static_cast<std::int64_t>(++summary_.written);
     texts_.clear();
     insert_->BindWhole(1, row);
-    if (BuildGeometry(feature)) {
-        insert_->BindBlob(2, blob_.Blob());
-        index_->Add(row, featureBox_);
-        extent_ = Union(extent_, featureBox_);
-        types_.insert(featureType_);
+    if (geometry_.Build(feature)) {
+        insert_->BindBlob(2, geometry_.Blob());
+        index_->Add(row, geometry_.Box());
+        extent_ = Union(extent_, geometry_.Box());
+        types_.insert(geometry_.Type());
     } else {
         insert_->BindNull(2);
-        ++summary_.withoutGeometry;
+        summary_.withoutGeometry += feature.geometry.kind == GeometryKind::None ? 0 : 1;
     }
     int parameter = 3;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
@@ -177,66 +176,9 @@ void LayerTable::Write(const Feature& feature) {
                   i < feature.values.size() ? feature.values[i] : Value());
     }
     if (!textColumns_.empty()) {
-        BindPlacement(parameter, isText ? &feature.placement : nullptr);
+        BindPlacement(parameter, isText ? &feature.geometry : nullptr);
     }
     static_cast<void>(insert_->Step());  // an insertion has no rows
-}
-
-bool LayerTable::BuildGeometry(const Feature& feature) {
-    featureBox_ = BoxOf(feature.points);
-    if (featureBox_.IsEmpty()) {
-        return false;
-    }
-    if (feature.kind == GeometryKind::Region) {
-        return BuildRegion(feature);
-    }
-    if (feature.kind == GeometryKind::Line) {
-        if (feature.points.size() < 2) {
-            return false;
-        }
-        featureType_ = GeometryType::LineString;
-        blob_.Begin(featureType_, featureBox_);
-        blob_.Points(feature.points);
-        return true;
-    }
-    const bool isSingle = feature.points.size() == 1;
-    featureType_ = isSingle ? GeometryType::Point : GeometryType::MultiPoint;
-    blob_.Begin(featureType_, featureBox_);
-    if (!isSingle) {
-        blob_.Count(feature.points.size());
-    }
-    for (const shr::Vec2d& point : feature.points) {
-        if (!isSingle) {
-            blob_.Member(GeometryType::Point);
-        }
-        blob_.Point(point);
-    }
-    return true;
-}
-
-bool LayerTable::BuildRegion(const Feature& feature) {
-    const std::vector<Ring> rings = RingsOf(feature.points, feature.partSizes);
-    if (rings.empty()) {
-        return false;
-    }
-    const std::vector<NestedPolygon> polygons = NestRings(rings);
-    const bool isSingle = polygons.size() == 1;
-    featureType_ = isSingle ? GeometryType::Polygon : GeometryType::MultiPolygon;
-    blob_.Begin(featureType_, featureBox_);
-    if (!isSingle) {
-        blob_.Count(polygons.size());
-    }
-    for (const NestedPolygon& polygon : polygons) {
-        if (!isSingle) {
-            blob_.Member(GeometryType::Polygon);
-        }
-        blob_.Count(1 + polygon.holes.size());
-        blob_.Ring(polygon.outer);
-        for (const Ring& hole : polygon.holes) {
-            blob_.Ring(hole);
-        }
-    }
-    return true;
 }
 
 void LayerTable::BindValue(int parameter, TableColumn& column, const Value& value) {
@@ -259,23 +201,23 @@ void LayerTable::BindValue(int parameter, TableColumn& column, const Value& valu
     }
 }
 
-void LayerTable::BindPlacement(int parameter, const TextPlacement* placement) {
-    if (placement == nullptr) {
+void LayerTable::BindPlacement(int parameter, const Geometry* text) {
+    if (text == nullptr) {
         for (std::size_t i = 0; i < kTextColumns.size(); ++i) {
             insert_->BindNull(parameter++);
         }
         return;
     }
     constexpr std::array<const char*, 3> kJustify{"left", "center", "right"};
-    const auto bindText = [&](std::string text) {
-        texts_.push_back(CleanText(std::move(text)));
+    const auto bindText = [&](std::string value) {
+        texts_.push_back(CleanText(std::move(value)));
         insert_->BindText(parameter++, texts_.back());
     };
-    bindText(placement->text);
-    insert_->BindReal(parameter++, placement->angleDegrees);
-    insert_->BindReal(parameter++, placement->height);
-    bindText(placement->fontFace);
-    insert_->BindText(parameter, kJustify[static_cast<std::size_t>(placement->justify) % 3]);
+    bindText(text->placement.text);
+    insert_->BindReal(parameter++, text->placement.angleDegrees);
+    insert_->BindReal(parameter++, text->placement.height);
+    bindText(text->style.font ? text->style.font->name : "");
+    insert_->BindText(parameter, kJustify[static_cast<std::size_t>(text->placement.justify)]);
 }
 
 // One type stays. A single type and the one that collects it become the latter.
@@ -288,16 +230,16 @@ GeometryType LayerTable::UnifiedType() {
     }
     sqlite3_create_function_v2(database_.Handle(), "qolf_multi", 1, SQLITE_UTF8, nullptr,
                                PromoteInSql, nullptr, nullptr, nullptr);
-    database_.Execute("UPDATE " + QuotedName(name_) + " SET " + QuotedName(geometry_) +
-                      " = qolf_multi(" + QuotedName(geometry_) + ") WHERE " +
-                      QuotedName(geometry_) + " NOT NULL");
+    database_.Execute("UPDATE " + QuotedName(name_) + " SET " + QuotedName(geometryColumn_) +
+                      " = qolf_multi(" + QuotedName(geometryColumn_) + ") WHERE " +
+                      QuotedName(geometryColumn_) + " NOT NULL");
     return *types_.rbegin();
 }
 
 void LayerTable::Register(GeometryType type) {
     // The column was declared before its type was known, and there is no statement that changes a
     // declaration. The old one was written by the constructor and is found by its form.
-    const std::string column = QuotedName(geometry_) + " ";
+    const std::string column = QuotedName(geometryColumn_) + " ";
     database_.Execute("PRAGMA writable_schema = ON");
     database_.Execute("UPDATE sqlite_schema SET sql = replace(sql, " +
                       QuotedText(column + "GEOMETRY") + ", " +
@@ -313,7 +255,7 @@ void LayerTable::Register(GeometryType type) {
                       bound(extent_.minX) + ", " + bound(extent_.minY) + ", " +
                       bound(extent_.maxX) + ", " + bound(extent_.maxY) + ", " + id + ")");
     database_.Execute("INSERT INTO gpkg_geometry_columns VALUES (" + QuotedText(name_) + ", " +
-                      QuotedText(geometry_) + ", '" + GeometryTypeName(type) + "', " + id +
+                      QuotedText(geometryColumn_) + ", '" + GeometryTypeName(type) + "', " + id +
                       ", 0, 0)");
 }
 

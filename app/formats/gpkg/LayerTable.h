@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/feature/Feature.h"
-#include "app/formats/gpkg/BlobWriter.h"
+#include "app/formats/gpkg/FeatureBlob.h"
 #include "app/formats/gpkg/GeometryType.h"
 #include "app/formats/gpkg/Names.h"
 #include "app/formats/gpkg/SpatialIndex.h"
@@ -20,8 +20,9 @@ namespace app {
 // What a layer's end has to tell a user.
 struct LayerSummary {
     std::uint64_t written = 0;
-    std::uint64_t withoutGeometry =
-        0;  // coordinates that are no finite numbers, regions of nothing
+    // Features whose geometry is none: coordinates that are no finite numbers, regions of nothing.
+    // A feature that has no geometry to begin with does not count.
+    std::uint64_t withoutGeometry = 0;
 
     // Values that are none of their column's type and were kept as texts, a column each.
     struct Mismatch {
@@ -53,10 +54,8 @@ private:
 
     void PrepareInsert();
     void AddTextColumns();
-    bool BuildGeometry(const Feature& feature);
-    bool BuildRegion(const Feature& feature);
     void BindValue(int parameter, TableColumn& column, const Value& value);
-    void BindPlacement(int parameter, const TextPlacement* placement);  // null: NULLs
+    void BindPlacement(int parameter, const Geometry* text);  // null: NULLs
     GeometryType UnifiedType();
     void Register(GeometryType type);
 
@@ -65,15 +64,13 @@ private:
     std::int32_t srsId_;
     UniqueNames names_;
     std::string key_;
-    std::string geometry_;
+    std::string geometryColumn_;
     std::vector<TableColumn> columns_;
     std::vector<std::string> textColumns_;  // empty until the first text has come
     std::optional<SqliteStatement> insert_;
     std::optional<SpatialIndex> index_;
-    BlobWriter blob_;
-    shr::Box2d featureBox_;
-    GeometryType featureType_ = GeometryType::Geometry;
-    shr::Box2d extent_;  // empty until a geometry has come
+    FeatureBlob geometry_;  // of the row under way
+    shr::Box2d extent_;     // empty until a geometry has come
     std::set<GeometryType> types_;
     std::vector<std::string> texts_;  // bound texts, kept until the row is written
     LayerSummary summary_;

@@ -1,9 +1,13 @@
 #include "app/formats/mif/MifTarget.h"
 
+#include "app/base/Paths.h"
+#include "app/feature/ObjectStyles.h"
 #include "app/json/JsonText.h"
 #include "standalone/Text.h"
 
+#include <algorithm>
 #include <numbers>
+#include <span>
 #include <type_traits>
 #include <utility>
 
@@ -13,6 +17,10 @@ namespace {
 
 constexpr std::uint32_t kRendersText = 0x1;
 constexpr std::uint32_t kRendersMarkers = 0x2;
+
+// Of the extent that the filter is told: it grades the widths of pens by it, and by nothing else.
+constexpr double kDiagonal = 1.0;
+constexpr int kArcSegments = 120;
 
 const shr::Color4b kBlack{0, 0, 0, 255};
 
@@ -26,13 +34,25 @@ bool IsSame(const zeio::TrBrush& left, const zeio::TrBrush& right) {
     return left.pattern == right.pattern && left.fore == right.fore && left.back == right.back;
 }
 
-std::vector<shr::Vec3d> InSpace(const std::vector<shr::Vec2d>& points) {
+std::vector<shr::Vec3d> InSpace(std::span<const shr::Vec2d> points) {
     std::vector<shr::Vec3d> result;
     result.reserve(points.size());
     for (const shr::Vec2d& point : points) {
         result.push_back({point.x, point.y, 0.0});
     }
     return result;
+}
+
+zeio::TrText::Justify ObjectJustify(Justify justify) {
+    switch (justify) {
+    case Justify::Center:
+        return zeio::TrText::Justify::Centre;
+    case Justify::Right:
+        return zeio::TrText::Justify::Right;
+    case Justify::Left:
+        break;
+    }
+    return zeio::TrText::Justify::Left;
 }
 
 }  // namespace
@@ -65,17 +85,13 @@ std::string TextOfValue(const Value& value) {
 }
 
 MifTarget::MifTarget(const ExportSettings& settings, Reporter& reporter)
-    : run_(settings, reporter) {}
+    : run_(settings, reporter), reporter_(reporter), name_(PathText(settings.path)) {}
 
 MifTarget::~MifTarget() = default;
 
 void MifTarget::BeginLayer(const LayerFacts& layer) {
     zeio::TrInitGraphicsExp questions;
-    questions.extent = {0.0, 0.0, 0.0, -1.0, -1.0, -1.0};  // not known
-    if (layer.knownExtent) {
-        questions.extent = {layer.knownExtent->minX, layer.knownExtent->minY, 0.0,
-                            layer.knownExtent->maxX, layer.knownExtent->maxY, 0.0};
-    }
+    questions.extent = {0.0, 0.0, 0.0, kDiagonal, 0.0, 0.0};
     run_.Send(questions);
     capabilities_ = questions.capabilities;
     if (layer.system != nullptr) {
@@ -95,101 +111,134 @@ void MifTarget::BeginLayer(const LayerFacts& layer) {
 }
 
 void MifTarget::Write(Feature& feature) {
-    if ((feature.kind == GeometryKind::Text && !RendersText(capabilities_)) ||
-        (feature.kind == GeometryKind::Points && !RendersMarkers(capabilities_))) {
+    if (feature.geometry.kind == GeometryKind::None) {
+        ++withoutGeometry_;
         return;
     }
-    SendStyle(feature);
-    SendGeometry(feature);
+    const shr::CParamList attributes = Attributes(feature);
+    if (feature.geometry.kind == GeometryKind::Collection) {
+        for (Geometry& member : feature.members) {
+            WriteGeometry(member, attributes);
+        }
+    } else {
+        WriteGeometry(feature.geometry, attributes);
+    }
 }
 
 bool MifTarget::Finish() {
+    if (withoutGeometry_ > 0) {
+        reporter_.Warning(name_ + ": " + std::to_string(withoutGeometry_) +
+                          (withoutGeometry_ == 1 ? " feature has" : " features have") +
+                          " no geometry and was left out");
+    }
     return run_.Finish();
 }
 
-void MifTarget::SendStyle(const Feature& feature) {
-    zeio::TrPen pen = feature.style.hasPen ? feature.style.pen
-                                           : zeio::TrPen(zeio::TrPen::Style::Solid, kBlack, 0.0);
+void MifTarget::WriteGeometry(Geometry& geometry, const shr::CParamList& attributes) {
+    if ((geometry.kind == GeometryKind::Text && !RendersText(capabilities_)) ||
+        (geometry.kind == GeometryKind::Points && !RendersMarkers(capabilities_))) {
+        return;
+    }
+    if (geometry.kind == GeometryKind::Arc) {
+        FlattenCurves(geometry, kArcSegments);
+    }
+    SendStyle(geometry);
+    SendGeometry(geometry, attributes);
+}
+
+void MifTarget::SendStyle(const Geometry& geometry) {
+    const Style& style = geometry.style;
+    const zeio::TrPen pen = style.pen ? ObjectOf(*style.pen, kDiagonal)
+                                      : zeio::TrPen(zeio::TrPen::Style::Solid, kBlack, 0.0);
     if (!pen_ || !IsSame(*pen_, pen)) {
-        run_.Send(pen);
+        zeio::TrPen sent = pen;
+        run_.Send(sent);
         pen_ = pen;
     }
     zeio::TrBrush brush =
-        feature.style.hasBrush ? feature.style.brush : zeio::TrBrush(zeio::TrBrush::Pattern::None);
+        style.brush ? ObjectOf(*style.brush) : zeio::TrBrush(zeio::TrBrush::Pattern::None);
+    if (geometry.kind == GeometryKind::Text) {
+        // The filter takes the colour of a text from the brush.
+        brush = ObjectOf(Brush{.pattern = 2, .fore = style.font ? style.font->fore : 0});
+    }
     if (!brush_ || !IsSame(*brush_, brush)) {
         run_.Send(brush);
         brush_ = brush;
     }
 }
 
-void MifTarget::SendGeometry(Feature& feature) {
-    switch (feature.kind) {
+void MifTarget::SendGeometry(const Geometry& geometry, const shr::CParamList& attributes) {
+    switch (geometry.kind) {
     case GeometryKind::Points: {
         zeio::TrMarkerSet markers;
-        markers.positions = InSpace(feature.points);
-        markers.attributes = Attributes(feature);
-        run_.Send(markers);
+        markers.positions = InSpace(geometry.points);
+        Send(markers, attributes);
         break;
     }
-    case GeometryKind::Line: {
-        zeio::TrPolyline line;
-        line.vertices = InSpace(feature.points);
-        line.attributes = Attributes(feature);
-        run_.Send(line);
+    case GeometryKind::Line:
+        for (const std::span<const shr::Vec2d> section : SectionsOf(geometry)) {
+            zeio::TrPolyline line;
+            line.vertices = InSpace(section);
+            Send(line, attributes);
+        }
         break;
-    }
     case GeometryKind::Region: {
         zeio::TrPolygon polygon;
-        polygon.vertices = InSpace(feature.points);
-        for (const std::size_t size : feature.partSizes) {
+        polygon.vertices = InSpace(geometry.points);
+        for (const std::size_t size : geometry.partSizes) {
             polygon.partSizes.push_back(static_cast<std::int32_t>(size));
         }
-        polygon.attributes = Attributes(feature);
-        run_.Send(polygon);
+        Send(polygon, attributes);
         break;
     }
     case GeometryKind::Rectangle: {
         zeio::TrRectangle rectangle;
-        rectangle.x1 = feature.box.minX;
-        rectangle.y1 = feature.box.minY;
-        rectangle.x2 = feature.box.maxX;
-        rectangle.y2 = feature.box.maxY;
-        rectangle.radiusX = feature.radiusX;
-        rectangle.radiusY = feature.radiusY;
-        rectangle.attributes = Attributes(feature);
-        run_.Send(rectangle);
+        rectangle.x1 = geometry.box.minX;
+        rectangle.y1 = geometry.box.minY;
+        rectangle.x2 = geometry.box.maxX;
+        rectangle.y2 = geometry.box.maxY;
+        rectangle.radiusX = geometry.radiusX;
+        rectangle.radiusY = geometry.radiusY;
+        Send(rectangle, attributes);
         break;
     }
     case GeometryKind::Ellipse: {
         zeio::TrEllipse ellipse;
-        ellipse.x1 = feature.box.minX;
-        ellipse.y1 = feature.box.minY;
-        ellipse.x2 = feature.box.maxX;
-        ellipse.y2 = feature.box.maxY;
-        ellipse.attributes = Attributes(feature);
-        run_.Send(ellipse);
+        ellipse.x1 = geometry.box.minX;
+        ellipse.y1 = geometry.box.minY;
+        ellipse.x2 = geometry.box.maxX;
+        ellipse.y2 = geometry.box.maxY;
+        Send(ellipse, attributes);
         break;
     }
     case GeometryKind::Text:
-        SendText(feature);
+        SendText(geometry, attributes);
+        break;
+    default:
         break;
     }
 }
 
-void MifTarget::SendText(const Feature& feature) {
-    zeio::TrFont font(standalone::Widen(feature.placement.fontFace));
-    font.flags = feature.placement.fontFlags;
-    font.height = feature.placement.height;
+void MifTarget::SendText(const Geometry& geometry, const shr::CParamList& attributes) {
+    const TextPlacement& placement = geometry.placement;
+    const Font style = geometry.style.font.value_or(Font());
+    zeio::TrFont font(standalone::Widen(style.name));
+    font.flags = FontFlags(style.styleBits);
+    font.height = placement.height;
     run_.Send(font);
-    const shr::Vec2d& at = feature.points.front();
-    zeio::TrText text(standalone::Widen(feature.placement.text), {at.x, at.y, 0.0});
-    text.justify = feature.placement.justify;
+    const shr::Vec2d& at = geometry.points.front();
+    zeio::TrText text(standalone::Widen(placement.text), {at.x, at.y, 0.0});
+    text.justify = ObjectJustify(placement.justify);
     text.align = 1;
     text.transform.Translate(-at.x, -at.y, 0.0);
-    text.transform.RotateZ(feature.placement.angleDegrees / 180.0 * std::numbers::pi);
+    text.transform.RotateZ(placement.angleDegrees / 180.0 * std::numbers::pi);
     text.transform.Translate(at.x, at.y, 0.0);
-    text.attributes = Attributes(feature);
-    run_.Send(text);
+    Send(text, attributes);
+}
+
+void MifTarget::Send(zeio::TrGraphics& object, const shr::CParamList& attributes) {
+    object.attributes = attributes;
+    run_.Send(object);
 }
 
 shr::CParamList MifTarget::Attributes(const Feature& feature) const {

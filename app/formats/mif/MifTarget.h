@@ -3,6 +3,7 @@
 
 #include "app/feature/Target.h"
 #include "app/run/ExportRun.h"
+#include "host/zeio/TrObjects.h"
 
 #include <memory>
 #include <optional>
@@ -19,16 +20,23 @@ public:
 
     void BeginLayer(const LayerFacts& layer) override;
 
-    // Features without a style of their own are written with a thin black pen and no fill. Texts
-    // and points are left out when the filter's answer says that it does not render them.
+    // Geometries without a pen are written with a thin black one, and without a brush with no fill.
+    // Each section of a line and each member of a collection becomes an object of its own with the
+    // feature's values; an arc becomes a line. Texts and points are left out when the filter's
+    // answer says that it does not render them, and so are features without geometry: the filter
+    // knows no object for them.
     void Write(Feature& feature) override;
+
+    // Warns of features that were left out for want of a geometry.
     bool Finish() override;
     bool TakesCurves() const override { return true; }
 
 private:
-    void SendStyle(const Feature& feature);
-    void SendGeometry(Feature& feature);
-    void SendText(const Feature& feature);
+    void WriteGeometry(Geometry& geometry, const shr::CParamList& attributes);
+    void SendStyle(const Geometry& geometry);
+    void SendGeometry(const Geometry& geometry, const shr::CParamList& attributes);
+    void SendText(const Geometry& geometry, const shr::CParamList& attributes);
+    void Send(zeio::TrGraphics& object, const shr::CParamList& attributes);
     shr::CParamList Attributes(const Feature& feature) const;
 
     ExportRun run_;
@@ -36,6 +44,9 @@ private:
     std::optional<zeio::TrPen> pen_;   // the one sent last
     std::optional<zeio::TrBrush> brush_;
     std::uint32_t capabilities_ = 0;  // the filter's answer
+    std::uint64_t withoutGeometry_ = 0;
+    Reporter& reporter_;
+    std::string name_;  // of the output, in messages
 };
 
 // The filter's capability bits that a host asks before it sends texts and points.

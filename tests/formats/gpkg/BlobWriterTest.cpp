@@ -92,7 +92,7 @@ TEST(PromotedToMulti, LeavesACollectingGeometryAsItIs) {
 }
 
 TEST(BoxOf, IsEmptyWithoutPoints) {
-    EXPECT_TRUE(app::BoxOf({}).IsEmpty());
+    EXPECT_TRUE(app::BoxOf(std::vector<shr::Vec2d>()).IsEmpty());
 }
 
 TEST(BoxOf, IsEmptyWithACoordinateThatIsNoNumber) {

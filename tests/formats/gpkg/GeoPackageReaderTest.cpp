@@ -57,13 +57,13 @@ TEST_F(GeoPackageReader, GivesBackPointsLinesAndRegions) {
     const std::vector<app::Feature> features = Read();
 
     ASSERT_EQ(features.size(), 4U);
-    EXPECT_EQ(features[0].points, (std::vector<shr::Vec2d>{{0.1, 1e300}}));
-    EXPECT_EQ(features[1].points, (std::vector<shr::Vec2d>{{1, 2}, {3, 4}}));
-    EXPECT_EQ(features[2].kind, GeometryKind::Line);
-    EXPECT_EQ(features[2].points, (std::vector<shr::Vec2d>{{0, 0}, {1, 1}}));
-    EXPECT_EQ(features[3].kind, GeometryKind::Region);
-    EXPECT_EQ(features[3].points, region.points);
-    EXPECT_EQ(features[3].partSizes, region.partSizes);
+    EXPECT_EQ(features[0].geometry.points, (std::vector<shr::Vec2d>{{0.1, 1e300}}));
+    EXPECT_EQ(features[1].geometry.points, (std::vector<shr::Vec2d>{{1, 2}, {3, 4}}));
+    EXPECT_EQ(features[2].geometry.kind, GeometryKind::Line);
+    EXPECT_EQ(features[2].geometry.points, (std::vector<shr::Vec2d>{{0, 0}, {1, 1}}));
+    EXPECT_EQ(features[3].geometry.kind, GeometryKind::Region);
+    EXPECT_EQ(features[3].geometry.points, region.geometry.points);
+    EXPECT_EQ(features[3].geometry.partSizes, region.geometry.partSizes);
 }
 
 TEST_F(GeoPackageReader, GivesBackPromotedGeometriesAsTheyWere) {
@@ -72,7 +72,7 @@ TEST_F(GeoPackageReader, GivesBackPromotedGeometriesAsTheyWere) {
     const std::vector<app::Feature> features = Read();
 
     ASSERT_EQ(features.size(), 2U);
-    EXPECT_EQ(features[0].points, (std::vector<shr::Vec2d>{{1, 2}}));
+    EXPECT_EQ(features[0].geometry.points, (std::vector<shr::Vec2d>{{1, 2}}));
 }
 
 TEST_F(GeoPackageReader, NumbersFeaturesFromOne) {
@@ -140,7 +140,7 @@ TEST_F(GeoPackageReader, CountsRowsWithoutGeometry) {
 TEST_F(GeoPackageReader, ReadsALayerByItsName) {
     WriteTwoLayers();
 
-    EXPECT_EQ(Read("places").front().kind, GeometryKind::Points);
+    EXPECT_EQ(Read("places").front().geometry.kind, GeometryKind::Points);
 }
 
 TEST_F(GeoPackageReader, AsksWhichOfSeveralLayers) {

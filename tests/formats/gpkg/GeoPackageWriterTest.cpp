@@ -352,8 +352,9 @@ TEST_F(GeoPackage, HoldsSeveralLayersOfDifferentNames) {
 
 TEST_F(GeoPackage, AddsTheColumnsOfTextsWhenTheFirstTextComes) {
     app::Feature text = PointAt(3, 4, {std::int64_t{8}});
-    text.kind = GeometryKind::Text;
-    text.placement = {"Main\nStreet", 45.0, 2.5, "Arial", 7 | 0x10, zeio::TrText::Justify::Right};
+    text.geometry.kind = GeometryKind::Text;
+    text.geometry.placement = {"Main\nStreet", 45.0, 2.5, app::Justify::Right};
+    text.geometry.style.font = app::Font{.name = "Arial", .styleBits = 3};
     WriteLayer({PointAt(1, 2, {std::int64_t{7}}), text, PointAt(5, 6, {std::int64_t{9}})},
                {Column("ID", ColumnKind::Integer)});
 
@@ -363,6 +364,32 @@ TEST_F(GeoPackage, AddsTheColumnsOfTextsWhenTheFirstTextComes) {
               "8|Main\nStreet|45.0|2.5|Arial|right\n"
               "9|NULL|NULL|NULL|NULL|NULL");
     EXPECT_EQ(Query("SELECT geometry_type_name FROM gpkg_geometry_columns"), "POINT");
+}
+
+TEST_F(GeoPackage, WritesALineOfSeveralSectionsAsOneMultiLineString) {
+    app::Feature line = LineThrough({{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4}});
+    line.geometry.partSizes = {2, 3};
+    WriteLayer({line});
+
+    EXPECT_EQ(Query("SELECT ST_MinX(geom), ST_MaxX(geom) FROM layer"), "0.0|4.0");
+    EXPECT_EQ(Query("SELECT geometry_type_name FROM gpkg_geometry_columns"), "MULTILINESTRING");
+}
+
+TEST_F(GeoPackage, WritesACollectionWithItsMembers) {
+    app::Feature collection;
+    collection.geometry.kind = GeometryKind::Collection;
+    collection.members = {PointAt(9, 9).geometry, LineThrough({{0, 0}, {1, 1}}).geometry};
+    WriteLayer({collection});
+
+    EXPECT_EQ(Query("SELECT ST_MinX(geom), ST_MaxX(geom) FROM layer"), "0.0|9.0");
+    EXPECT_EQ(Query("SELECT geometry_type_name FROM gpkg_geometry_columns"), "GEOMETRYCOLLECTION");
+}
+
+TEST_F(GeoPackage, GivesAFeatureWithoutGeometryARowWithoutAWarning) {
+    WriteLayer({PointAt(1, 2), app::Feature()});
+
+    EXPECT_EQ(Query("SELECT fid, typeof(geom) FROM layer"), "1|blob\n2|null");
+    EXPECT_EQ(Messages(), "");
 }
 
 TEST_F(GeoPackage, GivesARowWithoutGeometryForCoordinatesThatAreNoNumbers) {

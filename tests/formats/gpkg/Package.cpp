@@ -60,32 +60,32 @@ app::LayerColumn Column(std::string name, app::ColumnKind kind, int width) {
 
 app::Feature PointAt(double x, double y, std::vector<app::Value> values) {
     app::Feature feature;
-    feature.kind = app::GeometryKind::Points;
-    feature.points = {{x, y}};
+    feature.geometry.kind = app::GeometryKind::Points;
+    feature.geometry.points = {{x, y}};
     feature.values = std::move(values);
     return feature;
 }
 
 app::Feature PointsAt(std::vector<shr::Vec2d> points) {
     app::Feature feature;
-    feature.kind = app::GeometryKind::Points;
-    feature.points = std::move(points);
+    feature.geometry.kind = app::GeometryKind::Points;
+    feature.geometry.points = std::move(points);
     return feature;
 }
 
 app::Feature LineThrough(std::vector<shr::Vec2d> points) {
     app::Feature feature;
-    feature.kind = app::GeometryKind::Line;
-    feature.points = std::move(points);
+    feature.geometry.kind = app::GeometryKind::Line;
+    feature.geometry.points = std::move(points);
     return feature;
 }
 
 app::Feature RegionOf(const std::vector<std::vector<shr::Vec2d>>& rings) {
     app::Feature feature;
-    feature.kind = app::GeometryKind::Region;
+    feature.geometry.kind = app::GeometryKind::Region;
     for (const std::vector<shr::Vec2d>& ring : rings) {
-        feature.points.insert(feature.points.end(), ring.begin(), ring.end());
-        feature.partSizes.push_back(ring.size());
+        feature.geometry.points.insert(feature.geometry.points.end(), ring.begin(), ring.end());
+        feature.geometry.partSizes.push_back(ring.size());
     }
     return feature;
 }

@@ -18,12 +18,13 @@ using Rings = std::vector<std::vector<shr::Vec2d>>;
 // "0[1,2] 3": ring 0 with the holes 1 and 2, ring 3.
 std::string Nesting(const Rings& rings) {
     const app::Feature region = RegionOf(rings);
-    const std::vector<app::Ring> spans = app::RingsOf(region.points, region.partSizes);
+    const std::vector<app::Ring> spans =
+        app::RingsOf(region.geometry.points, region.geometry.partSizes);
     const auto indexOf = [&](app::Ring ring) {
         std::size_t index = 0;
-        const shr::Vec2d* start = region.points.data();
+        const shr::Vec2d* start = region.geometry.points.data();
         while (start != ring.data()) {
-            start += region.partSizes[index++];
+            start += region.geometry.partSizes[index++];
         }
         return std::to_string(index);
     };
@@ -119,7 +120,8 @@ TEST(NestingRings, TakesManyIslandsInALakeOfManyPoints) {
     }
     const app::Feature region = RegionOf(rings);
 
-    const auto polygons = app::NestRings(app::RingsOf(region.points, region.partSizes));
+    const auto polygons =
+        app::NestRings(app::RingsOf(region.geometry.points, region.geometry.partSizes));
 
     EXPECT_EQ(polygons.size(), 1001U);
 }

@@ -22,9 +22,6 @@ struct Word {
 // The words of the line that begin at the offset from or behind it. Quotes have no meaning.
 std::vector<Word> WordsOf(const Line& line, std::uint64_t from);
 
-// Digits, comma, digits, with a sign or without.
-bool HasDecimalComma(std::string_view text);
-
 // How many numbers a line holds when decimal commas and blanks after a minus are taken as meant.
 std::size_t CountNumbers(const Line& line, std::uint64_t from);
 

@@ -1,6 +1,7 @@
-#include "app/mif/NumberLine.h"
+#include "app/check/NumberLine.h"
 
-#include "app/mif/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <cmath>
@@ -102,13 +103,6 @@ std::vector<Word> WordsOf(const Line& line, std::uint64_t from) {
     return words;
 }
 
-bool HasDecimalComma(std::string_view text) {
-    const std::size_t comma = text.find(',');
-    return comma != std::string_view::npos && IsWholeNumber(text.substr(0, comma)) &&
-           IsDecimalNumber(text.substr(comma + 1)) && IsDigits(text.substr(comma + 1, 1)) &&
-           text.find('.') == std::string_view::npos;
-}
-
 std::size_t CountNumbers(const Line& line, std::uint64_t from) {
     return JoinMinus(WordsOf(line, from)).words.size();
 }
@@ -131,9 +125,9 @@ std::vector<double> ReadNumbers(const Line& line, std::uint64_t from, std::size_
         if (!IsDecimalNumber(words[i].text)) {
             report.Add(Code::NumberUnreadable, place,
                        Quoted(words[i].text) + " is no number; the reader takes " +
-                           NumberAsText(ReaderDouble(words[i].text)));
+                           NumberAsText(ReadDouble(words[i].text)));
         }
-        numbers[i] = ReaderDouble(words[i].text);
+        numbers[i] = ReadDouble(words[i].text);
         if (IsDecimalNumber(words[i].text) && !std::isfinite(numbers[i])) {
             report.Add(Code::NumberUnreadable, place, Quoted(words[i].text) + " is too large");
         }
