@@ -65,12 +65,12 @@ std::optional<shr::Vec3d> PointOf(const Json& json) {
 
 JsonMembers::JsonMembers(const Json& json, std::string name) : json_(json), name_(std::move(name)) {
     if (!json_.is_object()) {
-        throw ObjectError(name_ + " is no JSON object");
+        throw JsonError(name_ + " is no JSON object");
     }
 }
 
 void JsonMembers::WrongKind(const char* key, const char* expected) const {
-    throw ObjectError("\"" + std::string(key) + "\" of " + name_ + " must be " + expected);
+    throw JsonError("\"" + std::string(key) + "\" of " + name_ + " must be " + expected);
 }
 
 const Json* JsonMembers::Find(const char* key) const {

@@ -1,8 +1,8 @@
-// Reads typed values out of JSON. Every operation throws ObjectError, which names the key, when the
+// Reads typed values out of JSON. Every operation throws JsonError, which names the key, when the
 // value is of another kind.
 #pragma once
 
-#include "app/trace/ObjectReader.h"
+#include "app/json/JsonError.h"
 #include "host/shr/Color4b.h"
 #include "host/shr/Geometry.h"
 

@@ -37,7 +37,7 @@ void ReadProjectionParameter(const JsonMembers& parameters, const std::string& k
                              gcs::ProjectionDef& projection) {
     const std::optional<int> number = IdOf(key, 3, gcs::kProjectionParameterCount - 1);
     if (!number) {
-        throw ObjectError("\"" + key + "\" is no parameter of a projection");
+        throw JsonError("\"" + key + "\" is no parameter of a projection");
     }
     const auto id = static_cast<gcs::ProjectionParameterID>(*number);
     if (id == gcs::ProjectionParameterID::DefinedByAzimuth ||
@@ -337,7 +337,7 @@ constexpr TypeRow kTypes[] = {
 
 std::unique_ptr<zeio::TrBase> ObjectFromJson(const Json& json) {
     if (!json.is_object() || !json.contains("type") || !json["type"].is_string()) {
-        throw ObjectError("the object has no \"type\"");
+        throw JsonError("the object has no \"type\"");
     }
     const std::string& type = json["type"].get_ref<const std::string&>();
     for (const TypeRow& row : kTypes) {
@@ -345,7 +345,26 @@ std::unique_ptr<zeio::TrBase> ObjectFromJson(const Json& json) {
             return row.read(JsonMembers(json, type));
         }
     }
-    throw ObjectError("unknown type \"" + type + "\"");
+    throw JsonError("unknown type \"" + type + "\"");
+}
+
+std::unique_ptr<zeio::TrBase> ObjectOfLine(const std::string& line) {
+    const Json json = Json::parse(line, nullptr, /*allow_exceptions=*/false);
+    if (json.is_discarded() || !json.is_object()) {
+        throw JsonError("is no JSON object");
+    }
+    const auto call = json.find("call");
+    if (call == json.end()) {
+        return ObjectFromJson(json);
+    }
+    if (*call != "ImportObject") {
+        return nullptr;
+    }
+    const auto object = json.find("object");
+    if (object == json.end()) {
+        throw JsonError("the call has no \"object\"");
+    }
+    return ObjectFromJson(*object);
 }
 
 }  // namespace app

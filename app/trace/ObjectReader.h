@@ -1,4 +1,4 @@
-// Translation objects from JSON, the counterpart of app/TraceJson.h.
+// Translation objects from JSON, the counterpart of TraceJson.h.
 #pragma once
 
 #include "host/zeio/TrObjects.h"
@@ -6,18 +6,16 @@
 #include <nlohmann/json_fwd.hpp>
 
 #include <memory>
-#include <stdexcept>
+#include <string>
 
 namespace app {
 
-// What is wrong with a piece of JSON: an unknown type, or a key of the wrong kind, which it names.
-class ObjectError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
 // Makes the object of a JSON object with a "type". Keys that are not there leave the class's
-// defaults; keys that the class does not have are ignored. Throws ObjectError.
+// defaults; keys that the class does not have are ignored. Throws JsonError.
 std::unique_ptr<zeio::TrBase> ObjectFromJson(const nlohmann::json& json);
+
+// Makes the object of one line of a trace: an object alone, or a call of ImportObject with one.
+// Returns null for another call. Throws JsonError.
+std::unique_ptr<zeio::TrBase> ObjectOfLine(const std::string& line);
 
 }  // namespace app

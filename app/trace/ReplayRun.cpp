@@ -4,6 +4,7 @@
 #include "app/base/Paths.h"
 #include "app/base/RereadableInput.h"
 #include "app/base/platform/System.h"
+#include "app/json/JsonError.h"
 #include "app/json/JsonText.h"
 #include "app/run/ExportRun.h"
 #include "app/trace/ExtentOfObjects.h"
@@ -11,36 +12,12 @@
 #include "app/trace/TraceHost.h"
 #include "app/trace/TraceJson.h"
 
-#include <nlohmann/json.hpp>
-
 #include <functional>
 #include <memory>
 #include <vector>
 
 namespace app {
 namespace {
-
-using Json = nlohmann::json;
-
-// The object of a line; null for a call that hands over none. Throws ObjectError.
-std::unique_ptr<zeio::TrBase> ObjectOfLine(const std::string& line) {
-    const Json json = Json::parse(line, nullptr, /*allow_exceptions=*/false);
-    if (json.is_discarded() || !json.is_object()) {
-        throw ObjectError("is no JSON object");
-    }
-    const auto call = json.find("call");
-    if (call == json.end()) {
-        return ObjectFromJson(json);
-    }
-    if (*call != "ImportObject") {
-        return nullptr;
-    }
-    const auto object = json.find("object");
-    if (object == json.end()) {
-        throw ObjectError("the call has no \"object\"");
-    }
-    return ObjectFromJson(*object);
-}
 
 // Hands every object of the input to take, in order. Throws Failure, naming the line.
 void ForEachObject(const RereadableInput& input, Reporter& reporter,
@@ -54,7 +31,7 @@ void ForEachObject(const RereadableInput& input, Reporter& reporter,
         std::unique_ptr<zeio::TrBase> object;
         try {
             object = ObjectOfLine(line);
-        } catch (const ObjectError& error) {
+        } catch (const JsonError& error) {
             throw Failure(input.Name() + ": line " + std::to_string(stream.LineNumber()) + ": " +
                           error.what());
         }

@@ -1,5 +1,6 @@
 #include "app/trace/TraceHost.h"
 
+#include "app/json/JsonObjectWriter.h"
 #include "app/json/JsonText.h"
 #include "app/run/ImportRun.h"
 #include "app/trace/TraceJson.h"

@@ -1,5 +1,6 @@
 #include "app/trace/TraceJson.h"
 
+#include "app/json/JsonObjectWriter.h"
 #include "app/json/JsonText.h"
 #include "standalone/Text.h"
 
@@ -255,32 +256,6 @@ const ClassRow* FindClass(const zeio::TrBase& object) {
 }
 
 }  // namespace
-
-std::string& JsonObjectWriter::Member(std::string_view key) {
-    if (!isFirst_) {
-        out_ += ',';
-    }
-    isFirst_ = false;
-    AppendJsonString(out_, key);
-    out_ += ':';
-    return out_;
-}
-
-void JsonObjectWriter::Text(std::string_view key, std::wstring_view text) {
-    AppendWide(Member(key), text);
-}
-
-void JsonObjectWriter::Number(std::string_view key, double value) {
-    AppendJsonNumber(Member(key), value);
-}
-
-void JsonObjectWriter::Integer(std::string_view key, std::int64_t value) {
-    AppendJsonNumber(Member(key), value);
-}
-
-void JsonObjectWriter::Boolean(std::string_view key, bool value) {
-    Member(key) += value ? "true" : "false";
-}
 
 std::string ClassName(const zeio::TrBase& object) {
     const ClassRow* row = FindClass(object);

@@ -1,4 +1,5 @@
 // Translation objects as JSON, there and back.
+#include "app/json/JsonError.h"
 #include "app/trace/ObjectReader.h"
 #include "app/trace/TraceJson.h"
 #include "host/gcs/KnownLists.h"
@@ -26,7 +27,7 @@ std::string Again(const std::string& text) {
 std::string ErrorOf(const std::string& text) {
     try {
         app::ObjectFromJson(Json::parse(text));
-    } catch (const app::ObjectError& error) {
+    } catch (const app::JsonError& error) {
         return error.what();
     }
     return "";
