@@ -25,7 +25,7 @@ Examples:
 
 int RunTrace(const TraceOptions& options, Reporter& reporter) {
     if (!options.encoding.empty()) {
-        ChooseCodePage({}, options.encoding, reporter);
+        ChooseCodePage({}, "", options.encoding, reporter);
     }
     const std::filesystem::path path = PathFromArgument(options.file);
     const Module module(options.modulePath);
