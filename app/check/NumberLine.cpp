@@ -87,7 +87,7 @@ std::vector<Word> SplitAtCommas(const std::vector<Word>& words) {
 
 }  // namespace
 
-std::vector<Word> WordsOf(const Line& line, std::uint64_t from) {
+std::vector<Word> WordsOf(const MifLine& line, std::uint64_t from) {
     std::vector<Word> words;
     std::size_t pos = static_cast<std::size_t>(from - line.begin);
     const std::string_view raw = line.raw;
@@ -103,11 +103,11 @@ std::vector<Word> WordsOf(const Line& line, std::uint64_t from) {
     return words;
 }
 
-std::size_t CountNumbers(const Line& line, std::uint64_t from) {
+std::size_t CountNumbers(const MifLine& line, std::uint64_t from) {
     return JoinMinus(WordsOf(line, from)).words.size();
 }
 
-std::vector<double> ReadNumbers(const Line& line, std::uint64_t from, std::size_t count,
+std::vector<double> ReadNumbers(const MifLine& line, std::uint64_t from, std::size_t count,
                                 const Place& place, Report& report) {
     const JoinedWords joined = JoinMinus(WordsOf(line, from));
     ReportGaps(joined, place, report);

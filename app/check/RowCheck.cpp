@@ -164,7 +164,7 @@ private:
 std::uint64_t RowChecker::Check() {
     row_ = 0;
     std::uint64_t rows = 0;
-    for (const Line* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
+    for (const MifLine* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
         report_.Settle(PairFile::Mid, line->begin);
         if (!line->raw.empty()) {
             row_ = ++rows;
@@ -191,16 +191,17 @@ std::uint64_t RowChecker::Check() {
 
 // The next row with the lines that a quoted value spreads over.
 std::string RowChecker::JoinedRow() {
-    const Line& line = *lines_.Peek();
+    const MifLine& line = *lines_.Peek();
     lineCount_ = 1;
     end_ = line.end;
     if (!HasOpenQuote(line.raw) || header_.delimiter.empty()) {
-        return line.raw;
+        return std::string(line.raw);
     }
-    std::string joined = line.raw;
+    std::string joined(line.raw);
     for (std::size_t i = 1; i <= kMaxJoinedLines && lines_.Peek(i) != nullptr; ++i) {
-        const Line& next = *lines_.Peek(i);
-        joined += std::string(static_cast<std::size_t>(next.begin - end_), ' ') + next.raw;
+        const MifLine& next = *lines_.Peek(i);
+        joined +=
+            std::string(static_cast<std::size_t>(next.begin - end_), ' ') + std::string(next.raw);
         end_ = next.end;
         if (joined.size() > LineReader::kMaxLineBytes || next.isCut) {
             break;
@@ -213,7 +214,7 @@ std::string RowChecker::JoinedRow() {
         }
     }
     end_ = line.end;
-    return line.raw;
+    return std::string(line.raw);
 }
 
 void RowChecker::CheckRow() {
@@ -224,7 +225,7 @@ void RowChecker::CheckRow() {
         report_.Add(Code::RowQuoteUnclosed, Here(), "the row has a quote without its partner");
     }
     for (std::size_t i = 0; i + 1 < lineCount_; ++i) {
-        const Line& line = *lines_.Peek(i);
+        const MifLine& line = *lines_.Peek(i);
         if (i == 0) {
             report_.Add(Code::LineBreakInValue, Here(),
                         "a quoted value goes on on the next line; the reader ends the row there");

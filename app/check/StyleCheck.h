@@ -11,6 +11,6 @@ namespace app::check {
 bool IsClause(std::string_view word);
 
 // line begins with a clause.
-void CheckClauseLine(const Line& line, const Place& place, Report& report);
+void CheckClauseLine(const MifLine& line, const Place& place, Report& report);
 
 }  // namespace app::check

@@ -1,7 +1,10 @@
 #include "app/mif/Charsets.h"
 
+#include "app/mif/Words.h"
+
+#include <algorithm>
 #include <array>
-#include <fstream>
+#include <utility>
 
 namespace app {
 
@@ -18,8 +21,9 @@ constexpr Charset kCharsets[] = {
     {"ISO8859_7", 28597, "ISO-8859-7"},
     {"ISO8859_8", 28598, "ISO-8859-8"},
     {"ISO8859_9", 28599, "ISO-8859-9"},
-    {"PackedEUCJapaese", 51932, "EUC-JP"},
-    {"PackedEUCJapanese", 51932, "EUC-JP"},
+    // The first spelling, without an n, is the usual one.
+    {"PackedEUCJapaese", 51932, "EUC-JP", true},
+    {"PackedEUCJapanese", 51932, "EUC-JP", true},
     {"WindowsLatin1", 1252, "CP1252"},
     {"WindowsLatin2", 1250, "CP1250"},
     {"WindowsArabic", 1256, "CP1256"},
@@ -30,10 +34,10 @@ constexpr Charset kCharsets[] = {
     {"WindowsBalticRim", 1257, "CP1257"},
     {"WindowsVietnamese", 1258, "CP1258"},
     {"WindowsThai", 874, "CP874"},
-    {"WindowsTradChinese", 950, "CP950"},
-    {"WindowsSimpChinese", 936, "CP936"},
-    {"WindowsJapanese", 932, "CP932"},
-    {"WindowsKorean", 949, "CP949"},
+    {"WindowsTradChinese", 950, "CP950", true},
+    {"WindowsSimpChinese", 936, "CP936", true},
+    {"WindowsJapanese", 932, "CP932", true},
+    {"WindowsKorean", 949, "CP949", true},
     {"MacRoman", 10000, "MACINTOSH"},
     {"MacArabic", 10004, ""},
     {"MacHebrew", 10005, ""},
@@ -41,7 +45,7 @@ constexpr Charset kCharsets[] = {
     {"MacCyrillic", 10007, "MAC-CYRILLIC"},
     {"MacTurkish", 10081, ""},
     {"MacCentralEurope", 10029, "MAC-CENTRALEUROPE"},
-    {"MacJapanese", 10001, "SHIFT_JIS"},
+    {"MacJapanese", 10001, "SHIFT_JIS", true},
     {"CodePage437", 437, "IBM437"},
     {"CodePage850", 850, "IBM850"},
     {"CodePage852", 852, "IBM852"},
@@ -59,75 +63,6 @@ constexpr Charset kCharsets[] = {
     {"LMBCS", 0, ""},
 };
 
-// The header precedes the data; a file without one is read no further than this.
-constexpr int kMaxHeaderLines = 2000;
-constexpr std::size_t kMaxLineBytes = 4096;
-
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view kUtf16LittleEndianMark = "\xFF\xFE";
-constexpr std::string_view kUtf16BigEndianMark = "\xFE\xFF";
-
-char AsciiLower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
-    if (left.size() != right.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (AsciiLower(left[i]) != AsciiLower(right[i])) {
-            return false;
-        }
-    }
-    return true;
-}
-
-bool IsBlank(char letter) {
-    return letter == ' ' || letter == '\t';
-}
-
-// The next word of a line, quotes taken off; the line is left with the rest.
-std::string_view TakeWord(std::string_view& line) {
-    while (!line.empty() && IsBlank(line.front())) {
-        line.remove_prefix(1);
-    }
-    const bool isQuoted = !line.empty() && line.front() == '"';
-    if (isQuoted) {
-        line.remove_prefix(1);
-    }
-    std::size_t length = 0;
-    while (length < line.size() &&
-           (isQuoted ? line[length] != '"' : !IsBlank(line[length]) && line[length] != '"')) {
-        ++length;
-    }
-    const std::string_view word = line.substr(0, length);
-    line.remove_prefix(length);
-    if (isQuoted && !line.empty()) {
-        line.remove_prefix(1);
-    }
-    return word;
-}
-
-// Reads up to a line end: LF, CR LF or CR. False at the end of the file.
-bool ReadLine(std::istream& file, std::string& line) {
-    line.clear();
-    int letter = file.get();
-    if (letter == std::istream::traits_type::eof()) {
-        return false;
-    }
-    while (letter != std::istream::traits_type::eof() && letter != '\n' && letter != '\r') {
-        if (line.size() < kMaxLineBytes) {
-            line += static_cast<char>(letter);
-        }
-        letter = file.get();
-    }
-    if (letter == '\r' && file.peek() == '\n') {
-        file.get();
-    }
-    return true;
-}
-
 CodePageChoice FallBack(std::string charset, std::string warning) {
     return {std::string(kDefaultCodePage), std::move(charset), std::move(warning)};
 }
@@ -135,24 +70,22 @@ CodePageChoice FallBack(std::string charset, std::string warning) {
 }  // namespace
 
 const Charset* FindCharset(std::string_view mifName) {
-    for (const Charset& charset : kCharsets) {
-        if (EqualIgnoringAsciiCase(charset.mifName, mifName)) {
-            return &charset;
-        }
-    }
-    return nullptr;
+    const auto* const found = std::ranges::find_if(kCharsets, [&](const Charset& charset) {
+        return EqualsIgnoringCase(charset.mifName, mifName);
+    });
+    return found == std::end(kCharsets) ? nullptr : found;
 }
 
 CodePageChoice CodePageOfCharset(std::string_view mifName) {
     std::string name(mifName);
-    if (name.empty() || EqualIgnoringAsciiCase(name, "Neutral")) {
+    if (name.empty() || EqualsIgnoringCase(name, "Neutral")) {
         return FallBack(std::move(name), "");
     }
     const Charset* charset = FindCharset(mifName);
     if (charset == nullptr) {
         return FallBack(name, "character set \"" + name + "\" is not known; Windows-1252 is used");
     }
-    if (EqualIgnoringAsciiCase(name, "UTF-16")) {
+    if (EqualsIgnoringCase(name, "UTF-16")) {
         return FallBack(name, "files in UTF-16 can't be read; convert it to UTF-8 first");
     }
     if (charset->iconvName.empty()) {
@@ -162,29 +95,11 @@ CodePageChoice CodePageOfCharset(std::string_view mifName) {
     return {std::string(charset->iconvName), std::move(name), ""};
 }
 
-CodePageChoice CodePageForFile(const std::filesystem::path& mif) {
-    std::ifstream file(mif, std::ios::binary);
-    std::string line;
-    bool hasUtf8Mark = false;
-    for (int number = 0; number < kMaxHeaderLines && ReadLine(file, line); ++number) {
-        std::string_view rest = line;
-        if (number == 0 && rest.starts_with(kUtf8Mark)) {
-            hasUtf8Mark = true;
-            rest.remove_prefix(kUtf8Mark.size());
-        }
-        if (number == 0 &&
-            (rest.starts_with(kUtf16LittleEndianMark) || rest.starts_with(kUtf16BigEndianMark))) {
-            return CodePageOfCharset("UTF-16");
-        }
-        const std::string_view keyword = TakeWord(rest);
-        if (EqualIgnoringAsciiCase(keyword, "data")) {
-            break;
-        }
-        if (EqualIgnoringAsciiCase(keyword, "charset") && !hasUtf8Mark) {
-            return CodePageOfCharset(TakeWord(rest));
-        }
+CodePageChoice CodePageOf(const MifHeader& header) {
+    if (header.start == FileStart::Utf16) {
+        return CodePageOfCharset("UTF-16");
     }
-    return CodePageOfCharset(hasUtf8Mark ? "UTF-8" : "");
+    return CodePageOfCharset(header.start == FileStart::ByteOrderMark ? "UTF-8" : header.charset);
 }
 
 }  // namespace app

@@ -1,7 +1,8 @@
 // The character sets that a MIF header names, and which code page a file is read in.
 #pragma once
 
-#include <filesystem>
+#include "app/mif/HeaderScan.h"
+
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,7 @@ struct Charset {
     std::string_view mifName;
     int windowsCodePage;         // 0 when there is none
     std::string_view iconvName;  // empty when the system converts no such set
+    bool isMultiByte = false;    // two of its bytes may look like UTF-8 by chance
 };
 
 // What code page 0 of the host stands for unless a file says otherwise.
@@ -29,8 +31,7 @@ struct CodePageChoice {
 // conversion.
 CodePageChoice CodePageOfCharset(std::string_view mifName);
 
-// Reads the header of a .mif file up to its CHARSET or DATA line. A byte order mark of UTF-8 wins
-// over the CHARSET. A file that can't be read gives the default.
-CodePageChoice CodePageForFile(const std::filesystem::path& mif);
+// A byte-order mark of UTF-8 wins over the header's charset.
+CodePageChoice CodePageOf(const MifHeader& header);
 
 }  // namespace app

@@ -1,13 +1,14 @@
 #include "app/mif/CopyWithoutCoordSys.h"
 
 #include "app/base/Errors.h"
+#include "app/base/InputFile.h"
 #include "app/base/Paths.h"
 #include "app/base/platform/System.h"
 #include "app/mif/LineReader.h"
-#include "app/mif/Numbers.h"
-#include "app/mif/Words.h"
+#include "app/mif/MifTokens.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <fstream>
 #include <utility>
 #include <vector>
@@ -20,24 +21,27 @@ struct Range {
     std::uint64_t end = 0;
 };
 
-bool BeginsWith(const Line& line, std::string_view word) {
-    return !line.IsBlank() && EqualsIgnoringCase(line.tokens.front().text, word);
+bool BeginsWith(const MifLine* line, std::string_view word) {
+    return line != nullptr && MifTokens(line->raw).Next().Is(word);
+}
+
+// Whether the line reads CoordSys Earth and nothing else.
+bool EndsAtEarth(const MifLine& line) {
+    const std::vector<MifToken> tokens = TokensOf(line.raw);
+    return tokens.size() == 2 && tokens[1].Is("Earth");
 }
 
 // The places of all CoordSys clauses before the Data line, without their line ends.
-std::vector<Range> FindClauses(std::istream& mif) {
+std::vector<Range> FindClauses(std::FILE* mif) {
     std::vector<Range> clauses;
-    LineReader lines(mif, LineReader::Cut::IntoTokens, nullptr);
-    for (const Line* line = lines.Peek(); line != nullptr && !BeginsWith(*line, "Data");
+    LineReader lines(mif);
+    for (const MifLine* line = lines.Peek(); line != nullptr && !BeginsWith(line, "Data");
          line = lines.Peek()) {
-        if (BeginsWith(*line, "CoordSys")) {
+        if (BeginsWith(line, "CoordSys")) {
             clauses.push_back({line->begin, line->end});
             // The clause may break behind Earth.
-            const bool isOpen =
-                line->tokens.size() == 2 && EqualsIgnoringCase(line->tokens[1].text, "Earth");
-            const Line* next = lines.Peek(1);
-            if (isOpen && next != nullptr && BeginsWith(*next, "Projection")) {
-                clauses.back().end = next->end;
+            if (EndsAtEarth(*line) && BeginsWith(lines.Peek(1), "Projection")) {
+                clauses.back().end = lines.Peek(1)->end;
                 lines.Skip();
             }
         }
@@ -51,13 +55,12 @@ std::vector<Range> FindClauses(std::istream& mif) {
 NeutralCopy::NeutralCopy(const std::filesystem::path& mif)
     : original_(mif), path_(folder_.File(mif.filename())) {
     const std::filesystem::path source = AsOnDisk(mif);
-    std::ifstream from(source, std::ios::binary);
-    if (!from) {
+    const InputFile header = OpenInput(source);
+    if (header == nullptr) {
         throw Failure(PathText(mif) + ": can't be opened");
     }
-    const std::vector<Range> clauses = FindClauses(from);
-    from.clear();
-    from.seekg(0);
+    const std::vector<Range> clauses = FindClauses(header.get());
+    std::ifstream from(source, std::ios::binary);
     std::ofstream to(path_, std::ios::binary);
     std::uint64_t position = 0;
     std::string part;

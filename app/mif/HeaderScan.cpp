@@ -1,77 +1,49 @@
 #include "app/mif/HeaderScan.h"
 
 #include "app/base/Errors.h"
+#include "app/base/InputFile.h"
 #include "app/base/Paths.h"
-#include "app/mif/Projections.h"
-#include "host/platform/Stdio.h"
+#include "app/mif/CoordSysCodes.h"
+#include "app/mif/LineReader.h"
+#include "app/mif/MifTokens.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Units.h"
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
-#include <charconv>
-#include <cstdlib>
 #include <cstring>
-#include <limits>
-#include <memory>
 #include <string_view>
 
 namespace app {
 namespace {
 
-bool Is(const std::string& token, const char* keyword) {
-    return platform::CompareNoCase(token.c_str(), keyword) == 0;
-}
-
-// The longest start that is a whole number, 0 when there is none; clamped to int.
-int WholeNumber(const std::string& token) {
-    const char* begin = token.c_str() + (!token.empty() && token.front() == '+' ? 1 : 0);
-    int value = 0;
-    const auto result = std::from_chars(begin, token.c_str() + token.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        return *begin == '-' ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
-    }
-    return value;
-}
-
-double Number(const std::string& token) {
-    const char* begin = token.c_str() + (!token.empty() && token.front() == '+' ? 1 : 0);
-    double value = 0.0;
-    std::from_chars(begin, token.c_str() + token.size(), value);
-    return value;
-}
-
-// Cuts the file into the same tokens as the module does: words, quoted strings, and the single
-// characters "(", ")", "," and line feed. Carriage returns don't exist.
+// The tokens of a header, line after line.
 class HeaderTokens {
 public:
-    explicit HeaderTokens(std::FILE* stream) : stream_(stream) { Fetch(); }
+    explicit HeaderTokens(std::FILE* stream) : lines_(stream) { StartLine(); }
 
-    // False at the end of the input. An empty quoted string is a token like any other here.
+    // Takes the next token. False at the end of the input.
     bool Next() {
-        token_.clear();
-        while (next_ == ' ' || next_ == '\t') {
-            Fetch();
-        }
-        if (next_ == EOF) {
-            return false;
-        }
-        if (next_ == '"') {
-            Fetch();
-            ReadQuoted();
-        } else if (IsSingle(next_)) {
-            Take();
-        } else {
-            while (next_ != EOF && !IsSingle(next_) && next_ != ' ' && next_ != '\t' &&
-                   next_ != '"') {
-                Take();
+        while (line_ != nullptr) {
+            token_ = tokens_.Next();
+            if (token_.kind != TokenKind::End) {
+                return true;
             }
+            if (!isAtLineEnd_ && line_->lineEnd != LineEnd::None) {
+                isAtLineEnd_ = true;
+                token_.kind = TokenKind::LineEnd;
+                token_.text = "\n";
+                return true;
+            }
+            lines_.Skip();
+            StartLine();
         }
-        return true;
+        token_ = {};
+        return false;
     }
 
     // Goes on to the first token of the next line. False at the end of the input.
     bool NextLine() {
-        while (!AtLineEnd()) {
+        while (!token_.IsLineEnd()) {
             if (!Next()) {
                 return false;
             }
@@ -79,43 +51,33 @@ public:
         return Next();
     }
 
-    bool AtLineEnd() const { return token_ == "\n"; }
-    const std::string& Token() const { return token_; }
-    std::uint64_t Offset() const { return offset_; }  // bytes behind the current token
-    std::uint64_t Line() const { return line_; }      // 1-based, of the next byte
+    bool AtLineEnd() const { return token_.IsLineEnd(); }
+    const MifToken& Current() const { return token_; }
+    std::string Token() const { return WithoutReturns(token_.text); }
+    bool Is(std::string_view keyword) const { return token_.Is(keyword); }
+
+    // Offset behind the current token, or of the next line behind a line end.
+    std::uint64_t Offset() const {
+        return token_.IsLineEnd() && line_ != nullptr ? line_->next : token_.end;
+    }
+    // 1-based; behind a line end that of the next line.
+    std::uint64_t Line() const {
+        return line_ == nullptr ? 0 : line_->number + (token_.IsLineEnd() ? 1 : 0);
+    }
+    FileStart Start() const { return lines_.Start(); }
 
 private:
-    static bool IsSingle(int c) { return c == '\n' || c == '(' || c == ')' || c == ','; }
-
-    void Fetch() {
-        offset_ = fetched_;
-        do {
-            next_ = platform::GetByte(stream_);
-            fetched_ += next_ == EOF ? 0 : 1;
-        } while (next_ == '\r');
+    void StartLine() {
+        line_ = lines_.Peek();
+        isAtLineEnd_ = false;
+        tokens_ = line_ != nullptr ? MifTokens(line_->raw, line_->begin) : MifTokens({});
     }
 
-    void Take() {
-        token_ += static_cast<char>(next_);
-        line_ += next_ == '\n' ? 1 : 0;
-        Fetch();
-    }
-
-    void ReadQuoted() {
-        while (next_ != EOF && next_ != '\n' && next_ != '"') {
-            Take();
-        }
-        if (next_ == '"') {
-            Fetch();
-        }
-    }
-
-    std::FILE* stream_;
-    std::string token_;
-    int next_ = 0;
-    std::uint64_t fetched_ = 0;  // bytes taken from the stream
-    std::uint64_t offset_ = 0;   // bytes before next_
-    std::uint64_t line_ = 1;
+    LineReader lines_;
+    const MifLine* line_ = nullptr;  // null behind the last one
+    MifTokens tokens_{{}};
+    MifToken token_;
+    bool isAtLineEnd_ = false;  // the line's end was handed out
 };
 
 class HeaderParser {
@@ -123,9 +85,10 @@ public:
     explicit HeaderParser(std::FILE* stream) : tokens_(stream) {}
 
     MifHeader Run() {
+        header_.start = tokens_.Start();
         bool more = tokens_.Next();
         while (more && tokens_.Offset() <= kSearched) {
-            if (Is(tokens_.Token(), "data")) {
+            if (tokens_.Is("data")) {
                 ReadData();
                 break;
             }
@@ -141,21 +104,24 @@ private:
 
     bool ReadClause() {
         const std::string keyword = tokens_.Token();
-        if (Is(keyword, "coordsys")) {
+        const auto isKeyword = [&](std::string_view word) {
+            return EqualsIgnoringCase(keyword, word);
+        };
+        if (isKeyword("coordsys")) {
             return ReadCoordSys();
         }
-        if (Is(keyword, "columns")) {
+        if (isKeyword("columns")) {
             return ReadColumns();
         }
-        if (Is(keyword, "bounds")) {
+        if (isKeyword("bounds")) {
             if (ReadBounds()) {
                 header_.ownBounds = header_.bounds;
             }
-        } else if (Is(keyword, "version") && tokens_.Next()) {
-            header_.version = WholeNumber(tokens_.Token());
-        } else if (Is(keyword, "charset") && tokens_.Next()) {
+        } else if (isKeyword("version") && tokens_.Next()) {
+            header_.version = ReadInt(tokens_.Token());
+        } else if (isKeyword("charset") && tokens_.Next()) {
             header_.charset = tokens_.AtLineEnd() ? "" : tokens_.Token();
-        } else if (Is(keyword, "delimiter") && tokens_.Next()) {
+        } else if (isKeyword("delimiter") && tokens_.Next()) {
             ReadDelimiter();
         }
         return tokens_.NextLine();
@@ -188,7 +154,7 @@ private:
             }
             if (expected == nullptr) {
                 numbers[count++] = NumberOrSigned();
-            } else if (tokens_.Token() != expected) {
+            } else if (tokens_.Current().text != expected) {
                 return false;
             }
         }
@@ -199,16 +165,16 @@ private:
     // Some writers put a blank behind the minus sign.
     double NumberOrSigned() {
         if (tokens_.Token() == "-" && Advance()) {
-            return -Number(tokens_.Token());
+            return -ReadDouble(tokens_.Token());
         }
-        return Number(tokens_.Token());
+        return ReadDouble(tokens_.Token());
     }
 
     bool ReadColumns() {
         if (!tokens_.Next()) {
             return false;
         }
-        const int count = tokens_.AtLineEnd() ? 0 : WholeNumber(tokens_.Token());
+        const int count = tokens_.AtLineEnd() ? 0 : ReadInt(tokens_.Token());
         bool more = tokens_.NextLine();
         for (int i = 0; i < count && more; ++i) {
             header_.columns.push_back(ReadColumn());
@@ -230,8 +196,8 @@ private:
         }
         column.kind = ColumnKindOf(words[0]);
         // "(", width, ",", decimals, ")"
-        column.width = words.size() > 2 && words[1] == "(" ? WholeNumber(words[2]) : 0;
-        column.decimals = words.size() > 4 && words[3] == "," ? WholeNumber(words[4]) : 0;
+        column.width = words.size() > 2 && words[1] == "(" ? ReadInt(words[2]) : 0;
+        column.decimals = words.size() > 4 && words[3] == "," ? ReadInt(words[4]) : 0;
         return column;
     }
 
@@ -253,9 +219,9 @@ private:
     // The rest of the clause's line, with its bounds when they stand there.
     bool FinishCoordSys() {
         while (!tokens_.AtLineEnd()) {
-            if (Is(tokens_.Token(), "bounds")) {
+            if (tokens_.Is("bounds")) {
                 static_cast<void>(ReadBounds());  // what it reads is in the header
-            } else if (Is(tokens_.Token(), "units") && Advance() && !tokens_.AtLineEnd()) {
+            } else if (tokens_.Is("units") && Advance() && !tokens_.AtLineEnd()) {
                 header_.unitsText = tokens_.Token();
             }
             if (!tokens_.AtLineEnd() && !Advance()) {
@@ -282,7 +248,7 @@ private:
         header_.coordSysText = tokens_.Token();
         header_.unitsText.clear();
         isInCoordSys_ = true;
-        if (!Advance() || !Is(tokens_.Token(), "earth")) {
+        if (!Advance() || !tokens_.Is("earth")) {
             return FinishCoordSys();
         }
         Advance();
@@ -292,16 +258,16 @@ private:
             if (!Advance()) {
                 return false;
             }
-            if (!Is(tokens_.Token(), "projection")) {
+            if (!tokens_.Is("projection")) {
                 header_.coordSysText = text;
                 return FinishAtEarth();
             }
             // The clause may break after Earth.
         }
-        if (!Is(tokens_.Token(), "projection") || !Advance()) {
+        if (!tokens_.Is("projection") || !Advance()) {
             return FinishCoordSys();
         }
-        const int code = WholeNumber(tokens_.Token());
+        const int code = ReadInt(tokens_.Token());
         const Projection* const projection = FindProjection(code);
         if (projection == nullptr) {
             header_.unknownProjection = code;
@@ -331,14 +297,14 @@ private:
 
     // The code, and for a custom datum the ellipsoid's code, the shifts, the rotations and so on.
     void ReadDatum() {
-        const int datum = tokens_.AtLineEnd() ? 0 : WholeNumber(tokens_.Token());
+        const int datum = tokens_.AtLineEnd() ? 0 : ReadInt(tokens_.Token());
         const int count = datum == 999 ? 4 : datum == 9999 ? 9 : 0;
         for (int i = 0; i <= count; ++i) {
             TakePart();
         }
     }
 
-    bool AtBounds() const { return Is(tokens_.Token(), "bounds") || Is(tokens_.Token(), "affine"); }
+    bool AtBounds() const { return tokens_.Is("bounds") || tokens_.Is("affine"); }
 
     // Goes on behind a token that the module reads as a part of the clause, and behind a comma.
     // Counts the parts that the clause's line does not have. The module takes the words of Bounds
@@ -362,16 +328,13 @@ private:
 }  // namespace
 
 std::string UnitProblem(const MifHeader& header) {
-    constexpr std::array kKnown = {"m",         "meters",      "f",           "feet",
-                                   "survey ft", "survey feet", "us survey ft"};
     constexpr std::string_view kEarth = "coordsys earth";
     const std::string& unit = header.unitsText;
     const bool isEarth =
-        header.coordSysText.size() >= kEarth.size() &&
-        Is(header.coordSysText.substr(0, kEarth.size()), std::string(kEarth).c_str());
-    const bool isKnown = std::any_of(kKnown.begin(), kKnown.end(),
-                                     [&unit](const char* known) { return Is(unit, known); });
-    if (!isEarth || unit.empty() || isKnown || std::strtod(unit.c_str(), nullptr) > 0.0) {
+        EqualsIgnoringCase(std::string_view(header.coordSysText).substr(0, kEarth.size()), kEarth);
+    const Unit* const known = FindUnit(unit);
+    if (!isEarth || unit.empty() || (known != nullptr && known->isKnownToModule) ||
+        ReadDouble(unit) > 0.0) {
         return {};
     }
     return "the module does not know the unit \"" + unit +
@@ -380,9 +343,7 @@ std::string UnitProblem(const MifHeader& header) {
 }
 
 MifHeader ScanHeader(const std::filesystem::path& path) {
-    const auto close = [](std::FILE* stream) { std::fclose(stream); };
-    const std::unique_ptr<std::FILE, decltype(close)> stream(
-        platform::OpenFile(WidePath(path), platform::OpenMode::ReadBinary), close);
+    const InputFile stream = OpenInput(path);
     if (stream == nullptr) {
         throw Failure(PathText(path) + ": can't open: " + std::strerror(errno));
     }

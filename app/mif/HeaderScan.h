@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/mif/Columns.h"
+#include "app/mif/LineReader.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -13,6 +14,7 @@
 namespace app {
 
 struct MifHeader {
+    FileStart start = FileStart::Plain;
     int version = 300;
     std::string charset;  // "" when absent
     std::string delimiter = "\t";

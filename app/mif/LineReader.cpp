@@ -1,11 +1,15 @@
 #include "app/mif/LineReader.h"
 
+#include "app/mif/ByteClasses.h"
+
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
-namespace app::check {
+namespace app {
 namespace {
 
-constexpr std::size_t kBufferBytes = std::size_t{1} << 16;
+constexpr std::size_t kPieceBytes = std::size_t{1} << 18;
 
 // With a byte-order mark, or with every other byte of the first ones zero.
 bool IsUtf16(std::string_view begin) {
@@ -14,105 +18,40 @@ bool IsUtf16(std::string_view begin) {
             (begin[0] == '\0') == (begin[2] == '\0') && (begin[1] == '\0') == (begin[3] == '\0'));
 }
 
-bool EndsWord(char c) {
-    return c == ' ' || c == '\t' || c == '"' || c == '(' || c == ')' || c == ',' || c == '\r';
-}
-
-// pos stands on the opening quote. A carriage return inside vanishes, as it does in the reader.
-Token QuotedToken(std::string_view raw, std::size_t& pos, std::uint64_t begin) {
-    Token token;
-    token.isQuoted = true;
-    token.isClosed = false;
-    token.begin = begin + pos;
-    for (++pos; pos < raw.size(); ++pos) {
-        if (raw[pos] == '"') {
-            token.isClosed = true;
-            ++pos;
-            break;
-        }
-        if (raw[pos] != '\r') {
-            token.text += raw[pos];
-        }
-    }
-    token.end = begin + pos;
-    return token;
-}
-
 }  // namespace
 
 const char* LineEndText(LineEnd lineEnd) {
     return lineEnd == LineEnd::CrLf ? "\r\n" : "\n";
 }
 
-std::vector<Token> TokensOf(std::string_view raw, std::uint64_t begin) {
-    std::vector<Token> tokens;
-    std::size_t pos = 0;
-    while (pos < raw.size() && tokens.size() < LineReader::kMaxTokens) {
-        const char c = raw[pos];
-        if (c == ' ' || c == '\t' || c == '\r') {
-            ++pos;
-            continue;
-        }
-        if (c == '"') {
-            tokens.push_back(QuotedToken(raw, pos, begin));
-            continue;
-        }
-        Token token;
-        token.begin = begin + pos;
-        if (c == '(' || c == ')' || c == ',') {
-            token.text = c;
-            ++pos;
-        } else {
-            const std::size_t first = pos;
-            while (pos < raw.size() && !EndsWord(raw[pos])) {
-                ++pos;
-            }
-            token.text = raw.substr(first, pos - first);
-        }
-        token.end = begin + pos;
-        tokens.push_back(std::move(token));
-    }
-    return tokens;
+bool MifLine::IsBlank() const {
+    return std::ranges::all_of(raw, [](char c) { return IsByte(c, kBlankByte) || c == '\r'; });
 }
 
-LineReader::LineReader(std::istream& input, Cut cut, OnLine onLine)
-    : input_(input), cut_(cut), onLine_(std::move(onLine)), buffer_(kBufferBytes) {
-    static_cast<void>(PeekByte());
+LineReader::LineReader(ReadBytes read, Cut cut, OnLine onLine)
+    : read_(std::move(read)), cut_(cut), onLine_(std::move(onLine)) {
+    ReadMore();
     DetectStart();
     DetectLoneReturns();
 }
 
-int LineReader::PeekByte() {
-    if (bufferPos_ == bufferUsed_) {
-        input_.read(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-        bufferUsed_ = static_cast<std::size_t>(input_.gcount());
-        bufferPos_ = 0;
-        if (bufferUsed_ == 0) {
-            return kEnd;
-        }
-    }
-    return static_cast<unsigned char>(buffer_[bufferPos_]);
-}
-
-void LineReader::NextByte() {
-    ++bufferPos_;
-    ++offset_;
-}
+LineReader::LineReader(std::FILE* stream, Cut cut, OnLine onLine)
+    : LineReader([stream](char* to, std::size_t most) { return std::fread(to, 1, most, stream); },
+                 cut, std::move(onLine)) {}
 
 void LineReader::DetectStart() {
-    const std::string_view begin(buffer_.data(), bufferUsed_);
-    if (begin.starts_with("\xEF\xBB\xBF")) {
+    if (Rest().starts_with("\xEF\xBB\xBF")) {
         start_ = FileStart::ByteOrderMark;
-        bufferPos_ = 3;
+        pos_ = 3;
         offset_ = 3;
-    } else if (IsUtf16(begin)) {
+    } else if (IsUtf16(Rest())) {
         start_ = FileStart::Utf16;
     }
 }
 
-// Looks at the first block only: a file that has no line end in 64 KiB is no .mif file.
+// Looks at the first piece only: a file that has no line end in it is no .mif file.
 void LineReader::DetectLoneReturns() {
-    const std::string_view begin(buffer_.data(), bufferUsed_);
+    const std::string_view begin = Rest();
     const std::size_t first = begin.find_first_of("\r\n");
     if (first == std::string_view::npos || begin[first] == '\n') {
         return;
@@ -121,76 +60,159 @@ void LineReader::DetectLoneReturns() {
     onlyReturns_ = behind == std::string_view::npos || begin[behind] != '\n';
 }
 
-// The next byte is a line feed or a carriage return. False for a carriage return that is a part
-// of a quoted text and of no line end; it is consumed.
-bool LineReader::ReadLineEnd(Line& line, bool isInQuotes) {
-    line.end = offset_;
-    if (PeekByte() == '\n') {
-        NextByte();
-        line.lineEnd = LineEnd::Lf;
-        line.next = offset_;
-        return true;
+// Moves what is left to the front of a new piece and fills that up.
+void LineReader::ReadMore() {
+    const std::string_view rest = Rest();
+    Piece next;
+    if (kept_.size() > 1 && kept_.front().endOffset <= FirstInUse()) {
+        next = std::move(kept_.front());
+        kept_.pop_front();
     }
-    NextByte();
-    // A text that went through two conversions ends its lines with CR CR LF.
-    while (!onlyReturns_ && PeekByte() == '\r') {
-        NextByte();
+    if (next.size < 2 * rest.size() || next.size == 0) {
+        next.size = std::max(kPieceBytes, 2 * rest.size());
+        next.bytes = std::make_unique_for_overwrite<char[]>(next.size);
     }
-    if (PeekByte() == '\n') {
-        NextByte();
-        line.lineEnd = LineEnd::CrLf;
-        line.next = offset_;
-        return true;
+    std::copy(rest.begin(), rest.end(), next.bytes.get());
+    next.used = rest.size();
+    searched_ -= std::min(searched_, pos_);
+    if (piece_.size > 0) {
+        piece_.endOffset = offset_;
+        kept_.push_back(std::move(piece_));
     }
-    line.lineEnd = LineEnd::LoneCr;
-    line.next = offset_;
-    return onlyReturns_ || !isInQuotes;
+    piece_ = std::move(next);
+    pos_ = 0;
+    FillPiece();
 }
 
-bool LineReader::ReadLine(Line& line) {
-    if (PeekByte() == kEnd) {
-        return false;
+void LineReader::FillPiece() {
+    while (piece_.used < piece_.size && !isAtEnd_) {
+        const std::size_t got = read_(piece_.bytes.get() + piece_.used, piece_.size - piece_.used);
+        isAtEnd_ = got == 0;
+        piece_.used += got;
     }
-    line.number = ++lineNumber_;
-    line.begin = offset_;
+}
+
+std::uint64_t LineReader::FirstInUse() const {
+    return ahead_.empty() ? offset_ : ahead_.front().begin;
+}
+
+// The place of the first LF from pos_ on; behind the last byte when there is none.
+std::size_t LineReader::FindFeed() {
+    const bool isKnown =
+        searched_ > pos_ && searched_ < piece_.used && piece_.bytes[searched_] == '\n';
+    if (!isKnown) {
+        const std::size_t from = std::max(pos_, searched_);
+        const void* const found = std::memchr(piece_.bytes.get() + from, '\n', piece_.used - from);
+        searched_ =
+            found == nullptr
+                ? piece_.used
+                : static_cast<std::size_t>(static_cast<const char*>(found) - piece_.bytes.get());
+    }
+    return searched_;
+}
+
+// Takes the next line away when its end is in the piece.
+bool LineReader::FindLineEnd(MifLine& line) {
+    const std::string_view all(piece_.bytes.get(), piece_.used);
+    const std::size_t feed = FindFeed();
+    const bool hasFeed = feed < all.size();
     bool isInQuotes = false;
+    std::size_t from = pos_;
     for (;;) {
-        const int byte = PeekByte();
-        if (byte == kEnd) {
-            line.end = offset_;
-            line.next = offset_;
-            line.lineEnd = LineEnd::None;
+        const std::size_t first = all.substr(0, feed).find('\r', from);
+        if (first == std::string_view::npos) {
             break;
         }
-        if (byte == '\n' || byte == '\r') {
-            const std::uint64_t before = offset_;
-            if (ReadLineEnd(line, isInQuotes)) {
-                break;
-            }
-            line.raw.append(static_cast<std::size_t>(offset_ - before), '\r');
-            continue;
+        const std::size_t behind =
+            onlyReturns_ ? first + 1 : std::min(all.find_first_not_of('\r', first), all.size());
+        if (behind == all.size() && !isAtEnd_) {
+            return false;  // the next byte tells what this is
         }
-        isInQuotes = isInQuotes != (byte == '"');
-        if (line.raw.size() < kMaxLineBytes) {
-            line.raw += static_cast<char>(byte);
-        } else {
-            line.isCut = true;
+        if (behind == feed && hasFeed) {
+            TakeLine(line, first, feed + 1, LineEnd::CrLf);
+            return true;
         }
-        NextByte();
+        isInQuotes =
+            isInQuotes != (std::count(all.begin() + static_cast<std::ptrdiff_t>(from),
+                                      all.begin() + static_cast<std::ptrdiff_t>(first), '"') %
+                               2 !=
+                           0);
+        if (onlyReturns_ || !isInQuotes) {
+            TakeLine(line, first, behind, LineEnd::LoneCr);
+            return true;
+        }
+        from = behind;
     }
+    if (hasFeed) {
+        TakeLine(line, feed, feed + 1, LineEnd::Lf);
+    }
+    return hasFeed;
+}
+
+void LineReader::TakeLine(MifLine& line, std::size_t end, std::size_t next, LineEnd lineEnd) {
+    if (!line.isCut) {
+        line.begin = offset_;
+        line.raw = {piece_.bytes.get() + pos_, end - pos_};
+    }
+    line.end = offset_ + (end - pos_);
+    line.next = offset_ + (next - pos_);
+    line.lineEnd = lineEnd;
+    offset_ = line.next;
+    pos_ = next;
+}
+
+bool LineReader::ReadLine(MifLine& line) {
+    while (!FindLineEnd(line)) {
+        if (isAtEnd_) {
+            if (Rest().empty()) {
+                return false;
+            }
+            TakeLine(line, piece_.used, piece_.used, LineEnd::None);
+            break;
+        }
+        if (Rest().size() >= kMaxLineBytes) {
+            TakeLongLine(line);
+            break;
+        }
+        ReadMore();
+    }
+    if (line.raw.size() > kMaxLineBytes) {
+        line.raw = line.raw.substr(0, kMaxLineBytes);
+        line.isCut = true;
+    }
+    line.number = ++lineNumber_;
     if (cut_ == Cut::IntoTokens) {
-        line.tokens = TokensOf(line.raw, line.begin);
+        line.tokens = TokensOf(line.raw, line.begin, kMaxTokens);
     }
     return true;
 }
 
-const Line* LineReader::Peek(std::size_t ahead) {
+// Keeps the beginning of the line in its piece, and reads the rest into one other piece again and
+// again.
+void LineReader::TakeLongLine(MifLine& line) {
+    TakeLine(line, piece_.used, piece_.used, LineEnd::None);
+    line.isCut = true;
+    ReadMore();
+    while (!FindLineEnd(line)) {
+        TakeLine(line, piece_.used, piece_.used, LineEnd::None);
+        if (isAtEnd_) {
+            break;
+        }
+        piece_.used = 0;
+        pos_ = 0;
+        searched_ = 0;
+        FillPiece();
+    }
+    kept_.back().endOffset = line.next;
+}
+
+const MifLine* LineReader::Peek(std::size_t ahead) {
     while (ahead_.size() <= ahead) {
-        Line line;
+        MifLine line;
         if (!ReadLine(line)) {
             return nullptr;
         }
-        ahead_.push_back(std::move(line));
+        ahead_.push_back(line);
         if (onLine_) {
             onLine_(ahead_.back());
         }
@@ -204,4 +226,4 @@ void LineReader::Skip() {
     }
 }
 
-}  // namespace app::check
+}  // namespace app

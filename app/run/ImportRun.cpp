@@ -3,7 +3,7 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/feature/FeatureBuilder.h"
-#include "app/mif/Projections.h"
+#include "app/mif/CoordSysCodes.h"
 #include "standalone/Text.h"
 
 #ifdef QOLF_HAS_CRS
@@ -146,7 +146,7 @@ std::unique_ptr<standalone::OptionStore> OpenOptionStore(bool noStore) {
                                    : std::make_unique<standalone::OptionStore>(file);
 }
 
-void ChooseCodePage(const std::filesystem::path& path, const std::string& encoding,
+void ChooseCodePage(const MifHeader& header, const std::string& name, const std::string& encoding,
                     Reporter& reporter) {
     if (!encoding.empty()) {
         if (!standalone::SetCodePage0(encoding)) {
@@ -155,17 +155,18 @@ void ChooseCodePage(const std::filesystem::path& path, const std::string& encodi
         return;
     }
 #ifdef QOLF_HAS_CRS
-    const CodePageChoice choice = CodePageForFile(path);
+    const CodePageChoice choice = CodePageOf(header);
     if (!choice.warning.empty()) {
-        reporter.Warning(PathText(path) + ": " + choice.warning);
+        reporter.Warning(name + ": " + choice.warning);
     }
     if (!standalone::SetCodePage0(choice.codePage)) {
-        reporter.Warning(PathText(path) + ": the system can't read " + choice.codePage +
+        reporter.Warning(name + ": the system can't read " + choice.codePage +
                          "; taken as Windows-1252");
         static_cast<void>(standalone::SetCodePage0("CP1252"));  // the host's own, always there
     }
 #else
-    static_cast<void>(path);
+    static_cast<void>(header);
+    static_cast<void>(name);
     static_cast<void>(reporter);
 #endif
 }
@@ -207,7 +208,7 @@ ImportResult RunImport(const ImportSettings& settings, Reporter& reporter, const
     if (const std::string problem = UnitProblem(result.header); !problem.empty()) {
         reporter.Warning(PathText(ShownPath(settings)) + ": " + problem);
     }
-    ChooseCodePage(settings.path, settings.encoding, reporter);
+    ChooseCodePage(result.header, PathText(settings.path), settings.encoding, reporter);
     MifHeader careHeader = result.header;
     if (settings.asIs) {
         careHeader.careOffsets.clear();

@@ -36,8 +36,9 @@ std::unique_ptr<standalone::OptionStore> OpenOptionStore(bool noStore);
 bool IsGraphics(const zeio::TrBase& object);
 
 // Sets the host's code page 0 for a file: as --encoding says, else by the header's charset, with a
-// warning when that can't be had. Throws UsageError for an encoding that the system does not know.
-void ChooseCodePage(const std::filesystem::path& path, const std::string& encoding,
+// warning that begins with the file's name when that can't be had. Throws UsageError for an
+// encoding that the system does not know.
+void ChooseCodePage(const MifHeader& header, const std::string& name, const std::string& encoding,
                     Reporter& reporter);
 
 // A host that forwards progress and warnings to a reporter. Objects are dropped; derive for more.

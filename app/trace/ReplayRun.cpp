@@ -131,7 +131,7 @@ Answers ExportWithTrace(const RereadableInput& input, const ReplayOptions& optio
 int RunReplay(const ReplayOptions& options, Reporter& reporter) {
     CheckMifOutput(options.output);
     if (!options.encoding.empty()) {
-        ChooseCodePage({}, options.encoding, reporter);
+        ChooseCodePage({}, "", options.encoding, reporter);
     }
     const ExportSettings settings = SettingsOf(options);
     CheckNotInput(PathFromArgument(options.input), settings.path);

@@ -11,7 +11,7 @@ namespace app {
 
 int RunTrace(const TraceOptions& options, Reporter& reporter) {
     if (!options.encoding.empty()) {
-        ChooseCodePage({}, options.encoding, reporter);
+        ChooseCodePage({}, "", options.encoding, reporter);
     }
     const std::filesystem::path path = PathFromArgument(options.file);
     const Module module(options.modulePath);

@@ -85,7 +85,8 @@ TEST_P(AFile, IsReadInTheCodePageOfItsHeader) {
     const support::TemporaryFolder folder;
     folder.Write("names.mif", GetParam().bytes);
 
-    EXPECT_EQ(app::CodePageForFile(folder.path() / "names.mif").codePage, GetParam().codePage);
+    EXPECT_EQ(app::CodePageOf(app::ScanHeader(folder.path() / "names.mif")).codePage,
+              GetParam().codePage);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -110,12 +111,8 @@ TEST(AWideFile, IsRefusedByAWarning) {
     const support::TemporaryFolder folder;
     folder.Write("wide.mif", std::string_view("\xFF\xFEV\0e\0", 6));
 
-    EXPECT_EQ(app::CodePageForFile(folder.path() / "wide.mif").warning,
+    EXPECT_EQ(app::CodePageOf(app::ScanHeader(folder.path() / "wide.mif")).warning,
               "files in UTF-16 can't be read; convert it to UTF-8 first");
-}
-
-TEST(AMissingFile, IsReadInTheDefault) {
-    EXPECT_EQ(app::CodePageForFile("no/such/file.mif").codePage, "CP1252");
 }
 
 }  // namespace

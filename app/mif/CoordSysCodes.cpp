@@ -1,7 +1,8 @@
-#include "app/mif/Projections.h"
+#include "app/mif/CoordSysCodes.h"
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace app {
 namespace {
@@ -16,6 +17,25 @@ constexpr std::array kProjections = {
     Projection{28, 2, true},  Projection{29, 2, true},    Projection{30, 4, false},
     Projection{33, 4, false}, Projection{2003, 6, false},
 };
+
+struct CodeRange {
+    std::int64_t first;
+    std::int64_t last;
+};
+
+constexpr std::array kDatums = {
+    CodeRange{1, 31},      CodeRange{33, 72},     CodeRange{74, 74},     CodeRange{76, 100},
+    CodeRange{103, 110},   CodeRange{112, 112},   CodeRange{114, 145},   CodeRange{147, 150},
+    CodeRange{154, 155},   CodeRange{157, 157},   CodeRange{1000, 1004}, CodeRange{1006, 1008},
+    CodeRange{1010, 1010}, CodeRange{1016, 1016}, CodeRange{1019, 1019},
+};
+
+constexpr std::array kEllipsoids = {CodeRange{1, 28}, CodeRange{30, 53}};
+
+bool IsIn(std::span<const CodeRange> ranges, std::int64_t code) {
+    return std::ranges::any_of(
+        ranges, [&](const CodeRange& range) { return code >= range.first && code <= range.last; });
+}
 
 struct NamedCode {
     std::int64_t code;
@@ -42,6 +62,14 @@ constexpr std::array kUnknownProjections = {
 const Projection* FindProjection(std::int64_t code) {
     const auto* const found = std::ranges::find(kProjections, code, &Projection::code);
     return found == kProjections.end() ? nullptr : found;
+}
+
+bool IsKnownDatum(std::int64_t code) {
+    return IsIn(kDatums, code);
+}
+
+bool IsKnownEllipsoid(std::int64_t code) {
+    return IsIn(kEllipsoids, code);
 }
 
 std::string ProjectionInWords(std::int64_t code) {

@@ -1,4 +1,5 @@
-// The projection codes of a CoordSys clause: those that the module knows, and words for the others.
+// The codes of a CoordSys clause: those that the module knows, and words for the others. For the
+// command; the module has tables of its own: tests/mif/ holds the two equal.
 #pragma once
 
 #include <cstddef>
@@ -16,6 +17,11 @@ struct Projection {
 
 // Null for a code that stops an import.
 const Projection* FindProjection(std::int64_t code);
+
+// Whether the module finds the datum of a code (999 and 9999 are no codes of datums but announce
+// their parameters), and the ellipsoid of one. It finds no ellipsoid for code 0 (GRS 80).
+bool IsKnownDatum(std::int64_t code);
+bool IsKnownEllipsoid(std::int64_t code);
 
 // What a code that the module does not know stands for, in words; never empty.
 std::string ProjectionInWords(std::int64_t code);
