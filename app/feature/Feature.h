@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -27,12 +28,27 @@ enum class GeometryKind {
 
 enum class Justify { Left, Center, Right };
 
+// A line from a text to what it names.
+struct LabelLine {
+    bool hasArrow = false;
+    shr::Vec2d end;
+
+    bool operator==(const LabelLine&) const = default;
+};
+
 // What a Text says and how it lies; its font is the style's.
 struct TextPlacement {
     std::string text;           // UTF-8
     double angleDegrees = 0.0;  // counter-clockwise
     double height = 0.0;        // of the letters, world units
     Justify justify = Justify::Left;
+
+    // What only MIF files say. `box` has the two corners in the order of the file, of the text
+    // before it is turned about its upper left corner; absent in other sources and after a
+    // reprojection.
+    std::optional<shr::Box2d> box = {};
+    double lineSpacing = 0.0;  // from line to line, in letter heights: 1, 1.5 or 2; 0: not stated
+    std::optional<LabelLine> labelLine = {};
 
     bool operator==(const TextPlacement&) const = default;
 };
@@ -51,6 +67,8 @@ struct Geometry {
     double startDegrees = 0.0;  // Arc: counter-clockwise from the positive x axis, before the
     double endDegrees = 0.0;    // ellipse is stretched; equal angles are the whole ellipse
     TextPlacement placement;    // Text
+    bool isSmooth = false;      // Line: drawn as a curve through its vertices
+    std::optional<shr::Vec2d> center = {};  // Region: where a label goes, when the source says so
     Style style;
 
     bool operator==(const Geometry&) const = default;

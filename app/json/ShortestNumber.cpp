@@ -7,15 +7,23 @@
 namespace app {
 namespace {
 
-constexpr int kDecimals = 9;
-constexpr double kScale = 1e9;
-constexpr std::uint64_t kWholeScale = 1'000'000'000;
+// So many decimals leave numbers below `most` 15 digits at most, which no two doubles share. A
+// number that is equal to such a decimal therefore has no shorter digits.
+struct Decimals {
+    int count;
+    double scale;
+    std::uint64_t wholeScale;
+    double most;
+};
+constexpr Decimals kNineDecimals{9, 1e9, 1'000'000'000, 1e6};
+constexpr Decimals kSixDecimals{6, 1e6, 1'000'000, 1e9};
 
-// Between these, the number without an exponent is never the longer one when it has decimals; and
-// with nine of them it has at most 15 digits, which no two doubles share. A number that is equal to
-// such a decimal therefore has no shorter form.
+// From here on, the number without an exponent is never the longer one when it has decimals.
 constexpr double kLeast = 0.01;
-constexpr double kMost = 1e6;
+
+// Without an exponent whatever the length.
+constexpr double kLeastPlain = 1e-6;
+constexpr double kMostPlain = 1e15;
 
 char* WriteWhole(char* out, std::uint64_t whole) {
     char digits[20];
@@ -31,9 +39,8 @@ char* WriteWhole(char* out, std::uint64_t whole) {
     return out;
 }
 
-// Decimals without the zeros at their end; at least one is none.
-char* WriteDecimals(char* out, std::uint64_t decimals) {
-    int count = kDecimals;
+// Decimals without the zeros at their end; at least one of them is not 0.
+char* WriteDecimals(char* out, std::uint64_t decimals, int count) {
     if (decimals % 1000 == 0) {
         decimals /= 1000;
         count -= 3;
@@ -50,22 +57,51 @@ char* WriteDecimals(char* out, std::uint64_t decimals) {
     return out + count;
 }
 
+// Writes a number that equals one with so many decimals, not all of them 0; null for others.
+char* WriteExactly(char* out, double value, const Decimals& decimals) {
+    const double size = std::abs(value);
+    const auto scaled = static_cast<std::uint64_t>(size * decimals.scale + 0.5);
+    const std::uint64_t fraction = scaled % decimals.wholeScale;
+    // The division is exact to the last bit, so equality means that the decimal reads back.
+    if (fraction == 0 || static_cast<double>(scaled) / decimals.scale != size) {
+        return nullptr;
+    }
+    if (value < 0.0) {
+        *out++ = '-';
+    }
+    return WriteDecimals(WriteWhole(out, scaled / decimals.wholeScale), fraction, decimals.count);
+}
+
 }  // namespace
 
 char* WriteShortest(char* out, double value) {
     const double size = std::abs(value);
-    if (size >= kLeast && size < kMost) {
-        const auto scaled = static_cast<std::uint64_t>(size * kScale + 0.5);
-        const std::uint64_t decimals = scaled % kWholeScale;
-        // The division is exact to the last bit, so equality means that the decimal reads back.
-        if (decimals != 0 && static_cast<double>(scaled) / kScale == size) {
-            if (value < 0.0) {
-                *out++ = '-';
-            }
-            return WriteDecimals(WriteWhole(out, scaled / kWholeScale), decimals);
+    if (size >= kLeast && size < kNineDecimals.most) {
+        if (char* const end = WriteExactly(out, value, kNineDecimals)) {
+            return end;
         }
     }
     return std::to_chars(out, out + kShortestNumberSize, value).ptr;
+}
+
+char* WritePlain(char* out, double value) {
+    const double size = std::abs(value);
+    if (value != 0.0 && !(size >= kLeastPlain && size < kMostPlain)) {
+        return WriteShortest(out, value);
+    }
+    if (size == std::trunc(size)) {
+        if (std::signbit(value)) {
+            *out++ = '-';
+        }
+        return WriteWhole(out, static_cast<std::uint64_t>(size));
+    }
+    if (size < kSixDecimals.most) {
+        const Decimals& decimals = size < kNineDecimals.most ? kNineDecimals : kSixDecimals;
+        if (char* const end = WriteExactly(out, value, decimals)) {
+            return end;
+        }
+    }
+    return std::to_chars(out, out + kShortestNumberSize, value, std::chars_format::fixed).ptr;
 }
 
 }  // namespace app

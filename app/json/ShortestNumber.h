@@ -13,4 +13,8 @@ inline constexpr std::size_t kShortestNumberSize = 32;
 // third of the time.
 char* WriteShortest(char* out, double value);
 
+// The same digits without an exponent ("500000", not "5e+05") from a millionth to 1e15, where
+// people and programs expect them so; beyond that what WriteShortest writes.
+char* WritePlain(char* out, double value);
+
 }  // namespace app

@@ -9,4 +9,8 @@ namespace shr::detail {
 bool SetHostCodePage(const std::string& name);
 const std::string& HostCodePage();
 
+// shr::WtoAN and shr::AtoW for a code page by its name.
+std::string EncodeNamed(const std::string& name, const std::wstring& text);
+std::wstring DecodeNamed(const std::string& name, const std::string& bytes);
+
 }  // namespace shr::detail

@@ -154,6 +154,14 @@ const std::string& HostCodePage() {
     return HostPage().name;
 }
 
+std::string EncodeNamed(const std::string& name, const std::wstring& text) {
+    return Is1252(name) ? Encode1252(text) : standalone::EncodeCodePage(name, text);
+}
+
+std::wstring DecodeNamed(const std::string& name, const std::string& bytes) {
+    return Is1252(name) ? Decode1252(bytes) : standalone::DecodeCodePage(name, bytes);
+}
+
 }  // namespace detail
 
 }  // namespace shr

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
@@ -63,6 +64,59 @@ INSTANTIATE_TEST_SUITE_P(
         NumberRow{"TheLargest", std::numeric_limits<double>::max(), "1.7976931348623157e+308"},
         NumberRow{"TheLongest", -2.2250738585072014e-308, "-2.2250738585072014e-308"}),
     [](const auto& row) { return row.param.name; });
+
+std::string Plain(double value) {
+    char text[app::kShortestNumberSize];
+    return {text, app::WritePlain(text, value)};
+}
+
+class WritePlain : public testing::TestWithParam<NumberRow> {};
+
+TEST_P(WritePlain, Of) {
+    EXPECT_EQ(Plain(GetParam().value), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , WritePlain,
+    testing::Values(NumberRow{"Zero", 0.0, "0"}, NumberRow{"NegativeZero", -0.0, "-0"},
+                    NumberRow{"AWholeNumberOfZeros", 500000.0, "500000"},
+                    NumberRow{"ANegativeWholeNumber", -6500000.0, "-6500000"},
+                    NumberRow{"ADegree", -25.123456, "-25.123456"},
+                    NumberRow{"ALargeMetre", 6543210.25, "6543210.25"},
+                    NumberRow{"ManyDigits", 6543210.123456789, "6543210.123456789"},
+                    NumberRow{"ASmallNumber", 0.0005, "0.0005"},
+                    NumberRow{"TheLeastWithoutExponent", 1e-6, "0.000001"},
+                    NumberRow{"ASmallerOne", 9e-7, "9e-07"},
+                    NumberRow{"NearlyTheMost", 999999999999999.0, "999999999999999"},
+                    NumberRow{"TheMost", 1e15, "1e+15"},
+                    NumberRow{"TheLongest", -2.2250738585072014e-308, "-2.2250738585072014e-308"}),
+    [](const auto& row) { return row.param.name; });
+
+// The first of the values that another text than the library's fixed notation, or one that does not
+// read back, is written for; "" when there is none.
+std::string PlainDifference(const std::vector<double>& values) {
+    for (const double value : values) {
+        char text[64];
+        const std::string fixed(
+            text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed).ptr);
+        if (Plain(value) != fixed) {
+            return Plain(value) + " instead of " + fixed;
+        }
+    }
+    return "";
+}
+
+TEST(APlainNumber, IsTheLibrarysFixedNotation) {
+    std::mt19937_64 random(4);
+    std::vector<double> values;
+    for (int i = 0; i < 300000; ++i) {
+        const double scale = std::array{1e0, 1e2, 1e3, 1e5, 1e6, 1e7, 1e9}[random() % 7];
+        const double decimal = static_cast<double>(random() % 1000000000000000ULL) / scale;
+        values.push_back(std::max(i % 3 == 0 ? std::nextafter(decimal, 1e15) : decimal, 1e-6));
+    }
+
+    EXPECT_EQ(PlainDifference(values), "");
+}
 
 TEST(AShortestNumber, IsTheLibrarysForDecimalsOfEveryLength) {
     std::mt19937_64 random(1);
