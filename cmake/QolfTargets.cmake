@@ -36,6 +36,31 @@ function(qolf_add_core name)
   qolf_use_standard_headers(${name})
 endfunction()
 
+# What every test reads, compiled once, as fast as a test's own sources are: their speed does not
+# matter, and optimising them would take most of a build's time.
+function(qolf_use_test_headers name)
+  if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
+  if(NOT QOLF_FAST_BUILD)
+    return()
+  endif()
+  if(NOT TARGET qolf_test_headers)
+    file(GENERATE OUTPUT "${PROJECT_BINARY_DIR}/TestHeaders.cpp" CONTENT "int main() {}\n")
+    add_executable(qolf_test_headers "${PROJECT_BINARY_DIR}/TestHeaders.cpp")
+    target_link_libraries(qolf_test_headers PRIVATE GTest::gmock qolf_warnings)
+    target_compile_features(qolf_test_headers PRIVATE cxx_std_20)
+    if(CMAKE_BUILD_TYPE STREQUAL "Release")
+      target_compile_options(qolf_test_headers PRIVATE -O0)
+    endif()
+    target_precompile_headers(qolf_test_headers PRIVATE
+      <gmock/gmock.h> <gtest/gtest.h> <algorithm> <array> <cmath> <cstdint> <cstdio> <filesystem>
+      <fstream> <functional> <memory> <optional> <sstream> <string> <string_view> <utility>
+      <vector>)
+  endif()
+  target_precompile_headers(${name} REUSE_FROM qolf_test_headers)
+endfunction()
+
 # A test program of one folder: qolf_add_test(test_reader SOURCES ... LINK reader)
 # Each test is a test of ctest's own on the build machine; under an emulator, where starting a
 # program is slow, the whole program is one. ENVIRONMENT is a list of NAME=VALUE for its runs.
@@ -49,9 +74,8 @@ function(qolf_add_test name)
       QOLF_TEST_GOLDEN="${PROJECT_SOURCE_DIR}/tests/golden"
       QOLF_SAMPLES="${PROJECT_SOURCE_DIR}/samples")
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+  qolf_use_test_headers(${name})
   if(WIN32)
-    # The tests' own sources take most of the cross-build's time when they are optimised.
-    target_compile_options(${name} PRIVATE -O0)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
   else()
