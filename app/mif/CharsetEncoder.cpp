@@ -92,15 +92,18 @@ bool CharsetEncoder::Holds(char32_t codePoint) {
 }
 
 void CharsetEncoder::Append(std::string& out, std::string_view utf8) {
-    if (isUtf8_ || IsAscii(utf8)) {
+    if (isUtf8_) {
         out += utf8;
         return;
     }
     while (!utf8.empty()) {
-        if (static_cast<unsigned char>(utf8.front()) < 0x80) {
-            out += utf8.front();
-            utf8.remove_prefix(1);
-            continue;
+        const auto* const end = std::ranges::find_if(
+            utf8, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+        const auto plain = static_cast<std::size_t>(end - utf8.begin());
+        out += utf8.substr(0, plain);
+        utf8.remove_prefix(plain);
+        if (utf8.empty()) {
+            break;
         }
         const std::uint32_t code = CodeOf(TakeCodePoint(utf8));
         if (code == kMissing) {
@@ -132,10 +135,6 @@ std::size_t CharsetEncoder::LengthThatFits(std::string_view utf8, std::size_t by
 }
 
 void CharsetChoice::See(std::string_view utf8) {
-    if (IsAscii(utf8)) {
-        return;
-    }
-    sawMoreThanAscii_ = true;
     while (!utf8.empty()) {
         const char32_t codePoint = TakeCodePoint(utf8);
         if (codePoint >= kCodePoints) {

@@ -47,9 +47,6 @@ public:
     // Remembers the characters of a text.
     void See(std::string_view utf8);
 
-    // Whether anything but ASCII was seen.
-    bool SawMoreThanAscii() const { return sawMoreThanAscii_; }
-
     // Returns the first of WindowsLatin1 and the other Windows charsets that has every character
     // seen so far, else UTF-8. East Asian charsets have letters of half the world; they are taken
     // only for texts in their own script.
@@ -61,7 +58,6 @@ private:
 
     static constexpr std::size_t kCodePoints = 0x10000;
     std::bitset<kCodePoints> seen_;
-    bool sawMoreThanAscii_ = false;
     bool sawBeyond_ = false;  // a character from 0x10000 on, which only UTF-8 has
 };
 

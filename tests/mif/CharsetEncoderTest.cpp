@@ -126,14 +126,4 @@ INSTANTIATE_TEST_SUITE_P(
         ChoiceRow{"Utf8ForTheRest", {"\U0001F600"}, "UTF-8"}),
     [](const auto& row) { return row.param.name; });
 
-TEST(ACharsetChoice, KnowsWhetherAsciiIsEnough) {
-    app::CharsetChoice choice;
-
-    choice.See("plain");
-    EXPECT_FALSE(choice.SawMoreThanAscii());
-
-    choice.See("caf\u00E9");
-    EXPECT_TRUE(choice.SawMoreThanAscii());
-}
-
 }  // namespace
