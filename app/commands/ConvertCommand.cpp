@@ -1,6 +1,10 @@
 // The options of qolf convert.
+#include "app/base/Paths.h"
+#include "app/check/RepairMif.h"
 #include "app/commands/Command.h"
+#include "app/convert/BatchConvert.h"
 #include "app/convert/ConvertRun.h"
+#include "app/formats/Formats.h"
 
 #include <CLI/CLI.hpp>
 
@@ -12,16 +16,23 @@
 namespace app {
 namespace {
 
-constexpr const char* kConvertFooter = R"(
-The extension tells the format: .mif, .geojson, .geojsonl (a feature a line), .geojsons (a text
-sequence), .gpkg; "-" is GeoJSON on standard input or output.
-
+constexpr const char* kConvertExamples = R"(
 Examples:
   qolf convert roads.mif roads.geojson
   qolf convert roads.mif places.mif maps.gpkg       a layer for each file
   qolf convert --crs EPSG:3301 in.geojson out.mif
   qolf convert --bbox 24,58,26,60 --select id,name roads.mif - | jq .
   qolf convert --jobs 2 --to gpkg --output-dir out/ maps/)";
+
+// The repair of qolf check, for SourceOptions::repair.
+void RepairTo(const std::filesystem::path& mif, const std::filesystem::path& copy,
+              Reporter& reporter) {
+    const check::RepairReport report = check::RepairMif(mif, copy, IfExists::Overwrite);
+    for (const check::Repair& repair : report.repairs) {
+        reporter.Note(PathText(repair.file) + ":" + std::to_string(repair.line) + ": " +
+                      repair.what);
+    }
+}
 
 std::vector<std::string> Split(const std::string& text) {
     std::vector<std::string> words(1);
@@ -80,8 +91,9 @@ void AddInput(CLI::App& command, ConvertOptions& options) {
         .add_option("--assume-crs", options.assumedCrs,
                     "Coordinate system of a MIF input, whatever its header says")
         ->type_name("SYSTEM");
-    command.add_flag("--fix", options.isRepaired,
-                     "Read a MIF input with the faults repaired that check --fix repairs");
+    command.add_flag_callback(
+        "--fix", [&options] { options.repair = RepairTo; },
+        "Read a MIF input with the faults repaired that check --fix repairs");
     command.add_option("--encoding", options.encoding, "Encoding of the MIF file's texts")
         ->type_name("NAME");
     command.add_flag("--as-is", options.asIs, "Give the file to the module without any care");
@@ -108,8 +120,7 @@ void AddExport(CLI::App& command, ConvertOptions& options) {
 }
 
 void AddBatch(CLI::App& command, ConvertOptions& options) {
-    command.add_option("--to", options.format, "Format: mif, geojson, geojsonl, geojsons, gpkg")
-        ->type_name("FORMAT");
+    command.add_option("--to", options.format, "Format: " + FormatNames())->type_name("FORMAT");
     CLI::Option* const folder =
         command
             .add_option("--output-dir", options.outputFolder,
@@ -137,11 +148,14 @@ void AddConvertCommand(CLI::App& program, CommandContext& context) {
     AddSelection(*command, *options);
     AddExport(*command, *options);
     AddBatch(*command, *options);
-    command->footer(kConvertFooter);
+    command->footer(
+        "\nThe extension tells the format; \"-\" is GeoJSON on standard input or output:\n" +
+        FormatLines() + kConvertExamples);
     command->callback([options, &context] {
         context.run = [options, &context] {
             options->modulePath = context.modulePath;
-            return RunConvert(*options, context.reporter);
+            return options->outputFolder.empty() ? RunConvert(*options, context.reporter)
+                                                 : ConvertMany(*options, context.reporter);
         };
     });
 }

@@ -1,6 +1,10 @@
 // What the command line of qolf convert says.
 #pragma once
 
+#include "app/base/Reporter.h"
+#include "app/feature/Source.h"
+#include "app/feature/Target.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -20,10 +24,12 @@ struct ConvertOptions {
     bool asIs = false;
     bool noStore = false;
     bool withStyles = false;
-    int segments = 64;        // edges of a full turn, for ellipses and rounded corners
-    std::string crs;          // empty: what suits the output; "keep"; or a definition for PROJ
-    std::string assumedCrs;   // --assume-crs: of a MIF input, whatever its header says
-    bool isRepaired = false;  // --fix: a MIF input is read with its faults repaired
+    int segments = 64;       // edges of a full turn, for ellipses and rounded corners
+    std::string crs;         // empty: what suits the output; "keep"; or a definition for PROJ
+    std::string assumedCrs;  // --assume-crs: of a MIF input, whatever its header says
+
+    // --fix: a MIF input is read with its faults repaired (SourceOptions::repair); empty without.
+    decltype(SourceOptions::repair) repair;
     std::string encoding;
     std::string layer;
     std::vector<std::string> select;
@@ -40,16 +46,10 @@ struct ConvertOptions {
     std::string modulePath;
 };
 
-// The formats that convert reads and writes.
-enum class Format { Mif, GeoJson, GeoJsonLines, GeoJsonSequence, GeoPackage };
-
-// By the name that --to takes, or by a path's extension; "-" is GeoJSON. Throws UsageError, with
-// the choices, for others.
-Format FormatOfName(const std::string& name);
-Format FormatOfPath(const std::string& path);
-
-// The extension of the format's files, with its full stop.
-const char* ExtensionOf(Format format);
+// What they mean for every input, and for the output. Throws Failure for an --assume-crs that MIF
+// has no words for; says on the reporter what there is to say of it.
+SourceOptions SourceOptionsOf(const ConvertOptions& options, Reporter& reporter);
+TargetOptions TargetOptionsOf(const ConvertOptions& options);
 
 // What the export filter's option string says for these options. Options of one command are not
 // remembered for the next.

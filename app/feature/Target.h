@@ -1,53 +1,43 @@
-// Where converted features go: a format's writer behind one interface.
+// Where features go: a format's writer behind one interface.
 #pragma once
 
+#include "app/base/Output.h"
 #include "app/feature/Feature.h"
-#include "host/gcs/CSDef.h"
+#include "app/feature/LayerFacts.h"
 
-#include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace app {
 
-// What a MIF pair says of itself that a MIF file made of it keeps.
-struct PairFacts {
-    int version = 300;
-    std::string charset = {};    // the name in the header; "" when it has none
-    std::string codePage = {};   // that its texts were read in: "CP1252", "UTF-8"
-    std::string delimiter = {};  // one character
-    // The CoordSys clause as it is written, from the keyword on, with its Bounds, also when these
-    // are on a line of their own behind it; line ends are LF. "" without a clause, and when
-    // `LayerFacts::system` is no longer the clause's.
-    std::string coordSysText = {};
+// What a user may ask of the writing. A format leaves alone what it has no use for.
+struct TargetOptions {
+    IfExists ifExists = IfExists::Refuse;
+    bool withStyles = false;                  // --styles
+    bool noStore = false;                     // --no-store, for the export filter
+    std::optional<std::string> optionString;  // for the export filter; absent: its stored options
+    std::string modulePath;                   // as in Module
 };
 
-// What a layer is before its first feature.
-struct LayerFacts {
-    std::string name;  // UTF-8
-    std::vector<LayerColumn> columns;
-    const gcs::CSDef* system = nullptr;     // of the coordinates as written; null: nothing is known
-    std::optional<shr::Box2d> knownExtent;  // in these coordinates, when the input states one
-    std::optional<PairFacts> pair = {};     // absent when the input is no MIF pair
-};
-
-class FeatureTarget {
+// Calls come in this order: for each layer BeginLayer, then Write for its features; Finish at the
+// end. All operations throw Failure.
+class Target {
 public:
-    virtual ~FeatureTarget() = default;
+    Target() = default;
+    virtual ~Target() = default;
+    Target(const Target&) = delete;
+    Target& operator=(const Target&) = delete;
 
-    // Called once a layer, before its features. Throws Failure.
+    // `layer` describes the features as they are written: their columns and their coordinates.
     virtual void BeginLayer(const LayerFacts& layer) = 0;
 
-    // May move parts out of the feature. Throws Failure.
+    // May move parts out of the feature. Curves come only to a format that can hold them
+    // (FormatHolds::curves).
     virtual void Write(Feature& feature) = 0;
 
-    // Completes the output and moves it into place; without it nothing is left. False when there
-    // was nothing to write and no output was made.
+    // Completes the output and moves it into place; without it nothing is left. Returns false when
+    // there was nothing to write and no output was made.
     virtual bool Finish() = 0;
-
-    // Whether rectangles and ellipses can be written as they are.
-    virtual bool TakesCurves() const = 0;
 };
 
 }  // namespace app

@@ -2,6 +2,7 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/formats/mif/MifSource.h"
 #include "host/platform/Stdio.h"
 #include "standalone/Text.h"
 
@@ -10,9 +11,6 @@
 
 namespace app {
 namespace {
-
-// Ends an import once its first part is known.
-struct StopImport {};
 
 template <typename T> T Entry(const zeio::ImportFileInfo& info, const wchar_t* key, T otherwise) {
     const auto found = info.entries.find(key);
@@ -93,21 +91,14 @@ private:
     ObjectCounts counts_;
 };
 
-// Slots 7 and 8. A file that can't be imported is imported all the same: that fails with the
-// reason.
-void AskSlots(const ImportSettings& settings, Reporter& reporter, FileFacts& facts) {
-    MifHeader careHeader = facts.header;
-    if (settings.asIs) {
-        careHeader.careOffsets.clear();
-    }
-    const CareCopy copy(settings.path, careHeader);
-    facts.isCareTaken = copy.IsCopy();
-    const Module module(settings.modulePath);
+// Slots 7 and 8.
+void AskSlots(ImportRun& run, Reporter& reporter, FileFacts& facts) {
+    facts.isCareTaken = run.IsPadded();
     const auto store = OpenOptionStore(/*noStore=*/true);
-    ReportingHost host(*store, reporter, PathText(settings.path));
+    ReportingHost host(*store, reporter, PathText(facts.path));
     zeio::IoManager manager(host);
-    const ImportFilterPtr filter = module.NewImportFilter(manager);
-    const std::wstring path = WidePath(copy.Path());
+    const ImportFilterPtr filter = run.TheModule().NewImportFilter(manager);
+    const std::wstring path = WidePath(run.ReadPath());
     facts.canImport = filter->CanImportFile(path);
     const zeio::ImportFileInfo info = filter->GetFileInfo(0, path);
     facts.version = Entry<int>(info, L"HDR_VERSION", 0);
@@ -118,44 +109,34 @@ void AskSlots(const ImportSettings& settings, Reporter& reporter, FileFacts& fac
                     Entry<double>(info, L"HDR_XMAX", 0.0), Entry<double>(info, L"HDR_YMAX", 0.0)};
     // The copy has some bytes more than the file.
     std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(settings.path, error);
+    const std::uintmax_t size = std::filesystem::file_size(facts.path, error);
     facts.fileSize =
         error ? Entry<long long>(info, L"File Size", 0LL) : static_cast<long long>(size);
 }
 
 }  // namespace
 
-FileFacts CollectFacts(const ImportSettings& settings, bool count, Reporter& reporter) {
+FileFacts CollectFacts(const std::filesystem::path& path, const SourceOptions& options, bool count,
+                       Reporter& reporter) {
     FileFacts facts;
-    facts.path = settings.path;
-    facts.header = ScanHeader(settings.path);
-    facts.hasMid = !FindCompanion(settings.path, ".mid").empty();
-    AskSlots(settings, reporter, facts);
-
-    ImportSettings quiet = settings;
-    quiet.noStore = true;
-    Counter counter;
-    try {
-        ImportFeatures(
-            quiet, reporter,
-            [&](const Layer& layer) {
-                facts.columns = layer.columns;
-                facts.coordinateSystem =
-                    layer.coordinateSystem ? layer.coordinateSystem->Clone() : nullptr;
-            },
-            [&](Feature& feature) {
-                if (!count) {
-                    throw StopImport();
-                }
-                counter.Take(feature);
-            });
-    } catch (const StopImport&) {
-        // All that was asked for has been told.
-    }
+    facts.path = path;
+    facts.hasMid = !FindCompanion(path, ".mid").empty();
+    MifSource source(path, options);
+    const LayerFacts layer = source.Begin(0, reporter);
+    facts.header = source.Run().Header();
+    facts.columns = layer.columns;
+    facts.coordinateSystem = layer.system;
+    AskSlots(source.Run(), reporter, facts);
     facts.codePage = standalone::CodePage0();
+    Counter counter;
+    // Without `count` the first object shows whether there is one.
+    source.Read(reporter, [&](const Feature& feature) {
+        counter.Take(feature);
+        return count;
+    });
     if (count) {
         facts.counts = counter.Counts();
-        facts.counts->rows = CountRows(settings.path);
+        facts.counts->rows = CountRows(path);
     }
     return facts;
 }

@@ -1,8 +1,9 @@
 // The facts about one MIF file that qolf info shows.
 #pragma once
 
+#include "app/base/Reporter.h"
+#include "app/feature/Source.h"
 #include "app/mif/HeaderScan.h"
-#include "app/run/ImportRun.h"
 
 #include <array>
 #include <cstdint>
@@ -40,13 +41,14 @@ struct FileFacts {
     bool hasMid = false;
     MifHeader header;
     bool isCareTaken = false;
-    std::vector<LayerColumn> columns;              // as the module names them
-    std::unique_ptr<gcs::CSDef> coordinateSystem;  // null: not an Earth system
-    std::optional<ObjectCounts> counts;            // with `count` only
+    std::vector<LayerColumn> columns;                    // as the module names them
+    std::shared_ptr<const gcs::CSDef> coordinateSystem;  // null: not an Earth system
+    std::optional<ObjectCounts> counts;                  // with `count` only
 };
 
 // Asks the module's slots 7 and 8, reads the names and the system that an import begins with, and
 // counts in a whole import when asked to. Throws Failure.
-FileFacts CollectFacts(const ImportSettings& settings, bool count, Reporter& reporter);
+FileFacts CollectFacts(const std::filesystem::path& path, const SourceOptions& options, bool count,
+                       Reporter& reporter);
 
 }  // namespace app

@@ -154,9 +154,7 @@ std::string BoundsInWords(const FileFacts& facts) {
     if (!facts.header.bounds) {
         return "not given";
     }
-    const MifHeader::Bounds& bounds = *facts.header.bounds;
-    return BoxInWords({bounds.minX, bounds.minY, bounds.maxX, bounds.maxY}) +
-           " (of the CoordSys clause)";
+    return BoxInWords(*facts.header.bounds) + " (of the CoordSys clause)";
 }
 
 std::string InfoText(const FileFacts& facts, const CrsIdentifier& identify) {
@@ -294,14 +292,15 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
         output.Write("{\"files\":[");
         reporter.SetProgress(false);
     }
+    SourceOptions sourceOptions;
+    sourceOptions.asIs = options.asIs;
+    sourceOptions.noStore = true;
+    sourceOptions.encoding = options.encoding;
+    sourceOptions.modulePath = options.modulePath;
     for (const std::string& file : options.files) {
-        ImportSettings settings;
-        settings.path = PathFromArgument(file);
-        settings.asIs = options.asIs;
-        settings.encoding = options.encoding;
-        settings.modulePath = options.modulePath;
         try {
-            const FileFacts facts = CollectFacts(settings, options.count, reporter);
+            const FileFacts facts =
+                CollectFacts(PathFromArgument(file), sourceOptions, options.count, reporter);
             output.Write(isFirst ? "" : options.json ? "," : "\n");
             output.Write(options.json ? InfoJson(facts, options.identify)
                                       : InfoText(facts, options.identify));

@@ -158,7 +158,7 @@ private:
                 return false;
             }
         }
-        header_.bounds = MifHeader::Bounds{numbers[0], numbers[1], numbers[2], numbers[3]};
+        header_.bounds = shr::Box2d{numbers[0], numbers[1], numbers[2], numbers[3]};
         return true;
     }
 
@@ -347,7 +347,12 @@ MifHeader ScanHeader(const std::filesystem::path& path) {
     if (stream == nullptr) {
         throw Failure(PathText(path) + ": can't open: " + std::strerror(errno));
     }
-    return HeaderParser(stream.get()).Run();
+    return ScanHeader(stream.get());
+}
+
+MifHeader ScanHeader(std::FILE* stream) {
+    std::rewind(stream);
+    return HeaderParser(stream).Run();
 }
 
 }  // namespace app

@@ -4,8 +4,10 @@
 
 #include "app/mif/Columns.h"
 #include "app/mif/LineReader.h"
+#include "host/shr/Geometry.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -22,15 +24,9 @@ struct MifHeader {
                                // "" without one
     std::optional<std::int64_t> unknownProjection;  // a code that stops the import
     std::string unitsText;                          // of the clause, without quotes; "" when absent
-    struct Bounds {
-        double minX = 0.0;
-        double minY = 0.0;
-        double maxX = 0.0;
-        double maxY = 0.0;
-    };
-    std::optional<Bounds>
-        bounds;  // of a Bounds clause, on a line of its own or in the CoordSys one
-    std::optional<Bounds> ownBounds;  // of the last one on a line of its own: the module's
+    // Of a Bounds clause, on a line of its own or in the CoordSys one; corners as they are written.
+    std::optional<shr::Box2d> bounds;
+    std::optional<shr::Box2d> ownBounds;  // of the last one on a line of its own: the module's
     std::vector<Column> columns;
     bool hasData = false;          // the keyword Data was found
     std::uint64_t dataOffset = 0;  // bytes from the start: the line after Data
@@ -47,8 +43,11 @@ struct MifHeader {
 // name and takes a number as units per metre; any other name leaves metres. Empty when all is well.
 std::string UnitProblem(const MifHeader& header);
 
-// Reads the header of a file; of a file that is none, what could be found in its first lines. Never
-// fails on contents. Throws Failure when the file can't be opened.
+// Reads the header of a file. When the file is no MIF file, the result has what could be found in
+// its first lines; contents never make it fail. Throws Failure when the file can't be opened.
 MifHeader ScanHeader(const std::filesystem::path& path);
+
+// The same from an open stream, which stays the caller's; starts at its beginning.
+MifHeader ScanHeader(std::FILE* stream);
 
 }  // namespace app

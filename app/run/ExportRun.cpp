@@ -7,6 +7,10 @@
 namespace app {
 namespace {
 
+// Bits of the filter's answer.
+constexpr std::uint32_t kRendersText = 0x1;
+constexpr std::uint32_t kRendersMarkers = 0x2;
+
 class ExportHost : public ReportingHost {
 public:
     ExportHost(standalone::OptionStore& store, Reporter& reporter, std::string subject)
@@ -67,6 +71,34 @@ ExportRun::ExportRun(const ExportSettings& settings, Reporter& reporter, Observi
 }
 
 ExportRun::~ExportRun() = default;
+
+zeio::ExportStatus ExportRun::Begin(const shr::Box3d& extent) {
+    zeio::TrInitGraphicsExp questions;
+    questions.extent = extent;
+    const zeio::ExportStatus status = Send(questions);
+    capabilities_ = questions.capabilities;
+    return status;
+}
+
+bool ExportRun::RendersText() const {
+    return (capabilities_ & kRendersText) != 0;
+}
+
+bool ExportRun::RendersMarkers() const {
+    return (capabilities_ & kRendersMarkers) != 0;
+}
+
+void ExportRun::SendSystem(const gcs::CSDef& system) {
+    zeio::TrCRS object;
+    object.SetCS(&system);
+    Send(object);
+}
+
+void ExportRun::SendColumns(const std::vector<std::wstring>& names) {
+    zeio::TrNamedIds object;
+    object.names = names;
+    Send(object);
+}
 
 zeio::ExportStatus ExportRun::Send(zeio::TrBase& object) {
     try {

@@ -5,11 +5,17 @@
 #include "app/base/Reporter.h"
 #include "app/run/ImportRun.h"
 #include "app/run/Module.h"
+#include "host/gcs/CSDef.h"
+#include "host/shr/Geometry.h"
+#include "host/zeio/TrObjects.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace app {
 
@@ -43,6 +49,19 @@ public:
               ObservingHost* observer = nullptr);
     ~ExportRun();
 
+    // What every export begins with: tells the filter the extent of all that comes, and asks what
+    // it renders. kUnknownExtent stands for an extent that is not known.
+    zeio::ExportStatus Begin(const shr::Box3d& extent);
+    static constexpr shr::Box3d kUnknownExtent{0.0, 0.0, 0.0, -1.0, -1.0, -1.0};
+
+    // The filter's answer: a host does not send what the filter does not render.
+    bool RendersText() const;
+    bool RendersMarkers() const;
+
+    // The coordinate system and the names of the columns. No call for none.
+    void SendSystem(const gcs::CSDef& system);
+    void SendColumns(const std::vector<std::wstring>& names);
+
     // Hands an object to the filter. Throws Failure when it can't be written.
     zeio::ExportStatus Send(zeio::TrBase& object);
 
@@ -56,6 +75,7 @@ private:
     struct Parts;
     std::unique_ptr<Parts> parts_;
     zeio::ExportStatus beginStatus_ = zeio::ExportStatus::Done;
+    std::uint32_t capabilities_ = 0;  // the filter's answer to Begin
 };
 
 }  // namespace app

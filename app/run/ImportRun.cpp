@@ -1,8 +1,8 @@
 #include "app/run/ImportRun.h"
 
 #include "app/base/Errors.h"
+#include "app/base/InputFile.h"
 #include "app/base/Paths.h"
-#include "app/feature/FeatureBuilder.h"
 #include "app/mif/CoordSysCodes.h"
 #include "standalone/Text.h"
 
@@ -10,39 +10,26 @@
 #include "app/mif/Charsets.h"
 #endif
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <memory>
 #include <utility>
 
 namespace app {
 namespace {
 
-// Forwards the objects to a sink, and the module's texts with the user's own path in them.
-class SinkHost : public ReportingHost {
-public:
-    SinkHost(standalone::OptionStore& store, Reporter& reporter, const CareCopy& copy,
-             std::string subject, const ObjectSink& sink)
-        : ReportingHost(store, reporter, std::move(subject)), copy_(copy), sink_(sink) {}
+// A longer header is not kept for a second reading.
+constexpr std::uint64_t kMostHeaderBytes = std::uint64_t{1} << 20;
 
-    int Warning(shr::IError::WarnStyle style, const std::wstring& text) override {
-        return ReportingHost::Warning(style, copy_.WithOriginalPath(text));
-    }
+// Ends an import once its first part is known.
+struct HeaderIsOver {};
 
-    void ImportObject(zeio::TrBase& object) override {
-        if (IsGraphics(object)) {
-            ++objectCount_;
-        }
-        sink_(object);
-    }
-
-    std::uint64_t ObjectCount() const { return objectCount_; }
-
-private:
-    const CareCopy& copy_;
-    const ObjectSink& sink_;
-    std::uint64_t objectCount_ = 0;
-};
-
-const std::filesystem::path& ShownPath(const ImportSettings& settings) {
-    return settings.shownPath.empty() ? settings.path : settings.shownPath;
+bool IsOfHeader(const zeio::TrBase& object) {
+    const shr::CTypeInfo* type = object.GetTypeId();
+    return type == zeio::TrInitGraphicsImp::GetClassTypeId() ||
+           type == zeio::TrCRS::GetClassTypeId() || type == zeio::TrNamedIds::GetClassTypeId();
 }
 
 // What a user can do about an import that the module has stopped.
@@ -55,79 +42,28 @@ std::string AdviceFor(const MifHeader& header, const std::string& name) {
     return "'qolf check " + name + "' says more.";
 }
 
-[[noreturn]] void Rethrow(const shr::IError& error, const CareCopy& copy,
-                          const ImportSettings& settings, const MifHeader& header) {
-    std::string text = standalone::Narrow(copy.WithOriginalPath(error.Message()));
-    const std::string read = PathText(settings.path);
-    const std::string name = PathText(ShownPath(settings));
-    if (const std::size_t at = text.find(read); at != std::string::npos) {
-        text.replace(at, read.size(), name);
+// Scans the header, and keeps its bytes up to the line after Data when they are few.
+MifHeader ReadHeader(const std::filesystem::path& path, std::string& bytes) {
+    const InputFile stream = OpenInput(path);
+    if (stream == nullptr) {
+        throw Failure(PathText(path) + ": can't open: " + std::strerror(errno));
     }
-    if (text.find(name) == std::string::npos) {
-        text = name + ": " + text;
+    MifHeader header = ScanHeader(stream.get());
+    if (header.hasData && header.dataOffset <= kMostHeaderBytes) {
+        bytes.resize(static_cast<std::size_t>(header.dataOffset));
+        std::rewind(stream.get());
+        bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));
     }
-    throw Failure(text + (text.ends_with('.') ? " " : ". ") + AdviceFor(header, name));
+    return header;
 }
 
-std::vector<LayerColumn> ColumnsOf(const zeio::TrNamedIds& ids, const MifHeader& header) {
-    std::vector<LayerColumn> columns;
-    const bool isTyped = ids.names.size() == header.columns.size();
-    for (std::size_t i = 0; i < ids.names.size(); ++i) {
-        LayerColumn column;
-        column.name = standalone::Narrow(ids.names[i]);
-        if (isTyped) {
-            column.kind = header.columns[i].kind;
-            column.width = header.columns[i].width;
-            column.decimals = header.columns[i].decimals;
-        }
-        columns.push_back(std::move(column));
+// The bytes with the empty lines that the header lacks.
+std::string Padded(std::string bytes, const std::vector<std::uint64_t>& offsets) {
+    for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset) {
+        bytes.insert(static_cast<std::size_t>(*offset), 1, '\n');
     }
-    return columns;
+    return bytes;
 }
-
-// Collects what stands before the first graphic object into a layer, then makes features.
-class FeatureCollector {
-public:
-    FeatureCollector(const LayerSink& layerSink, const FeatureSink& featureSink,
-                     const MifHeader& header)
-        : layerSink_(layerSink), featureSink_(featureSink) {
-        layer_.header = header;
-    }
-
-    void Take(zeio::TrBase& object) {
-        if (object.GetTypeId() == zeio::TrNamedIds::GetClassTypeId()) {
-            layer_.columns = ColumnsOf(static_cast<zeio::TrNamedIds&>(object), layer_.header);
-        } else if (object.GetTypeId() == zeio::TrCRS::GetClassTypeId()) {
-            const gcs::CSDef* system = static_cast<zeio::TrCRS&>(object).GetCS();
-            layer_.coordinateSystem = system != nullptr ? system->Clone() : nullptr;
-        } else if (object.GetTypeId() != zeio::TrInitGraphicsImp::GetClassTypeId()) {
-            Begin();
-            if (builder_->Take(object, feature_)) {
-                featureSink_(feature_);
-            }
-        }
-    }
-
-    // Tells the sink about the layer when that has not happened yet.
-    void Begin() {
-        if (!builder_) {
-            std::optional<shr::Box2d> bounds;
-            if (layer_.header.ownBounds) {
-                const MifHeader::Bounds& own = *layer_.header.ownBounds;
-                bounds = {own.minX, own.minY, own.maxX, own.maxY};
-            }
-            builder_.emplace(layer_.columns, bounds);
-            layerSink_(layer_);
-        }
-    }
-
-private:
-    const LayerSink& layerSink_;
-    const FeatureSink& featureSink_;
-    Layer layer_;
-    std::optional<FeatureBuilder> builder_;  // absent until the layer is complete
-    Feature feature_;
-};
 
 }  // namespace
 
@@ -176,7 +112,6 @@ ReportingHost::ReportingHost(standalone::OptionStore& store, Reporter& reporter,
     : IoHost(store), reporter_(reporter), subject_(std::move(subject)) {}
 
 int ReportingHost::Warning(shr::IError::WarnStyle, const std::wstring& text) {
-    ++warningCount_;
     std::string message = standalone::Narrow(text);
     // The module's header warnings begin with a line of their own that says so again.
     if (message.starts_with("WARNING:\n")) {
@@ -202,47 +137,122 @@ void ReportingHost::ProgressEnd() {
     reporter_.EndProgress();
 }
 
-ImportResult RunImport(const ImportSettings& settings, Reporter& reporter, const ObjectSink& sink) {
-    ImportResult result;
-    result.header = ScanHeader(settings.path);
-    if (const std::string problem = UnitProblem(result.header); !problem.empty()) {
-        reporter.Warning(PathText(ShownPath(settings)) + ": " + problem);
+// Forwards the objects to a sink, and the module's texts with the user's own path in them.
+class ImportRun::Host : public ReportingHost {
+public:
+    Host(standalone::OptionStore& store, Reporter& reporter, const ImportRun& run,
+         const ObjectSink& sink)
+        : ReportingHost(store, reporter, run.ShownName()), run_(run), sink_(sink) {}
+
+    int Warning(shr::IError::WarnStyle style, const std::wstring& text) override {
+        return run_.hasWarned_ ? 0
+                               : ReportingHost::Warning(style, run_.copy_->WithOriginalPath(text));
     }
-    ChooseCodePage(result.header, PathText(settings.path), settings.encoding, reporter);
-    MifHeader careHeader = result.header;
-    if (settings.asIs) {
+
+    void ImportObject(zeio::TrBase& object) override { sink_(object); }
+
+private:
+    const ImportRun& run_;
+    const ObjectSink& sink_;
+};
+
+ImportRun::ImportRun(ImportSettings settings, Reporter& reporter)
+    : settings_(std::move(settings)), header_(ReadHeader(settings_.path, headerBytes_)),
+      module_(settings_.modulePath) {
+    if (const std::string problem = UnitProblem(header_); !problem.empty()) {
+        reporter.Warning(ShownName() + ": " + problem);
+    }
+    ChooseCodePage(header_, PathText(settings_.path), settings_.encoding, reporter);
+    codePage_ = standalone::CodePage0();
+    MifHeader careHeader = header_;
+    if (settings_.asIs) {
         careHeader.careOffsets.clear();
     }
-    const CareCopy copy(settings.path, careHeader);
-    const Module module(settings.modulePath);
-    reporter.Detail("module: " + PathText(module.Path()));
-    const auto store = OpenOptionStore(settings.noStore);
-    SinkHost host(*store, reporter, copy, PathText(ShownPath(settings)), sink);
-    zeio::IoManager manager(host);
-    const ImportFilterPtr filter = module.NewImportFilter(manager);
-    try {
-        if (settings.optionString) {
-            filter->SetOptionsFromString(standalone::Widen(*settings.optionString));
-        }
-        filter->Import(WidePath(copy.Path()));
-    } catch (const shr::IError& error) {
-        Rethrow(error, copy, settings, result.header);
-    }
-    result.objectCount = host.ObjectCount();
-    result.warningCount = host.WarningCount();
-    if (result.objectCount == 0) {
-        reporter.Warning(PathText(ShownPath(settings)) + ": holds no objects");
-    }
-    return result;
+    copy_.emplace(settings_.path, careHeader);
+    headerBytes_ = Padded(std::move(headerBytes_), careHeader.careOffsets);
+    reporter.Detail("module: " + PathText(module_.Path()));
 }
 
-ImportResult ImportFeatures(const ImportSettings& settings, Reporter& reporter,
-                            const LayerSink& layerSink, const FeatureSink& featureSink) {
-    FeatureCollector collector(layerSink, featureSink, ScanHeader(settings.path));
-    ImportResult result =
-        RunImport(settings, reporter, [&](zeio::TrBase& object) { collector.Take(object); });
-    collector.Begin();
-    return result;
+ImportRun::~ImportRun() = default;
+
+std::string ImportRun::ShownName() const {
+    return PathText(settings_.shownPath.empty() ? settings_.path : settings_.shownPath);
+}
+
+void ImportRun::Rethrow(const shr::IError& error) const {
+    std::string text = standalone::Narrow(copy_->WithOriginalPath(error.Message()));
+    const std::string read = PathText(settings_.path);
+    const std::string name = ShownName();
+    if (const std::size_t at = text.find(read); at != std::string::npos) {
+        text.replace(at, read.size(), name);
+    }
+    if (text.find(name) == std::string::npos) {
+        text = name + ": " + text;
+    }
+    throw Failure(text + (text.ends_with('.') ? " " : ". ") + AdviceFor(header_, name));
+}
+
+void ImportRun::Import(const std::filesystem::path& path, Reporter& reporter,
+                       const ObjectSink& sink) {
+    static_cast<void>(standalone::SetCodePage0(codePage_));  // other runs may have set theirs since
+    const auto store = OpenOptionStore(settings_.noStore);
+    Host host(*store, reporter, *this, sink);
+    zeio::IoManager manager(host);
+    const ImportFilterPtr filter = module_.NewImportFilter(manager);
+    if (settings_.optionString) {
+        filter->SetOptionsFromString(standalone::Widen(*settings_.optionString));
+    }
+    filter->Import(WidePath(path));
+    hasWarned_ = true;
+}
+
+void ImportRun::ImportHeader(Reporter& reporter, const ObjectSink& sink) {
+    Reporter withoutProgress = reporter;
+    withoutProgress.SetProgress(false);
+    const ObjectSink headerSink = [&sink](zeio::TrBase& object) {
+        if (!IsOfHeader(object)) {
+            throw HeaderIsOver();
+        }
+        sink(object);
+    };
+    if (!headerBytes_.empty()) {
+        const TempFolder folder;
+        const std::filesystem::path path = folder.File(settings_.path.filename());
+        std::ofstream(path, std::ios::binary) << headerBytes_;
+        try {
+            Import(path, withoutProgress, headerSink);
+            return;
+        } catch (const shr::IError&) {
+            // Its own words name the file; or the module's header goes on behind this Data line.
+        }
+    }
+    try {
+        Import(ReadPath(), withoutProgress, headerSink);
+    } catch (const HeaderIsOver&) {
+        hasWarned_ = true;
+    } catch (const shr::IError& error) {
+        Rethrow(error);
+    }
+}
+
+void ImportRun::Import(Reporter& reporter, const ObjectSink& sink) {
+    std::uint64_t objectCount = 0;
+    const ObjectSink counting = [&](zeio::TrBase& object) {
+        objectCount += IsGraphics(object) ? 1 : 0;
+        sink(object);
+    };
+    try {
+        Import(ReadPath(), reporter, counting);
+    } catch (const shr::IError& error) {
+        Rethrow(error);
+    }
+    if (objectCount == 0) {
+        reporter.Warning(ShownName() + ": holds no objects");
+    }
+}
+
+void RunImport(const ImportSettings& settings, Reporter& reporter, const ObjectSink& sink) {
+    ImportRun(settings, reporter).Import(reporter, sink);
 }
 
 }  // namespace app

@@ -2,14 +2,13 @@
 #pragma once
 
 #include "app/base/Reporter.h"
-#include "app/feature/Feature.h"
 #include "app/mif/PaddedCopy.h"
 #include "app/run/Module.h"
-#include "host/gcs/CSDef.h"
 #include "host/zeio/TrObjects.h"
 #include "standalone/IoHost.h"
 #include "standalone/OptionStore.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -53,44 +52,59 @@ public:
     void ProgressIndeterminate() override;
     void ProgressEnd() override;
 
-    // Warnings given so far.
-    int WarningCount() const { return warningCount_; }
-
 private:
     Reporter& reporter_;
     std::string subject_;
-    int warningCount_ = 0;
 };
 
 // Receives translation objects as the module hands them over; may move parts out of them.
 using ObjectSink = std::function<void(zeio::TrBase&)>;
 
-// Receives features; may change and move them.
-using FeatureSink = std::function<void(Feature&)>;
+// One MIF file on its way through the module: made ready once, imported as often as wanted.
+class ImportRun {
+public:
+    // Scans the header and says on the reporter what there is to say of it, makes the padded copy
+    // that it may need, and loads the module. Throws Failure; UsageError for an encoding that the
+    // system does not know.
+    ImportRun(ImportSettings settings, Reporter& reporter);
+    ~ImportRun();
 
-// What an import left to say.
-struct ImportResult {
-    MifHeader header;
-    std::uint64_t objectCount = 0;  // graphic objects that reached the sink
-    int warningCount = 0;
+    const MifHeader& Header() const { return header_; }
+    const Module& TheModule() const { return module_; }
+
+    // That the file's texts are read in: "CP1252", "UTF-8".
+    const std::string& CodePage() const { return codePage_; }
+
+    // The path that the module is given, and whether that is a padded copy.
+    const std::filesystem::path& ReadPath() const { return copy_->Path(); }
+    bool IsPadded() const { return copy_->IsCopy(); }
+
+    // Hands over only what comes before the objects: the coordinate system and the column names.
+    // Does not open the file again when its header is sound. Throws as Import.
+    void ImportHeader(Reporter& reporter, const ObjectSink& sink);
+
+    // Imports the whole file. The module's warnings come with the first import alone, whether of
+    // the header or of the file. A file without graphic objects is warned of. Throws Failure (the
+    // module's errors included, with the user's own path in their texts); what the sink throws
+    // passes unchanged.
+    void Import(Reporter& reporter, const ObjectSink& sink);
+
+private:
+    class Host;
+    void Import(const std::filesystem::path& path, Reporter& reporter, const ObjectSink& sink);
+    [[noreturn]] void Rethrow(const shr::IError& error) const;
+    std::string ShownName() const;
+
+    ImportSettings settings_;
+    std::string headerBytes_;  // up to the line after Data; empty when there is none
+    MifHeader header_;
+    std::string codePage_;
+    std::optional<CareCopy> copy_;
+    Module module_;
+    bool hasWarned_ = false;
 };
 
-// Imports the file of the settings into the sink: header scan, care copy, encoding, module, run. A
-// run that handed over no graphic object says so on the reporter. Throws Failure (the module's
-// errors included, with the user's own path in their texts); what the sink throws passes unchanged.
-ImportResult RunImport(const ImportSettings& settings, Reporter& reporter, const ObjectSink& sink);
-
-// What a layer's reader must know before its first feature.
-struct Layer {
-    MifHeader header;
-    std::vector<LayerColumn> columns;
-    std::unique_ptr<gcs::CSDef> coordinateSystem;  // null: not an Earth system
-};
-using LayerSink = std::function<void(const Layer&)>;
-
-// The same as features: layerSink is called once, before the first feature and also when there is
-// none.
-ImportResult ImportFeatures(const ImportSettings& settings, Reporter& reporter,
-                            const LayerSink& layerSink, const FeatureSink& featureSink);
+// Imports a file once.
+void RunImport(const ImportSettings& settings, Reporter& reporter, const ObjectSink& sink);
 
 }  // namespace app

@@ -47,9 +47,7 @@ zeio::ExportStatus SendAsHost(ExportRun& run, zeio::TrBase& object, const shr::B
     if (object.GetTypeId() != zeio::TrInitGraphicsImp::GetClassTypeId()) {
         return run.Send(object);
     }
-    zeio::TrInitGraphicsExp questions;
-    questions.extent = extent;
-    return run.Send(questions);
+    return run.Begin(extent);
 }
 
 // What the filter answered to the calls of an export.
@@ -98,7 +96,7 @@ Answers Export(const RereadableInput& input, const ReplayOptions& options, Repor
     answers.begin = run.BeginStatus();
     reporter.StartProgress(options.output, SizeOfFile(PathFromArgument(options.input)));
     ForEachObject(input, reporter, [&](zeio::TrBase& object) {
-        const shr::Box3d box = options.noExtent ? ExtentOfObjects().Box() : extent.Box();
+        const shr::Box3d box = options.noExtent ? ExportRun::kUnknownExtent : extent.Box();
         const zeio::ExportStatus status = SendAsHost(run, object, box);
         if (trace != nullptr) {
             answers.objects.push_back(status);

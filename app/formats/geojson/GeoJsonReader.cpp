@@ -1,13 +1,20 @@
 #include "app/formats/geojson/GeoJsonReader.h"
 
 #include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/crs/Reprojection.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace app {
 
@@ -16,6 +23,9 @@ namespace {
 // Keeps the order of the members, which becomes the order of the columns.
 using Json = nlohmann::ordered_json;
 using JsonSink = std::function<void(Json&)>;
+
+// Ends the parsing of an input once a sink has enough.
+struct EnoughRead {};
 
 constexpr int kRecordSeparator = 0x1E;
 constexpr std::size_t kSniffedBytes = 65536;
@@ -217,6 +227,32 @@ Value ValueOf(const Json& json) {
     }
 }
 
+// Finds the columns that hold the properties of every feature.
+class PropertyColumns {
+public:
+    void See(const Json& properties) {
+        for (const auto& [name, value] : properties.items()) {
+            const auto [at, isNew] = columnAt_.try_emplace(name, columns_.size());
+            if (isNew) {
+                columns_.push_back({name, ColumnKind::Char, 0, 0});
+                hasKind_.push_back(false);
+            }
+            if (!value.is_null()) {
+                ColumnKind& kind = columns_[at->second].kind;
+                kind = hasKind_[at->second] ? Common(kind, KindOf(value)) : KindOf(value);
+                hasKind_[at->second] = true;
+            }
+        }
+    }
+
+    std::vector<LayerColumn> Take() { return std::move(columns_); }
+
+private:
+    std::vector<LayerColumn> columns_;  // in first-seen order
+    std::vector<bool> hasKind_;         // false while only null values were seen
+    std::unordered_map<std::string, std::size_t> columnAt_;
+};
+
 class GeometryError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -225,8 +261,7 @@ public:
 // Turns geometries into features. Throws GeometryError.
 class GeometryReader {
 public:
-    GeometryReader(const std::function<void(Feature&)>& sink, Feature& feature)
-        : sink_(sink), feature_(feature) {}
+    GeometryReader(const FeatureSink& sink, Feature& feature) : sink_(sink), feature_(feature) {}
 
     // Returns the number of features.
     std::size_t Read(const Json& geometry) {
@@ -336,14 +371,16 @@ private:
         }
         const std::vector<Value> values = feature_.values;  // the sink may move them out
         feature_.geometry.kind = kind;
-        sink_(feature_);
+        if (!sink_(feature_)) {
+            throw EnoughRead();
+        }
         feature_.geometry.points.clear();
         feature_.geometry.partSizes.clear();
         feature_.values = values;
         return 1;
     }
 
-    const std::function<void(Feature&)>& sink_;
+    const FeatureSink& sink_;
     Feature& feature_;
 };
 
@@ -366,7 +403,7 @@ void CheckFeature(const Json& feature, const std::string& name, std::uint64_t nu
 }
 
 std::size_t ReadGeometry(const Json& geometry, Feature& feature, const std::string& name,
-                         const std::function<void(Feature&)>& sink) {
+                         const FeatureSink& sink) {
     try {
         return GeometryReader(sink, feature).Read(geometry);
     } catch (const GeometryError& error) {
@@ -376,55 +413,65 @@ std::size_t ReadGeometry(const Json& geometry, Feature& feature, const std::stri
 
 }  // namespace
 
-GeoJsonReader::GeoJsonReader(const std::filesystem::path& path) : input_(path) {}
+GeoJsonReader::GeoJsonReader(const std::filesystem::path& path)
+    : Source(path == "-" ? "standard input" : PathText(path)), isStandardInput_(path == "-"),
+      size_(SizeOfFile(path)), input_(path) {}
 
-GeoJsonFacts GeoJsonReader::Survey(Reporter& reporter) {
-    GeoJsonFacts facts;
-    std::unordered_map<std::string, std::size_t> columnAt;
-    std::vector<bool> hasKind;
+std::vector<std::string> GeoJsonReader::LayerNames() const {
+    return {isStandardInput_ ? "layer" : PathText(input_.Path().stem())};
+}
+
+LayerFacts GeoJsonReader::Begin(std::size_t /*layer*/, Reporter& reporter) {
+    LayerFacts facts;
+    facts.name = LayerNames().front();
+    facts.system = std::make_shared<gcs::GCSDef>(Wgs84System());
+    PropertyColumns columns;
     Feature scratch;
+    std::uint64_t withoutGeometry = 0;
     reporter.StartProgress("reading");
-    facts.extent = ForEachFeature(input_, reporter, [&](Json& json) {
-        CheckFeature(json, input_.Name(), ++facts.featureCount);
-        for (const auto& [name, value] : PropertiesOf(json).items()) {
-            const auto [at, isNew] = columnAt.try_emplace(name, facts.columns.size());
-            if (isNew) {
-                facts.columns.push_back({name, ColumnKind::Char, 0, 0});
-                hasKind.push_back(false);
-            }
-            if (!value.is_null()) {
-                ColumnKind& kind = facts.columns[at->second].kind;
-                kind = hasKind[at->second] ? Common(kind, KindOf(value)) : KindOf(value);
-                hasKind[at->second] = true;
-            }
-        }
-        scratch.number = facts.featureCount;
-        if (ReadGeometry(GeometryOf(json), scratch, input_.Name(), [](Feature&) {}) == 0) {
-            ++facts.withoutGeometry;
+    facts.knownExtent = ForEachFeature(input_, reporter, [&](Json& json) {
+        CheckFeature(json, Name(), ++scratch.number);
+        columns.See(PropertiesOf(json));
+        if (ReadGeometry(GeometryOf(json), scratch, Name(), [](Feature&) { return true; }) == 0) {
+            ++withoutGeometry;
         }
     });
     reporter.EndProgress();
+    if (withoutGeometry > 0) {
+        reporter.Warning(Name() + ": " + std::to_string(withoutGeometry) +
+                         (withoutGeometry == 1 ? " feature has" : " features have") +
+                         " no geometry and was left out");
+    }
+    if (scratch.number == 0) {
+        reporter.Warning(Name() + ": holds no features");
+    }
+    columns_ = columns.Take();
+    facts.columns = columns_;
     return facts;
 }
 
-void GeoJsonReader::Read(const GeoJsonFacts& facts, Reporter& reporter,
-                         const std::function<void(Feature&)>& sink) {
+void GeoJsonReader::Read(Reporter& reporter, const FeatureSink& sink) {
     std::unordered_map<std::string_view, std::size_t> columnAt;
-    for (std::size_t i = 0; i < facts.columns.size(); ++i) {
-        columnAt.emplace(facts.columns[i].name, i);
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        columnAt.emplace(columns_[i].name, i);
     }
     Feature feature;
-    ForEachFeature(input_, reporter, [&](Json& json) {
-        ++feature.number;
-        CheckFeature(json, input_.Name(), feature.number);
-        feature.values.assign(facts.columns.size(), Value());
-        for (const auto& [name, value] : PropertiesOf(json).items()) {
-            if (const auto at = columnAt.find(name); at != columnAt.end()) {
-                feature.values[at->second] = ValueOf(value);
+    reporter.StartProgress(Name(), size_);
+    try {
+        ForEachFeature(input_, reporter, [&](Json& json) {
+            ++feature.number;
+            CheckFeature(json, Name(), feature.number);
+            feature.values.assign(columns_.size(), Value());
+            for (const auto& [name, value] : PropertiesOf(json).items()) {
+                if (const auto at = columnAt.find(name); at != columnAt.end()) {
+                    feature.values[at->second] = ValueOf(value);
+                }
             }
-        }
-        ReadGeometry(GeometryOf(json), feature, input_.Name(), sink);
-    });
+            ReadGeometry(GeometryOf(json), feature, Name(), sink);
+        });
+    } catch (const EnoughRead&) {
+    }
+    reporter.EndProgress();
 }
 
 }  // namespace app

@@ -1,46 +1,39 @@
 // Reads GeoJSON: collections, single features and geometries, newline-delimited features and text
-// sequences (RFC 8142). A feature is in memory at a time, however large the file is.
+// sequences (RFC 8142), whatever the file is called. A feature is in memory at a time, however
+// large the file is.
 #pragma once
 
-#include "app/base/Reporter.h"
 #include "app/base/RereadableInput.h"
-#include "app/feature/Feature.h"
+#include "app/feature/Source.h"
 
-#include <cstdint>
 #include <filesystem>
-#include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace app {
 
-// What a first pass over the input finds.
-struct GeoJsonFacts {
-    std::vector<LayerColumn> columns;  // properties in first-seen order, with the kind that holds
-                                       // all their values
-    std::optional<shr::Box2d> extent;  // the input's own bbox
-    std::uint64_t featureCount = 0;
-    std::uint64_t withoutGeometry = 0;  // features whose geometry is null or empty
-};
-
-class GeoJsonReader {
+class GeoJsonReader : public Source {
 public:
     // Takes a path or "-"; standard input is spooled, since it is read twice. Throws Failure.
     explicit GeoJsonReader(const std::filesystem::path& path);
 
-    // Reads everything once. Throws Failure, naming the file and the feature.
-    GeoJsonFacts Survey(Reporter& reporter);
+    // One layer, with the stem of the file's name.
+    std::vector<std::string> LayerNames() const override;
 
-    // Hands every geometry to sink, which may change and move the feature. Lines of a
-    // MultiLineString and members of a GeometryCollection are features of their own with the same
-    // values; a polygon has a part for each ring. Values stand in the order of facts.columns;
-    // objects and arrays are their JSON text. Throws Failure; what the sink throws passes.
-    void Read(const GeoJsonFacts& facts, Reporter& reporter,
-              const std::function<void(Feature&)>& sink);
+    // Reads everything once: the columns are the properties in first-seen order, each of the kind
+    // that holds all its values. Warns of features without geometry and of an input without
+    // features. Throws Failure, naming the feature, also for faults of later features.
+    LayerFacts Begin(std::size_t layer, Reporter& reporter) override;
+
+    // Lines of a MultiLineString and members of a GeometryCollection are features of their own with
+    // the same values; a polygon has a part for each ring. Objects and arrays are their JSON text.
+    void Read(Reporter& reporter, const FeatureSink& sink) override;
 
 private:
+    bool isStandardInput_;
+    double size_;  // bytes; 0 when not known
     RereadableInput input_;
+    std::vector<LayerColumn> columns_;
 };
 
 }  // namespace app

@@ -12,7 +12,7 @@ namespace app {
 
 enum class GeoJsonForm { Collection, Lines, Sequence };
 
-class GeoJsonWriter : public FeatureTarget {
+class GeoJsonWriter : public Target {
 public:
     // With styles, pens and brushes become simplestyle properties (stroke, fill, ...).
     GeoJsonWriter(const std::filesystem::path& path, IfExists ifExists, GeoJsonForm form,
@@ -26,7 +26,6 @@ public:
     // with the same faults is left out.
     void Write(Feature& feature) override;
     bool Finish() override;
-    bool TakesCurves() const override { return false; }
 
 private:
     void WriteProperties(const Feature& feature);

@@ -78,7 +78,7 @@ Value ValueOf(const SqliteStatement& row, int index, const LayerColumn& column) 
 }  // namespace
 
 GeoPackageReader::GeoPackageReader(const std::filesystem::path& path)
-    : database_(path, SqliteDatabase::Mode::Read, PathText(path)) {
+    : Source(PathText(path)), database_(path, SqliteDatabase::Mode::Read, Name()) {
     ReadLayers();
 }
 
@@ -142,33 +142,36 @@ SpatialReference GeoPackageReader::ReferenceFor(std::int64_t id) {
     return reference;
 }
 
-const PackageLayer& GeoPackageReader::LayerNamed(const std::string& name) const {
-    if (layers_.empty()) {
-        Fail("holds no layer with features");
-    }
-    if (name.empty() && layers_.size() == 1) {
-        return layers_.front();
-    }
-    std::string names;
+std::vector<std::string> GeoPackageReader::LayerNames() const {
+    std::vector<std::string> names;
     for (const PackageLayer& layer : layers_) {
-        if (layer.name == name) {
-            return layer;
-        }
-        names += (names.empty() ? "" : ", ") + CleanText(layer.name);
+        names.push_back(CleanText(layer.name));
     }
-    Fail((name.empty() ? "holds several layers; choose one with --layer: "
-                       : "holds no layer " + name + "; it has: ") +
-         names);
+    return names;
 }
 
-PackageReadResult GeoPackageReader::Read(const PackageLayer& layer,
-                                         const std::function<void(Feature&)>& sink) {
+LayerFacts GeoPackageReader::Begin(std::size_t layer, Reporter& reporter) {
+    begun_ = &layers_.at(layer);
+    LayerFacts facts;
+    facts.name = begun_->name;
+    facts.columns = begun_->columns;
+    std::string problem;
+    facts.system = SystemOf(begun_->reference, problem);
+    if (!problem.empty()) {
+        reporter.Warning(Name() + ": " + problem + "; the coordinates stay as they are");
+    }
+    return facts;
+}
+
+void GeoPackageReader::Read(Reporter& reporter, const FeatureSink& sink) {
+    const PackageLayer& layer = *begun_;
     std::string sql = "SELECT " + QuotedName(layer.geometryColumn);
     for (const LayerColumn& column : layer.columns) {
         sql += ", " + QuotedName(column.name);
     }
     SqliteStatement rows(database_, sql + " FROM " + QuotedName(layer.name));
-    PackageReadResult result;
+    std::uint64_t featureCount = 0;
+    std::uint64_t withoutGeometry = 0;
     for (std::uint64_t row = 1; rows.Step(); ++row) {
         std::vector<GeometryPiece> pieces;
         try {
@@ -177,20 +180,25 @@ PackageReadResult GeoPackageReader::Read(const PackageLayer& layer,
             Fail("layer " + CleanText(layer.name) + ", row " + std::to_string(row) + ": " +
                  error.what());
         }
-        result.withoutGeometry += pieces.empty() ? 1 : 0;
+        withoutGeometry += pieces.empty() ? 1 : 0;
         for (GeometryPiece& piece : pieces) {
             Feature feature;
-            feature.number = ++result.featureCount;
+            feature.number = ++featureCount;
             feature.geometry.kind = piece.kind;
             feature.geometry.points = std::move(piece.points);
             feature.geometry.partSizes = std::move(piece.partSizes);
             for (std::size_t i = 0; i < layer.columns.size(); ++i) {
                 feature.values.push_back(ValueOf(rows, static_cast<int>(i) + 1, layer.columns[i]));
             }
-            sink(feature);
+            if (!sink(feature)) {
+                return;
+            }
         }
     }
-    return result;
+    if (withoutGeometry > 0) {
+        reporter.Warning(Name() + ": " + std::to_string(withoutGeometry) +
+                         " rows have no geometry and were left out");
+    }
 }
 
 }  // namespace app

@@ -1,18 +1,18 @@
 // Reads the feature layers of a GeoPackage.
 #pragma once
 
-#include "app/feature/Feature.h"
+#include "app/feature/Source.h"
 #include "app/formats/gpkg/SpatialReference.h"
 #include "app/formats/gpkg/Sqlite.h"
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace app {
 
+// A table of features.
 struct PackageLayer {
     std::string name;
     std::string geometryColumn;
@@ -21,27 +21,22 @@ struct PackageLayer {
     std::uint64_t rowCount = 0;
 };
 
-// What reading a layer left to say.
-struct PackageReadResult {
-    std::uint64_t featureCount = 0;
-    std::uint64_t withoutGeometry = 0;  // rows that gave no feature: no geometry, or an empty one
-};
-
-class GeoPackageReader {
+class GeoPackageReader : public Source {
 public:
-    // Throws Failure when the file is none or can't be read.
+    // Throws Failure when the file can't be read or is no GeoPackage.
     explicit GeoPackageReader(const std::filesystem::path& path);
 
     // The feature layers in the order of the file.
     const std::vector<PackageLayer>& Layers() const { return layers_; }
 
-    // The layer of a name; of an empty name the only one. Throws Failure, with the names there are.
-    const PackageLayer& LayerNamed(const std::string& name) const;
+    std::vector<std::string> LayerNames() const override;
 
-    // Hands every row with a geometry to sink, which may change and move the feature. A geometry of
-    // several lines, or of several kinds, gives several features with the same values. Throws
-    // Failure; what the sink throws passes unchanged.
-    PackageReadResult Read(const PackageLayer& layer, const std::function<void(Feature&)>& sink);
+    // Warns of a system that MIF does not have.
+    LayerFacts Begin(std::size_t layer, Reporter& reporter) override;
+
+    // A geometry of several lines, or of several kinds, gives several features with the same
+    // values. Rows with no geometry, or an empty one, give none; a warning counts them.
+    void Read(Reporter& reporter, const FeatureSink& sink) override;
 
 private:
     void ReadLayers();
@@ -51,6 +46,7 @@ private:
 
     SqliteDatabase database_;
     std::vector<PackageLayer> layers_;
+    const PackageLayer* begun_ = nullptr;  // in layers_; null before the first Begin
 };
 
 }  // namespace app

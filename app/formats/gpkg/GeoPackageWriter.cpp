@@ -26,6 +26,10 @@ GeoPackageWriter::GeoPackageWriter(const std::filesystem::path& path, IfExists i
     CreatePackageTables(database_);
 }
 
+void GeoPackageWriter::BeginLayer(const LayerFacts& layer) {
+    BeginLayer(layer.name, layer.columns, ReferenceOf(layer.system.get()));
+}
+
 void GeoPackageWriter::BeginLayer(const std::string& wantedName,
                                   const std::vector<LayerColumn>& columns,
                                   const SpatialReference& reference) {
@@ -64,7 +68,7 @@ std::int32_t GeoPackageWriter::IdOf(const SpatialReference& reference) {
     return id;
 }
 
-void GeoPackageWriter::Write(const Feature& feature) {
+void GeoPackageWriter::Write(Feature& feature) {
     layer_->Write(feature);
 }
 
@@ -86,11 +90,12 @@ void GeoPackageWriter::EndLayer() {
     }
 }
 
-void GeoPackageWriter::Finish() {
+bool GeoPackageWriter::Finish() {
     EndLayer();
     database_.Execute("COMMIT");
     database_.Close();
     output_.Finish();
+    return true;
 }
 
 }  // namespace app

@@ -1,9 +1,8 @@
 // Writes layers of features into a new GeoPackage.
 #pragma once
 
-#include "app/base/Output.h"
 #include "app/base/Reporter.h"
-#include "app/feature/Feature.h"
+#include "app/feature/Target.h"
 #include "app/formats/gpkg/LayerTable.h"
 #include "app/formats/gpkg/SpatialReference.h"
 #include "app/formats/gpkg/Sqlite.h"
@@ -20,22 +19,24 @@ namespace app {
 
 // One layer after the other. The file appears under its name when Finish has returned; without it
 // nothing is left. Everything is one transaction.
-class GeoPackageWriter {
+class GeoPackageWriter : public Target {
 public:
     // reporter must outlive the writer. Throws Failure.
     GeoPackageWriter(const std::filesystem::path& path, IfExists ifExists, Reporter& reporter);
 
-    // Ends the layer before and begins one. The name that is wanted is changed when it can't be a
-    // table's, or is taken. Throws Failure.
+    // Ends the layer before and begins one. The name that is wanted is changed, with a note, when
+    // it can't be a table's, or is taken.
+    void BeginLayer(const LayerFacts& layer) override;
+
+    // The same with a system in the package's own terms.
     void BeginLayer(const std::string& wantedName, const std::vector<LayerColumn>& columns,
                     const SpatialReference& reference);
 
-    // Adds a feature to the layer that was begun last. Rectangles and ellipses must have become
-    // regions (FlattenCurves). Throws Failure.
-    void Write(const Feature& feature);
+    // Adds a feature to the layer that was begun last.
+    void Write(Feature& feature) override;
 
-    // Ends the last layer, completes the file and moves it into place. Throws Failure.
-    void Finish();
+    // Ends the last layer, completes the file and moves it into place. Never false.
+    bool Finish() override;
 
 private:
     void EndLayer();

@@ -2,6 +2,7 @@
 
 #include "app/base/Paths.h"
 #include "app/feature/ObjectStyles.h"
+#include "app/formats/mif/ExportSystem.h"
 #include "app/json/JsonText.h"
 #include "standalone/Text.h"
 
@@ -14,9 +15,6 @@
 namespace app {
 
 namespace {
-
-constexpr std::uint32_t kRendersText = 0x1;
-constexpr std::uint32_t kRendersMarkers = 0x2;
 
 // Of the extent that the filter is told: it grades the widths of pens by it, and by nothing else.
 constexpr double kDiagonal = 1.0;
@@ -57,14 +55,6 @@ zeio::TrText::Justify ObjectJustify(Justify justify) {
 
 }  // namespace
 
-bool RendersText(std::uint32_t capabilities) {
-    return (capabilities & kRendersText) != 0;
-}
-
-bool RendersMarkers(std::uint32_t capabilities) {
-    return (capabilities & kRendersMarkers) != 0;
-}
-
 std::string TextOfValue(const Value& value) {
     return std::visit(
         [](const auto& held) -> std::string {
@@ -84,29 +74,33 @@ std::string TextOfValue(const Value& value) {
         value);
 }
 
-MifTarget::MifTarget(const ExportSettings& settings, Reporter& reporter)
-    : run_(settings, reporter), reporter_(reporter), name_(PathText(settings.path)) {}
+ExportSettings ExportSettingsOf(const std::filesystem::path& path, const TargetOptions& options) {
+    ExportSettings settings;
+    settings.path = path;
+    settings.ifExists = options.ifExists;
+    settings.noStore = options.noStore;
+    settings.optionString = options.optionString;
+    settings.modulePath = options.modulePath;
+    return settings;
+}
+
+MifTarget::MifTarget(const std::filesystem::path& path, const TargetOptions& options,
+                     Reporter& reporter)
+    : run_(ExportSettingsOf(path, options), reporter), reporter_(reporter), name_(PathText(path)) {}
 
 MifTarget::~MifTarget() = default;
 
 void MifTarget::BeginLayer(const LayerFacts& layer) {
-    zeio::TrInitGraphicsExp questions;
-    questions.extent = {0.0, 0.0, 0.0, kDiagonal, 0.0, 0.0};
-    run_.Send(questions);
-    capabilities_ = questions.capabilities;
+    run_.Begin({0.0, 0.0, 0.0, kDiagonal, 0.0, 0.0});
     if (layer.system != nullptr) {
-        zeio::TrCRS system;
-        system.SetCS(layer.system);
-        run_.Send(system);
+        run_.SendSystem(*ForExport(*layer.system));
     }
     names_.clear();
     for (const LayerColumn& column : layer.columns) {
         names_.push_back(standalone::Widen(column.name));
     }
     if (!names_.empty()) {
-        zeio::TrNamedIds columns;
-        columns.names = names_;
-        run_.Send(columns);
+        run_.SendColumns(names_);
     }
 }
 
@@ -135,8 +129,8 @@ bool MifTarget::Finish() {
 }
 
 void MifTarget::WriteGeometry(Geometry& geometry, const shr::CParamList& attributes) {
-    if ((geometry.kind == GeometryKind::Text && !RendersText(capabilities_)) ||
-        (geometry.kind == GeometryKind::Points && !RendersMarkers(capabilities_))) {
+    if ((geometry.kind == GeometryKind::Text && !run_.RendersText()) ||
+        (geometry.kind == GeometryKind::Points && !run_.RendersMarkers())) {
         return;
     }
     if (geometry.kind == GeometryKind::Arc) {

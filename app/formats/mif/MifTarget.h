@@ -5,17 +5,21 @@
 #include "app/run/ExportRun.h"
 #include "host/zeio/TrObjects.h"
 
-#include <memory>
+#include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace app {
 
-class MifTarget : public FeatureTarget {
+// What the options mean for an export to `path`.
+ExportSettings ExportSettingsOf(const std::filesystem::path& path, const TargetOptions& options);
+
+class MifTarget : public Target {
 public:
     // reporter must outlive the target. Throws Failure.
-    MifTarget(const ExportSettings& settings, Reporter& reporter);
+    MifTarget(const std::filesystem::path& path, const TargetOptions& options, Reporter& reporter);
     ~MifTarget() override;
 
     void BeginLayer(const LayerFacts& layer) override;
@@ -29,7 +33,6 @@ public:
 
     // Warns of features that were left out for want of a geometry.
     bool Finish() override;
-    bool TakesCurves() const override { return true; }
 
 private:
     void WriteGeometry(Geometry& geometry, const shr::CParamList& attributes);
@@ -43,15 +46,10 @@ private:
     std::vector<std::wstring> names_;  // of the columns
     std::optional<zeio::TrPen> pen_;   // the one sent last
     std::optional<zeio::TrBrush> brush_;
-    std::uint32_t capabilities_ = 0;  // the filter's answer
     std::uint64_t withoutGeometry_ = 0;
     Reporter& reporter_;
     std::string name_;  // of the output, in messages
 };
-
-// The filter's capability bits that a host asks before it sends texts and points.
-bool RendersText(std::uint32_t capabilities);
-bool RendersMarkers(std::uint32_t capabilities);
 
 // The value as the text of a row: numbers in their shortest form, no value as an empty text.
 std::string TextOfValue(const Value& value);

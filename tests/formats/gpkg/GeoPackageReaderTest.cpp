@@ -2,7 +2,10 @@
 #include "app/formats/gpkg/GeoPackageReader.h"
 
 #include "app/base/Errors.h"
+#include "app/crs/Reprojection.h"
 #include "tests/formats/gpkg/Package.h"
+
+#include <gmock/gmock.h>
 
 #include <cmath>
 
@@ -23,8 +26,11 @@ protected:
     std::vector<app::Feature> Read(const std::string& layer = "") {
         app::GeoPackageReader reader(Path());
         std::vector<app::Feature> features;
-        result_ = reader.Read(reader.LayerNamed(layer),
-                              [&](app::Feature& feature) { features.push_back(feature); });
+        static_cast<void>(reader.Begin(reader.LayerNamed(layer), TheReporter()));
+        reader.Read(TheReporter(), [&](app::Feature& feature) {
+            features.push_back(feature);
+            return true;
+        });
         return features;
     }
 
@@ -39,13 +45,11 @@ protected:
 
     void WriteTwoLayers() {
         Writer().BeginLayer("roads", {}, app::Wgs84Reference());
-        Writer().Write(LineThrough({{0, 0}, {1, 1}}));
+        Write(LineThrough({{0, 0}, {1, 1}}));
         Writer().BeginLayer("places", {}, app::Wgs84Reference());
-        Writer().Write(PointAt(1, 2));
+        Write(PointAt(1, 2));
         Writer().Finish();
     }
-
-    app::PackageReadResult result_;
 };
 
 TEST_F(GeoPackageReader, GivesBackPointsLinesAndRegions) {
@@ -128,13 +132,50 @@ TEST_F(GeoPackageReader, KnowsNoSystemOfAnUndefinedOne) {
     EXPECT_TRUE(app::GeoPackageReader(Path()).Layers().front().reference.IsUndefined());
 }
 
-TEST_F(GeoPackageReader, CountsRowsWithoutGeometry) {
+TEST_F(GeoPackageReader, LeavesOutRowsWithoutGeometryAndCountsThem) {
     WriteLayer({PointAt(std::nan(""), 1), PointAt(1, 2)});
 
-    Read();
+    EXPECT_EQ(Read().size(), 1U);
+    EXPECT_THAT(Messages(),
+                testing::EndsWith(Path().string() + ": 1 rows have no geometry and were "
+                                                    "left out\n"));
+}
 
-    EXPECT_EQ(result_.featureCount, 1U);
-    EXPECT_EQ(result_.withoutGeometry, 1U);
+TEST_F(GeoPackageReader, StopsWhenTheSinkHasEnough) {
+    WriteLayer({PointAt(1, 2), PointAt(3, 4), PointAt(5, 6)});
+    app::GeoPackageReader reader(Path());
+    static_cast<void>(reader.Begin(0, TheReporter()));
+    int count = 0;
+
+    reader.Read(TheReporter(), [&count](app::Feature&) { return ++count < 2; });
+
+    EXPECT_EQ(count, 2);
+}
+
+TEST_F(GeoPackageReader, ReadsALayerAsOftenAsWanted) {
+    WriteLayer({PointAt(1, 2), PointAt(3, 4)});
+    app::GeoPackageReader reader(Path());
+    static_cast<void>(reader.Begin(0, TheReporter()));
+    int count = 0;
+    const auto counting = [&count](app::Feature&) { return ++count > 0; };
+
+    reader.Read(TheReporter(), counting);
+    reader.Read(TheReporter(), counting);
+
+    EXPECT_EQ(count, 4);
+}
+
+TEST_F(GeoPackageReader, TellsTheFactsOfALayer) {
+    WriteLayer({PointAt(1, 2)}, {Column("A", ColumnKind::SmallInt)});
+    app::GeoPackageReader reader(Path());
+
+    const app::LayerFacts facts = reader.Begin(0, TheReporter());
+
+    EXPECT_EQ(facts.name, "layer");
+    ASSERT_EQ(facts.columns.size(), 1U);
+    EXPECT_EQ(facts.columns.front().name, "A");
+    EXPECT_TRUE(app::IsWgs84(facts.system.get()));
+    EXPECT_FALSE(facts.pair);
 }
 
 TEST_F(GeoPackageReader, ReadsALayerByItsName) {
@@ -198,7 +239,7 @@ TEST_F(GeoPackageReader, RefusesALayerWithoutItsGeometryColumn) {
 
 TEST_F(GeoPackageReader, TakesATableNameThatIsSqlAsAName) {
     Writer().BeginLayer("x\"; DROP TABLE gpkg_contents; --", {}, app::Wgs84Reference());
-    Writer().Write(PointAt(1, 2));
+    Write(PointAt(1, 2));
     Writer().Finish();
 
     EXPECT_EQ(Read().size(), 1U);

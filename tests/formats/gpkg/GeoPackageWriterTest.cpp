@@ -308,7 +308,7 @@ class ALayerName : public Package, public testing::WithParamInterface<NameRow> {
 TEST_P(ALayerName, BecomesTheTable) {
     Writer().BeginLayer(GetParam().wanted, {Column(GetParam().wanted, ColumnKind::Integer)},
                         app::Wgs84Reference());
-    Writer().Write(PointAt(1, 2, {std::int64_t{5}}));
+    Write(PointAt(1, 2, {std::int64_t{5}}));
     Writer().Finish();
 
     EXPECT_EQ(Query("SELECT table_name FROM gpkg_contents"), GetParam().table);
@@ -332,7 +332,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(GeoPackage, QuotesADoubleQuoteInNames) {
     Writer().BeginLayer("a\"b", {Column("c\"d", ColumnKind::Integer)}, app::Wgs84Reference());
-    Writer().Write(PointAt(1, 2, {std::int64_t{5}}));
+    Write(PointAt(1, 2, {std::int64_t{5}}));
     Writer().Finish();
 
     EXPECT_EQ(Query("SELECT \"c\"\"d\" FROM \"a\"\"b\""), "5");
@@ -340,9 +340,9 @@ TEST_F(GeoPackage, QuotesADoubleQuoteInNames) {
 
 TEST_F(GeoPackage, HoldsSeveralLayersOfDifferentNames) {
     Writer().BeginLayer("roads", {}, app::Wgs84Reference());
-    Writer().Write(LineThrough({{0, 0}, {1, 1}}));
+    Write(LineThrough({{0, 0}, {1, 1}}));
     Writer().BeginLayer("Roads", {}, app::Wgs84Reference());
-    Writer().Write(PointAt(1, 2));
+    Write(PointAt(1, 2));
     Writer().Finish();
 
     EXPECT_EQ(Query("SELECT table_name, geometry_type_name FROM gpkg_geometry_columns"),
@@ -432,7 +432,7 @@ TEST_F(GeoPackage, SaysUndefinedForASystemThatIsNotKnown) {
 
 TEST_F(GeoPackage, IsNotThereBeforeItIsFinished) {
     Writer().BeginLayer("layer", {}, app::Wgs84Reference());
-    Writer().Write(PointAt(1, 2));
+    Write(PointAt(1, 2));
 
     EXPECT_FALSE(Folder().Has("out.gpkg"));
 }

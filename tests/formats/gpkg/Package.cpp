@@ -107,7 +107,7 @@ void Package::WriteLayer(const std::vector<app::Feature>& features,
                          const app::SpatialReference& reference) {
     Writer().BeginLayer("layer", columns, reference);
     for (const app::Feature& feature : features) {
-        Writer().Write(feature);
+        Write(feature);
     }
     Writer().Finish();
 }

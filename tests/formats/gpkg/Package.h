@@ -46,11 +46,16 @@ protected:
     // A writer to write several layers with; call Finish on it.
     app::GeoPackageWriter& Writer();
 
+    // Hands a copy of the feature to that writer.
+    void Write(app::Feature feature) { Writer().Write(feature); }
+
+    app::Reporter& TheReporter() { return reporter_; }
+
     // The rows of a query, columns parted by '|' and rows by line feeds; what a statement without
     // rows did is kept. ST_ functions are there, as in a program that knows packages.
     std::string Query(const std::string& sql);
 
-    // What the writer said about the data.
+    // What writers and readers said about the data.
     std::string Messages();
 
     const support::TemporaryFolder& Folder() const { return folder_; }
