@@ -203,6 +203,10 @@ OutputPair::OutputPair(const std::filesystem::path& mifPath, IfExists ifExists)
     static_cast<void>(folder_.File(MidBeside(mifPath).filename()));
 }
 
+std::filesystem::path OutputPair::SparePath() const {
+    return folder_.File("spare");
+}
+
 std::wstring OutputPair::WithFinalPath(std::wstring text) const {
     // Folder by folder, so that the .mid of the pair is renamed as well.
     const std::wstring work = WidePath(folder_.Path() / "");

@@ -72,6 +72,9 @@ public:
     // The path to hand to the filter: the same name in another folder.
     const std::filesystem::path& WorkPath() const { return workPath_; }
 
+    // A name in the same folder, for a file that is to take the place of one of the two.
+    std::filesystem::path SparePath() const;
+
     // A text of the module with the working path replaced by the user's.
     std::wstring WithFinalPath(std::wstring text) const;
 

@@ -14,7 +14,7 @@ using Value = std::variant<std::monostate, std::string, std::int64_t, double, bo
 
 // A column of a layer.
 struct LayerColumn {
-    std::string name;  // UTF-8
+    std::string name = {};  // UTF-8
     ColumnKind kind = ColumnKind::Char;
     int width = 0;     // Char: characters, Decimal: digits; 0 when not stated
     int decimals = 0;  // Decimal: digits behind the point

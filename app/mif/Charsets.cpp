@@ -76,6 +76,26 @@ const Charset* FindCharset(std::string_view mifName) {
     return found == std::end(kCharsets) ? nullptr : found;
 }
 
+const Charset* FindCharsetOfEncoding(std::string_view name) {
+    if (const Charset* charset = FindCharset(name)) {
+        return charset;
+    }
+    constexpr std::string_view kWindows = "windows-";
+    const bool isWindows = EqualsIgnoringCase(name.substr(0, kWindows.size()), kWindows);
+    const std::string wanted =
+        isWindows ? "CP" + std::string(name.substr(kWindows.size())) : std::string(name);
+    for (const Charset& charset : kCharsets) {
+        if (!charset.iconvName.empty() && EqualsIgnoringCase(charset.iconvName, wanted)) {
+            return &charset;
+        }
+    }
+    return nullptr;
+}
+
+std::span<const Charset> AllCharsets() {
+    return kCharsets;
+}
+
 CodePageChoice CodePageOfCharset(std::string_view mifName) {
     std::string name(mifName);
     if (name.empty() || EqualsIgnoringCase(name, "Neutral")) {

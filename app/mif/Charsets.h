@@ -3,6 +3,7 @@
 
 #include "app/mif/HeaderScan.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,13 @@ inline constexpr std::string_view kDefaultCodePage = "CP1252";
 
 // By the name in the header, in any ASCII case; null for an unknown name and for "Neutral".
 const Charset* FindCharset(std::string_view mifName);
+
+// By the name of its conversion ("CP1251", "windows-1251") or by that in a header; null
+// when MIF has no name for the encoding.
+const Charset* FindCharsetOfEncoding(std::string_view name);
+
+// All of them, WindowsLatin1 first of those of Windows.
+std::span<const Charset> AllCharsets();
 
 struct CodePageChoice {
     std::string codePage;  // for standalone::SetCodePage0

@@ -53,6 +53,28 @@ INSTANTIATE_TEST_SUITE_P(
                                "files in UTF-16 can't be read; convert it to UTF-8 first"}),
     [](const auto& row) { return row.param.name; });
 
+struct EncodingRow {
+    std::string name;
+    std::string encoding;
+    std::string mifName;  // "" for none
+};
+class AnEncoding : public testing::TestWithParam<EncodingRow> {};
+
+TEST_P(AnEncoding, IsTheCharset) {
+    const app::Charset* const charset = app::FindCharsetOfEncoding(GetParam().encoding);
+
+    EXPECT_EQ(charset == nullptr ? "" : charset->mifName, GetParam().mifName);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , AnEncoding,
+    testing::Values(EncodingRow{"OfTheHeadersName", "windowscyrillic", "WindowsCyrillic"},
+                    EncodingRow{"OfTheConversionsName", "cp1251", "WindowsCyrillic"},
+                    EncodingRow{"OfTheNameOnTheWeb", "windows-1251", "WindowsCyrillic"},
+                    EncodingRow{"OfUtf8", "utf-8", "UTF-8"}, EncodingRow{"OfNothing", "", ""},
+                    EncodingRow{"OfAnother", "KOI8-R", ""}),
+    [](const auto& row) { return row.param.name; });
+
 TEST(Charsets, WithAConversionAreKnownToTheSystem) {
     const std::string before = standalone::CodePage0();
 

@@ -2,7 +2,7 @@
 
 #include "app/formats/mif/ExportSystem.h"
 #include "app/formats/mif/MifSource.h"
-#include "app/formats/mif/MifTarget.h"
+#include "app/formats/mif/ModuleTarget.h"
 #include "app/run/ExportRun.h"
 
 #include <memory>

@@ -1,4 +1,4 @@
-// Writes features to a MIF/MID pair through the module's export filter.
+// Writes features to a MIF/MID pair through the module's export filter: what --as-is asks for.
 #pragma once
 
 #include "app/feature/Target.h"
@@ -16,11 +16,11 @@ namespace app {
 // What the options mean for an export to `path`.
 ExportSettings ExportSettingsOf(const std::filesystem::path& path, const TargetOptions& options);
 
-class MifTarget : public Target {
+class ModuleTarget : public Target {
 public:
     // reporter must outlive the target. Throws Failure.
-    MifTarget(const std::filesystem::path& path, const TargetOptions& options, Reporter& reporter);
-    ~MifTarget() override;
+    ModuleTarget(const std::filesystem::path& path, const TargetOptions& options, Reporter& reporter);
+    ~ModuleTarget() override;
 
     void BeginLayer(const LayerFacts& layer) override;
 

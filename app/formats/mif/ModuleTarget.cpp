@@ -1,4 +1,4 @@
-#include "app/formats/mif/MifTarget.h"
+#include "app/formats/mif/ModuleTarget.h"
 
 #include "app/base/Paths.h"
 #include "app/feature/ObjectStyles.h"
@@ -84,13 +84,13 @@ ExportSettings ExportSettingsOf(const std::filesystem::path& path, const TargetO
     return settings;
 }
 
-MifTarget::MifTarget(const std::filesystem::path& path, const TargetOptions& options,
+ModuleTarget::ModuleTarget(const std::filesystem::path& path, const TargetOptions& options,
                      Reporter& reporter)
     : run_(ExportSettingsOf(path, options), reporter), reporter_(reporter), name_(PathText(path)) {}
 
-MifTarget::~MifTarget() = default;
+ModuleTarget::~ModuleTarget() = default;
 
-void MifTarget::BeginLayer(const LayerFacts& layer) {
+void ModuleTarget::BeginLayer(const LayerFacts& layer) {
     run_.Begin({0.0, 0.0, 0.0, kDiagonal, 0.0, 0.0});
     if (layer.system != nullptr) {
         run_.SendSystem(*ForExport(*layer.system));
@@ -104,7 +104,7 @@ void MifTarget::BeginLayer(const LayerFacts& layer) {
     }
 }
 
-void MifTarget::Write(Feature& feature) {
+void ModuleTarget::Write(Feature& feature) {
     if (feature.geometry.kind == GeometryKind::None) {
         ++withoutGeometry_;
         return;
@@ -119,7 +119,7 @@ void MifTarget::Write(Feature& feature) {
     }
 }
 
-bool MifTarget::Finish() {
+bool ModuleTarget::Finish() {
     if (withoutGeometry_ > 0) {
         reporter_.Warning(name_ + ": " + std::to_string(withoutGeometry_) +
                           (withoutGeometry_ == 1 ? " feature has" : " features have") +
@@ -128,7 +128,7 @@ bool MifTarget::Finish() {
     return run_.Finish();
 }
 
-void MifTarget::WriteGeometry(Geometry& geometry, const shr::CParamList& attributes) {
+void ModuleTarget::WriteGeometry(Geometry& geometry, const shr::CParamList& attributes) {
     if ((geometry.kind == GeometryKind::Text && !run_.RendersText()) ||
         (geometry.kind == GeometryKind::Points && !run_.RendersMarkers())) {
         return;
@@ -140,7 +140,7 @@ void MifTarget::WriteGeometry(Geometry& geometry, const shr::CParamList& attribu
     SendGeometry(geometry, attributes);
 }
 
-void MifTarget::SendStyle(const Geometry& geometry) {
+void ModuleTarget::SendStyle(const Geometry& geometry) {
     const Style& style = geometry.style;
     const zeio::TrPen pen = style.pen ? ObjectOf(*style.pen, kDiagonal)
                                       : zeio::TrPen(zeio::TrPen::Style::Solid, kBlack, 0.0);
@@ -161,7 +161,7 @@ void MifTarget::SendStyle(const Geometry& geometry) {
     }
 }
 
-void MifTarget::SendGeometry(const Geometry& geometry, const shr::CParamList& attributes) {
+void ModuleTarget::SendGeometry(const Geometry& geometry, const shr::CParamList& attributes) {
     switch (geometry.kind) {
     case GeometryKind::Points: {
         zeio::TrMarkerSet markers;
@@ -213,7 +213,7 @@ void MifTarget::SendGeometry(const Geometry& geometry, const shr::CParamList& at
     }
 }
 
-void MifTarget::SendText(const Geometry& geometry, const shr::CParamList& attributes) {
+void ModuleTarget::SendText(const Geometry& geometry, const shr::CParamList& attributes) {
     const TextPlacement& placement = geometry.placement;
     const Font style = geometry.style.font.value_or(Font());
     zeio::TrFont font(standalone::Widen(style.name));
@@ -230,12 +230,12 @@ void MifTarget::SendText(const Geometry& geometry, const shr::CParamList& attrib
     Send(text, attributes);
 }
 
-void MifTarget::Send(zeio::TrGraphics& object, const shr::CParamList& attributes) {
+void ModuleTarget::Send(zeio::TrGraphics& object, const shr::CParamList& attributes) {
     object.attributes = attributes;
     run_.Send(object);
 }
 
-shr::CParamList MifTarget::Attributes(const Feature& feature) const {
+shr::CParamList ModuleTarget::Attributes(const Feature& feature) const {
     shr::CParamList attributes;
     const std::size_t count = std::min(names_.size(), feature.values.size());
     for (std::size_t i = 0; i < count; ++i) {
