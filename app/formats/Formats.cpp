@@ -8,7 +8,7 @@
 #include "app/formats/gpkg/GeoPackageReader.h"
 #include "app/formats/gpkg/GeoPackageWriter.h"
 #include "app/formats/mif/MifSource.h"
-#include "app/formats/mif/MifTarget.h"
+#include "app/formats/mif/ModuleTarget.h"
 #include "app/formats/mif/PairCopy.h"
 
 #include <algorithm>
@@ -30,7 +30,7 @@ std::unique_ptr<Source> OpenMif(const std::string& argument, const SourceOptions
 
 std::unique_ptr<Target> WriteMif(const std::string& argument, const TargetOptions& options,
                                  Reporter& reporter) {
-    return std::make_unique<MifTarget>(PathFromArgument(argument), options, reporter);
+    return std::make_unique<ModuleTarget>(PathFromArgument(argument), options, reporter);
 }
 
 bool CopyMif(const std::string& input, const SourceOptions& sourceOptions,
