@@ -7,12 +7,9 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
 # Finds the static libraries that cmake/windows/dependencies has built. They are in another folder
 # after each change of a recipe; what was found in the one before is forgotten then.
-if(DEFINED ENV{QOLF_CACHE})
-  set(QOLF_CACHE "$ENV{QOLF_CACHE}" CACHE PATH "Where cmake/windows/dependencies was run" FORCE)
-endif()
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES QOLF_WINDOWS_LIBRARIES)
 if(NOT QOLF_WINDOWS_LIBRARIES)
-  execute_process(COMMAND "${CMAKE_CURRENT_LIST_DIR}/windows/dependencies" --where ${QOLF_CACHE}
+  execute_process(COMMAND "${CMAKE_CURRENT_LIST_DIR}/windows/dependencies" --where
     OUTPUT_VARIABLE QOLF_WINDOWS_LIBRARIES OUTPUT_STRIP_TRAILING_WHITESPACE
     ERROR_VARIABLE reason ERROR_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE status)
   if(NOT status EQUAL 0)
