@@ -1,7 +1,7 @@
 #include "standalone/Text.h"
 
+#include "standalone/CodePages.h"
 #include "standalone/Utf8.h"
-#include "standalone/shr/CodePages.h"
 
 namespace standalone {
 

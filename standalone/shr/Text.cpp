@@ -1,9 +1,9 @@
 #include "host/shr/Text.h"
 
 #include "host/platform/Stdio.h"
+#include "standalone/CodePages.h"
 #include "standalone/Utf8.h"
 #include "standalone/platform/CodePage.h"
-#include "standalone/shr/CodePages.h"
 
 #include <algorithm>
 #include <array>
