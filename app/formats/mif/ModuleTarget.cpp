@@ -85,7 +85,7 @@ ExportSettings ExportSettingsOf(const std::filesystem::path& path, const TargetO
 }
 
 ModuleTarget::ModuleTarget(const std::filesystem::path& path, const TargetOptions& options,
-                     Reporter& reporter)
+                           Reporter& reporter)
     : run_(ExportSettingsOf(path, options), reporter), reporter_(reporter), name_(PathText(path)) {}
 
 ModuleTarget::~ModuleTarget() = default;

@@ -19,7 +19,8 @@ ExportSettings ExportSettingsOf(const std::filesystem::path& path, const TargetO
 class ModuleTarget : public Target {
 public:
     // reporter must outlive the target. Throws Failure.
-    ModuleTarget(const std::filesystem::path& path, const TargetOptions& options, Reporter& reporter);
+    ModuleTarget(const std::filesystem::path& path, const TargetOptions& options,
+                 Reporter& reporter);
     ~ModuleTarget() override;
 
     void BeginLayer(const LayerFacts& layer) override;
