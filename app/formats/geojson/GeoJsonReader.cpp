@@ -131,6 +131,20 @@ std::optional<shr::Box2d> BoxOf(const Json& object) {
                       (*at)[high + 1].get<double>()};
 }
 
+// The beginning of a value's JSON, for messages.
+std::string Shown(const Json& value) {
+    constexpr std::size_t kMostBytes = 40;
+    return value.dump(-1, ' ', true, Json::error_handler_t::replace).substr(0, kMostBytes);
+}
+
+Json& FeaturesOf(Json& collection, const std::string& name) {
+    const auto at = collection.find("features");
+    if (at == collection.end() || !at->is_array()) {
+        Fail(name, "the FeatureCollection has no array \"features\"");
+    }
+    return *at;
+}
+
 // Hands every feature of the input to sink, a bare geometry as a feature without properties.
 // Returns the bbox of the whole.
 std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter& reporter,
@@ -144,7 +158,7 @@ std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter&
     const auto takeText = [&](Json& text) {
         const std::string type = TypeOf(text);
         if (type == "FeatureCollection") {
-            for (Json& feature : text["features"]) {
+            for (Json& feature : FeaturesOf(text, input.Name())) {
                 take(feature);
             }
         } else if (type == "Feature") {
@@ -161,6 +175,9 @@ std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter&
         const std::optional<shr::Box2d> box = BoxOf(rest);
         if (TypeOf(rest) != "FeatureCollection") {
             takeText(rest);
+        } else if (const Json& left = FeaturesOf(rest, input.Name()); !left.empty()) {
+            Fail(input.Name(),
+                 "\"features\" holds " + Shown(left.front()) + ", which is no object");
         }
         return box;
     }

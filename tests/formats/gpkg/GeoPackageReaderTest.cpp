@@ -13,13 +13,13 @@ namespace {
 
 using app::ColumnKind;
 using app::GeometryKind;
-using gpkg_test::Column;
-using gpkg_test::LineThrough;
 using gpkg_test::Package;
-using gpkg_test::PointAt;
-using gpkg_test::PointsAt;
-using gpkg_test::RegionOf;
-using gpkg_test::Square;
+using support::Column;
+using support::LineThrough;
+using support::PointAt;
+using support::PointsAt;
+using support::RegionOf;
+using support::Square;
 
 class GeoPackageReader : public Package {
 protected:

@@ -50,56 +50,10 @@ int AppendRow(void* rows, int count, char** values, char**) {
 
 }  // namespace
 
-app::LayerColumn Column(std::string name, app::ColumnKind kind, int width) {
-    app::LayerColumn column;
-    column.name = std::move(name);
-    column.kind = kind;
-    column.width = width;
-    return column;
-}
-
-app::Feature PointAt(double x, double y, std::vector<app::Value> values) {
-    app::Feature feature;
-    feature.geometry.kind = app::GeometryKind::Points;
-    feature.geometry.points = {{x, y}};
-    feature.values = std::move(values);
-    return feature;
-}
-
-app::Feature PointsAt(std::vector<shr::Vec2d> points) {
-    app::Feature feature;
-    feature.geometry.kind = app::GeometryKind::Points;
-    feature.geometry.points = std::move(points);
-    return feature;
-}
-
-app::Feature LineThrough(std::vector<shr::Vec2d> points) {
-    app::Feature feature;
-    feature.geometry.kind = app::GeometryKind::Line;
-    feature.geometry.points = std::move(points);
-    return feature;
-}
-
-app::Feature RegionOf(const std::vector<std::vector<shr::Vec2d>>& rings) {
-    app::Feature feature;
-    feature.geometry.kind = app::GeometryKind::Region;
-    for (const std::vector<shr::Vec2d>& ring : rings) {
-        feature.geometry.points.insert(feature.geometry.points.end(), ring.begin(), ring.end());
-        feature.geometry.partSizes.push_back(ring.size());
-    }
-    return feature;
-}
-
-std::vector<shr::Vec2d> Square(double x, double y, double side) {
-    return {{x, y}, {x + side, y}, {x + side, y + side}, {x, y + side}};
-}
-
-Package::Package()
-    : messages_(std::tmpfile()), reporter_(messages_, /*isTerminal=*/false, /*useColor=*/false) {}
+Package::Package() = default;
 
 Package::~Package() {
     sqlite3_close(handle_);
-    std::fclose(messages_);
 }
 
 void Package::WriteLayer(const std::vector<app::Feature>& features,
@@ -114,7 +68,7 @@ void Package::WriteLayer(const std::vector<app::Feature>& features,
 
 app::GeoPackageWriter& Package::Writer() {
     if (!writer_) {
-        writer_.emplace(Path(), app::IfExists::Refuse, reporter_);
+        writer_.emplace(Path(), app::IfExists::Refuse, TheReporter());
     }
     return *writer_;
 }
@@ -136,16 +90,6 @@ std::string Package::Query(const std::string& sql) {
         throw std::runtime_error(sql + ": " + reason);
     }
     return rows;
-}
-
-std::string Package::Messages() {
-    std::fflush(messages_);
-    std::rewind(messages_);
-    std::string text;
-    for (int c = std::getc(messages_); c != EOF; c = std::getc(messages_)) {
-        text += static_cast<char>(c);
-    }
-    return text;
 }
 
 }  // namespace gpkg_test

@@ -2,15 +2,15 @@
 // program would.
 #pragma once
 
-#include "app/base/Reporter.h"
-#include "app/feature/Feature.h"
 #include "app/formats/gpkg/GeoPackageReader.h"
 #include "app/formats/gpkg/GeoPackageWriter.h"
+#include "tests/support/Features.h"
+#include "tests/support/KeptMessages.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,18 +18,6 @@
 struct sqlite3;
 
 namespace gpkg_test {
-
-app::LayerColumn Column(std::string name, app::ColumnKind kind, int width = 0);
-
-app::Feature PointAt(double x, double y, std::vector<app::Value> values = {});
-app::Feature PointsAt(std::vector<shr::Vec2d> points);
-app::Feature LineThrough(std::vector<shr::Vec2d> points);
-
-// Each ring is a list of points; a closed one ends where it begins.
-app::Feature RegionOf(const std::vector<std::vector<shr::Vec2d>>& rings);
-
-// Four corners, open.
-std::vector<shr::Vec2d> Square(double x, double y, double side);
 
 class Package : public testing::Test {
 protected:
@@ -49,21 +37,20 @@ protected:
     // Hands a copy of the feature to that writer.
     void Write(app::Feature feature) { Writer().Write(feature); }
 
-    app::Reporter& TheReporter() { return reporter_; }
+    app::Reporter& TheReporter() { return messages_.Reporter(); }
 
     // The rows of a query, columns parted by '|' and rows by line feeds; what a statement without
     // rows did is kept. ST_ functions are there, as in a program that knows packages.
     std::string Query(const std::string& sql);
 
     // What writers and readers said about the data.
-    std::string Messages();
+    std::string Messages() const { return messages_.Text(); }
 
     const support::TemporaryFolder& Folder() const { return folder_; }
 
 private:
     support::TemporaryFolder folder_;
-    std::FILE* messages_;
-    app::Reporter reporter_;
+    support::KeptMessages messages_;
     std::optional<app::GeoPackageWriter> writer_;
     sqlite3* handle_ = nullptr;  // null until the first query
 };

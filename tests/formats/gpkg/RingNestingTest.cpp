@@ -10,8 +10,8 @@
 namespace {
 
 using gpkg_test::Package;
-using gpkg_test::RegionOf;
-using gpkg_test::Square;
+using support::RegionOf;
+using support::Square;
 
 using Rings = std::vector<std::vector<shr::Vec2d>>;
 

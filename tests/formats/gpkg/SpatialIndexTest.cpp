@@ -6,9 +6,9 @@
 namespace {
 
 using gpkg_test::Package;
-using gpkg_test::PointAt;
-using gpkg_test::RegionOf;
-using gpkg_test::Square;
+using support::PointAt;
+using support::RegionOf;
+using support::Square;
 
 constexpr const char* kIndex = "SELECT id, minx, maxx, miny, maxy FROM rtree_layer_geom "
                                "ORDER BY id";
