@@ -94,13 +94,13 @@ std::optional<PairCharset> MifTarget::CharsetFor(const LayerFacts& layer) const 
 
 void MifTarget::BeginLayer(const LayerFacts& layer) {
     PairClause clause = ClauseFor(layer, options_.modulePath, reporter_);
-    keepsTypes_ = layer.pair.has_value();
+    isFromPair_ = layer.pair.has_value();
     for (const LayerColumn& column : layer.columns) {
         wantedNames_.push_back(column.name);
     }
     writer_.Begin({.columns = layer.columns,
                    .charset = CharsetFor(layer),
-                   .rows = {.delimiter = DelimiterOf(layer), .keepsTypes = keepsTypes_},
+                   .rows = {.delimiter = DelimiterOf(layer), .keepsTypes = isFromPair_},
                    .coordSys = std::move(clause.text),
                    .boundsPlace = clause.boundsPlace,
                    .version = clause.version,
@@ -109,6 +109,10 @@ void MifTarget::BeginLayer(const LayerFacts& layer) {
 }
 
 void MifTarget::Write(Feature& feature) {
+    if (!isFromPair_) {
+        // Other formats call single parts several for the sake of a column's type.
+        feature.geometry.isMulti = false;
+    }
     writer_.Write(feature);
 }
 
@@ -162,7 +166,7 @@ void MifTarget::TellValues(const std::vector<ColumnOutcome>& columns) {
             cuts.push_back(std::to_string(outcome.cutCount) + " in " + outcome.column.name +
                            " (first in row " + std::to_string(outcome.firstCut) + ")");
         }
-        if (outcome.otherCount > 0 && !keepsTypes_) {
+        if (outcome.otherCount > 0 && !isFromPair_) {
             reporter_.Warning(name_ + ": column " + outcome.column.name +
                               " became text: not all of its values are " +
                               KindInWords(outcome.declaredKind) + " (" +

@@ -40,7 +40,7 @@ private:
     std::string name_;  // of the output, in messages
     PairWriter writer_;
     bool isBegun_ = false;
-    bool keepsTypes_ = false;
+    bool isFromPair_ = false;
     std::vector<std::string> wantedNames_;  // of the columns, in the source
 };
 
