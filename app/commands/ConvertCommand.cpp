@@ -96,6 +96,13 @@ void AddInput(CLI::App& command, ConvertOptions& options) {
         "Read a MIF input with the faults repaired that check --fix repairs");
     command.add_option("--encoding", options.encoding, "Encoding of the MIF file's texts")
         ->type_name("NAME");
+    command
+        .add_option("--output-encoding", options.outputEncoding,
+                    "Encoding of a MIF output's texts, whatever its input's is")
+        ->type_name("NAME");
+    command.add_option("--precision", options.precision, "Decimals of the output's coordinates")
+        ->type_name("N")
+        ->check(CLI::Range(0, 15));
     command.add_flag("--as-is", options.asIs, "Give the file to the module without any care");
     command
         .add_option("--segments", options.segments, "Edges of a full turn when curves become lines")

@@ -20,6 +20,8 @@ SourceOptions SourceOptionsOf(const ConvertOptions& options, Reporter& reporter)
 TargetOptions TargetOptionsOf(const ConvertOptions& options) {
     TargetOptions result;
     result.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
+    result.asIs = options.asIs;
+    result.encoding = options.outputEncoding;
     result.withStyles = options.withStyles;
     result.noStore = options.noStore;
     result.optionString = ExportOptionString(options);

@@ -30,7 +30,10 @@ struct ConvertOptions {
 
     // --fix: a MIF input is read with its faults repaired (SourceOptions::repair); empty without.
     decltype(SourceOptions::repair) repair;
-    std::string encoding;
+    std::string encoding;        // of a MIF input, and of a MIF output from another format
+    std::string outputEncoding;  // of a MIF output; empty: `encoding`, or what suits it
+    std::optional<int>
+        precision;  // --precision: decimals of coordinates; absent: all that they have
     std::string layer;
     std::vector<std::string> select;
     std::vector<double> box;  // empty, or four numbers

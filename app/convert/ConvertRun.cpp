@@ -7,6 +7,7 @@
 #include "app/convert/LayerConversion.h"
 #include "app/formats/Formats.h"
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -67,13 +68,18 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
         CheckOutput(PathFromArgument(output.argument), conversion.targetOptions.ifExists);
     }
     conversion.sourceOptions = SourceOptionsOf(options, reporter);
+    const bool isReadEncoded = std::ranges::any_of(
+        conversion.inputs, [](const NamedFile& input) { return input.format.holds.encodings; });
+    if (!isReadEncoded && options.outputEncoding.empty()) {
+        conversion.targetOptions.encoding = options.encoding;
+    }
     return conversion;
 }
 
-// Whether the conversion changes nothing, so that the format's own way of copying will do.
+// Whether the user wants no more than what the module makes of a pair that it reads.
 bool IsCopy(const ConvertOptions& options, const Conversion& conversion) {
     const Format& format = conversion.output.format;
-    return format.copy != nullptr && &conversion.inputs.front().format == &format &&
+    return options.asIs && format.copy != nullptr && &conversion.inputs.front().format == &format &&
            options.select.empty() && options.box.empty() && !options.limit &&
            (options.crs.empty() || options.crs == "keep");
 }

@@ -44,6 +44,9 @@ bool LayerConversion::Take(Feature& feature) {
     if (plan_.reprojection) {
         plan_.reprojection->Apply(feature);
     }
+    if (options_.precision) {
+        RoundCoordinates(feature, *options_.precision);
+    }
     if (!filter_.Wants(feature)) {
         ++outsideCount_;
         return true;
@@ -58,7 +61,8 @@ void LayerConversion::End() {
     if (outsideCount_ > 0 && !isAnyWritten_) {
         reporter_.Warning(
             subject_ + ": no object meets --bbox, whose numbers are coordinates of the output; " +
-            (format_.holds.emptyLayers ? "an empty layer" : "nothing") + " is written");
+            (format_.holds.emptyLayers && !options_.asIs ? "an empty layer" : "nothing") +
+            " is written");
     }
     if (plan_.reprojection && plan_.reprojection->FailedPoints() > 0) {
         reporter_.Warning(subject_ + ": " + std::to_string(plan_.reprojection->FailedPoints()) +

@@ -69,6 +69,50 @@ void FlattenArc(Geometry& arc, int segments) {
     arc.partSizes.clear();
 }
 
+// Rounds numbers to a number of decimals.
+class Rounding {
+public:
+    explicit Rounding(int decimals) : scale_(std::pow(10.0, decimals)) {}
+
+    void Apply(double& number) const {
+        const double scaled = number * scale_;
+        // From here on a double has no digits behind the decimals.
+        if (std::abs(scaled) < kMostScaled) {
+            number = std::round(scaled) / scale_;
+        }
+    }
+    void Apply(shr::Vec2d& point) const {
+        Apply(point.x);
+        Apply(point.y);
+    }
+    void Apply(shr::Box2d& box) const {
+        for (double* number : {&box.minX, &box.minY, &box.maxX, &box.maxY}) {
+            Apply(*number);
+        }
+    }
+    void Apply(Geometry& geometry) const {
+        for (shr::Vec2d& point : geometry.points) {
+            Apply(point);
+        }
+        Apply(geometry.box);
+        Apply(geometry.radiusX);
+        Apply(geometry.radiusY);
+        if (geometry.center) {
+            Apply(*geometry.center);
+        }
+        if (geometry.placement.box) {
+            Apply(*geometry.placement.box);
+        }
+        if (geometry.placement.labelLine) {
+            Apply(geometry.placement.labelLine->end);
+        }
+    }
+
+private:
+    static constexpr double kMostScaled = 4503599627370496.0;  // 2 to the power of 52
+    double scale_;
+};
+
 }  // namespace
 
 void FlattenCurves(Geometry& geometry, int segments) {
@@ -89,6 +133,14 @@ void FlattenCurves(Feature& feature, int segments) {
     FlattenCurves(feature.geometry, segments);
     for (Geometry& member : feature.members) {
         FlattenCurves(member, segments);
+    }
+}
+
+void RoundCoordinates(Feature& feature, int decimals) {
+    const Rounding rounding(decimals);
+    rounding.Apply(feature.geometry);
+    for (Geometry& member : feature.members) {
+        rounding.Apply(member);
     }
 }
 

@@ -89,6 +89,10 @@ void FlattenCurves(Geometry& geometry, int segments);
 // Flattens the feature's geometry and its members.
 void FlattenCurves(Feature& feature, int segments);
 
+// Rounds every coordinate, also those of boxes and label lines, to so many decimals. What has no
+// more digits than that, or is no finite number, stays.
+void RoundCoordinates(Feature& feature, int decimals);
+
 // The box of the points. Empty without any point, and also when a coordinate is no finite number.
 shr::Box2d BoxOf(std::span<const shr::Vec2d> points);
 

@@ -13,6 +13,8 @@ namespace app {
 // What a user may ask of the writing. A format leaves alone what it has no use for.
 struct TargetOptions {
     IfExists ifExists = IfExists::Refuse;
+    bool asIs = false;                        // --as-is: MIF files as the module writes them
+    std::string encoding;                     // of a MIF file; empty: one that has all texts
     bool withStyles = false;                  // --styles
     bool noStore = false;                     // --no-store, for the export filter
     std::optional<std::string> optionString;  // for the export filter; absent: its stored options

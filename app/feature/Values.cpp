@@ -107,7 +107,57 @@ Value RealValue(std::string text) {
     return text;
 }
 
+constexpr std::string_view kDateForm = "0000-00-00";
+
+// Whether the text is the form with any digits in place of its zeros.
+bool HasForm(std::string_view text, std::string_view form) {
+    return text.size() == form.size() &&
+           std::equal(text.begin(), text.end(), form.begin(), [](char c, char wanted) {
+               return wanted == '0' ? c >= '0' && c <= '9' : c == wanted;
+           });
+}
+
+// Whether two digits are a number up to `most`.
+bool IsUpTo(std::string_view digits, int most) {
+    return (digits[0] - '0') * 10 + (digits[1] - '0') <= most;
+}
+
+// Of a text that begins with a date's form.
+bool IsDate(std::string_view text) {
+    const std::string_view month = text.substr(5, 2);
+    const std::string_view day = text.substr(8, 2);
+    return month != "00" && IsUpTo(month, 12) && day != "00" && IsUpTo(day, 31);
+}
+
+bool IsTime(std::string_view text) {
+    constexpr std::string_view kForm = "00:00:00";
+    if (!HasForm(text.substr(0, kForm.size()), kForm) || !IsUpTo(text, 23) ||
+        !IsUpTo(text.substr(3), 59) || !IsUpTo(text.substr(6), 59)) {
+        return false;
+    }
+    const std::string_view fraction = text.substr(kForm.size());
+    return fraction.empty() || HasForm(fraction, ".0") || HasForm(fraction, ".00") ||
+           HasForm(fraction, ".000");
+}
+
 }  // namespace
+
+ColumnKind KindOfText(std::string_view text) {
+    const bool isDate = HasForm(text.substr(0, kDateForm.size()), kDateForm) && IsDate(text);
+    if (isDate && text.size() == kDateForm.size()) {
+        return ColumnKind::Date;
+    }
+    if (!isDate) {
+        return IsTime(text) ? ColumnKind::Time : ColumnKind::Char;
+    }
+    std::string_view time = text.substr(kDateForm.size());
+    if (!time.starts_with('T')) {
+        return ColumnKind::Char;
+    }
+    time.remove_prefix(1);
+    time.remove_suffix(time.ends_with('Z') ? 1 : 0);
+    return IsTime(time) ? ColumnKind::DateTime : ColumnKind::Char;
+}
 
 Value TypedValue(const LayerColumn& column, std::string text) {
     if (column.kind == ColumnKind::Char || column.kind == ColumnKind::Other) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace app {
@@ -19,6 +20,10 @@ struct LayerColumn {
     int width = 0;     // Char: characters, Decimal: digits; 0 when not stated
     int decimals = 0;  // Decimal: digits behind the point
 };
+
+// Returns the kind of an ISO text: Date, Time or DateTime ("2026-01-31T10:11:12.345", with or
+// without a Z at its end, at most milliseconds); Char for another text.
+ColumnKind KindOfText(std::string_view text);
 
 // Returns the text of a value in the type of its column: numbers for the numeric kinds, true and
 // false for Logical, ISO dates and times. A text that is no such value stays text; an empty one of

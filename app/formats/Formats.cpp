@@ -8,6 +8,7 @@
 #include "app/formats/gpkg/GeoPackageReader.h"
 #include "app/formats/gpkg/GeoPackageWriter.h"
 #include "app/formats/mif/MifSource.h"
+#include "app/formats/mif/MifTarget.h"
 #include "app/formats/mif/ModuleTarget.h"
 #include "app/formats/mif/PairCopy.h"
 
@@ -30,7 +31,11 @@ std::unique_ptr<Source> OpenMif(const std::string& argument, const SourceOptions
 
 std::unique_ptr<Target> WriteMif(const std::string& argument, const TargetOptions& options,
                                  Reporter& reporter) {
-    return std::make_unique<ModuleTarget>(PathFromArgument(argument), options, reporter);
+    const std::filesystem::path path = PathFromArgument(argument);
+    if (options.asIs) {
+        return std::make_unique<ModuleTarget>(path, options, reporter);
+    }
+    return std::make_unique<MifTarget>(path, options, reporter);
 }
 
 bool CopyMif(const std::string& input, const SourceOptions& sourceOptions,
@@ -73,7 +78,7 @@ constexpr std::array kFormats = {
     Format{.extensions = kMif,
            .words = "a pair of .mif and .mid",
            .systems = SystemRule::AsInput,
-           .holds = {.curves = true},
+           .holds = {.curves = true, .emptyLayers = true, .encodings = true},
            .openSource = OpenMif,
            .openTarget = WriteMif,
            .checkTarget = CheckMifOutput,

@@ -25,6 +25,7 @@ struct FormatHolds {
     bool layers = false;       // several in one file
     bool emptyLayers = false;  // a layer without features; without it there is then no file
     bool styles = false;       // when the user asks for them
+    bool encodings = false;    // texts in one of many encodings; without it they are UTF-8
 };
 
 struct Format {
@@ -44,8 +45,8 @@ struct Format {
     // Throws UsageError for a name that a file of the format can't have.
     void (*checkTarget)(const std::string& argument) = nullptr;  // null: every name will do
 
-    // Copies a file to another of the same format with more than features hold; false when there
-    // was nothing to write. Null: features hold everything.
+    // Copies a file to another of the same format as its own program does (--as-is); false when
+    // there was nothing to write. Null: there is no such way.
     bool (*copy)(const std::string& input, const SourceOptions& sourceOptions,
                  const std::string& output, const TargetOptions& targetOptions,
                  Reporter& reporter) = nullptr;

@@ -3,6 +3,8 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/crs/Reprojection.h"
+#include "app/formats/geojson/GeoJsonGeometry.h"
+#include "app/formats/geojson/SimpleStyle.h"
 
 #include <nlohmann/json.hpp>
 
@@ -11,7 +13,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -208,6 +209,9 @@ ColumnKind KindOf(const Json& value) {
     if (value.is_number_integer()) {
         return ColumnKind::LargeInt;
     }
+    if (value.is_string()) {
+        return KindOfText(value.get_ref<const std::string&>());
+    }
     return value.is_number() ? ColumnKind::Float : ColumnKind::Char;
 }
 
@@ -270,137 +274,6 @@ private:
     std::unordered_map<std::string, std::size_t> columnAt_;
 };
 
-class GeometryError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
-// Turns geometries into features. Throws GeometryError.
-class GeometryReader {
-public:
-    GeometryReader(const FeatureSink& sink, Feature& feature) : sink_(sink), feature_(feature) {}
-
-    // Returns the number of features.
-    std::size_t Read(const Json& geometry) {
-        if (geometry.is_null()) {
-            return 0;
-        }
-        if (!geometry.is_object()) {
-            throw GeometryError("the geometry is no object");
-        }
-        const std::string type = TypeOf(geometry);
-        if (type == "GeometryCollection") {
-            std::size_t count = 0;
-            for (const Json& member : Member(geometry, "geometries")) {
-                count += Read(member);
-            }
-            return count;
-        }
-        return ReadCoordinates(type, Member(geometry, "coordinates"));
-    }
-
-private:
-    static const Json& Member(const Json& object, const char* name) {
-        const auto at = object.find(name);
-        if (at == object.end() || !at->is_array()) {
-            throw GeometryError(std::string("the geometry has no array \"") + name + "\"");
-        }
-        return *at;
-    }
-
-    std::size_t ReadCoordinates(const std::string& type, const Json& coordinates) {
-        if (coordinates.empty()) {
-            return 0;
-        }
-        if (type == "Point") {
-            AddPosition(coordinates);
-            return Emit(GeometryKind::Points);
-        }
-        if (type == "MultiPoint") {
-            AddPositions(coordinates);
-            return Emit(GeometryKind::Points);
-        }
-        if (type == "LineString") {
-            return EmitLine(coordinates);
-        }
-        if (type == "MultiLineString") {
-            std::size_t count = 0;
-            for (const Json& line : coordinates) {
-                count += EmitLine(line);
-            }
-            return count;
-        }
-        if (type == "Polygon") {
-            AddRings(coordinates);
-            return Emit(GeometryKind::Region);
-        }
-        if (type == "MultiPolygon") {
-            for (const Json& polygon : coordinates) {
-                AddRings(polygon);
-            }
-            return Emit(GeometryKind::Region);
-        }
-        throw GeometryError("the geometry type \"" + type + "\" is none of GeoJSON's");
-    }
-
-    void AddPosition(const Json& position) {
-        if (!position.is_array() || position.size() < 2 || !position[0].is_number() ||
-            !position[1].is_number()) {
-            throw GeometryError("a position is no array of two or more numbers");
-        }
-        feature_.geometry.points.push_back({position[0].get<double>(), position[1].get<double>()});
-    }
-
-    void AddPositions(const Json& positions) {
-        if (!positions.is_array()) {
-            throw GeometryError("the coordinates are not nested as the geometry's type asks");
-        }
-        feature_.geometry.points.reserve(feature_.geometry.points.size() + positions.size());
-        for (const Json& position : positions) {
-            AddPosition(position);
-        }
-    }
-
-    void AddRings(const Json& rings) {
-        if (!rings.is_array()) {
-            throw GeometryError("the coordinates are not nested as the geometry's type asks");
-        }
-        for (const Json& ring : rings) {
-            const std::size_t before = feature_.geometry.points.size();
-            AddPositions(ring);
-            if (feature_.geometry.points.size() > before) {
-                feature_.geometry.partSizes.push_back(feature_.geometry.points.size() - before);
-            }
-        }
-    }
-
-    std::size_t EmitLine(const Json& positions) {
-        AddPositions(positions);
-        if (feature_.geometry.points.size() == 1) {
-            throw GeometryError("a line has one position only");
-        }
-        return Emit(GeometryKind::Line);
-    }
-
-    std::size_t Emit(GeometryKind kind) {
-        if (feature_.geometry.points.empty()) {
-            return 0;
-        }
-        const std::vector<Value> values = feature_.values;  // the sink may move them out
-        feature_.geometry.kind = kind;
-        if (!sink_(feature_)) {
-            throw EnoughRead();
-        }
-        feature_.geometry.points.clear();
-        feature_.geometry.partSizes.clear();
-        feature_.values = values;
-        return 1;
-    }
-
-    const FeatureSink& sink_;
-    Feature& feature_;
-};
-
 const Json& PropertiesOf(const Json& feature) {
     static const Json kNone = Json::object();
     const auto at = feature.find("properties");
@@ -419,10 +292,9 @@ void CheckFeature(const Json& feature, const std::string& name, std::uint64_t nu
     }
 }
 
-std::size_t ReadGeometry(const Json& geometry, Feature& feature, const std::string& name,
-                         const FeatureSink& sink) {
+void TakeGeometry(const Json& json, Feature& feature, const std::string& name) {
     try {
-        return GeometryReader(sink, feature).Read(geometry);
+        ReadGeometry(GeometryOf(json), feature);
     } catch (const GeometryError& error) {
         Fail(name, "feature " + std::to_string(feature.number) + ": " + error.what());
     }
@@ -444,21 +316,13 @@ LayerFacts GeoJsonReader::Begin(std::size_t /*layer*/, Reporter& reporter) {
     facts.system = std::make_shared<gcs::GCSDef>(Wgs84System());
     PropertyColumns columns;
     Feature scratch;
-    std::uint64_t withoutGeometry = 0;
     reporter.StartProgress("reading");
     facts.knownExtent = ForEachFeature(input_, reporter, [&](Json& json) {
         CheckFeature(json, Name(), ++scratch.number);
         columns.See(PropertiesOf(json));
-        if (ReadGeometry(GeometryOf(json), scratch, Name(), [](Feature&) { return true; }) == 0) {
-            ++withoutGeometry;
-        }
+        TakeGeometry(json, scratch, Name());
     });
     reporter.EndProgress();
-    if (withoutGeometry > 0) {
-        reporter.Warning(Name() + ": " + std::to_string(withoutGeometry) +
-                         (withoutGeometry == 1 ? " feature has" : " features have") +
-                         " no geometry and was left out");
-    }
     if (scratch.number == 0) {
         reporter.Warning(Name() + ": holds no features");
     }
@@ -472,6 +336,8 @@ void GeoJsonReader::Read(Reporter& reporter, const FeatureSink& sink) {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         columnAt.emplace(columns_[i].name, i);
     }
+    const bool hasStyles = std::ranges::any_of(
+        columns_, [](const LayerColumn& column) { return IsStyleProperty(column.name); });
     Feature feature;
     reporter.StartProgress(Name(), size_);
     try {
@@ -484,7 +350,13 @@ void GeoJsonReader::Read(Reporter& reporter, const FeatureSink& sink) {
                     feature.values[at->second] = ValueOf(value);
                 }
             }
-            ReadGeometry(GeometryOf(json), feature, Name(), sink);
+            TakeGeometry(json, feature, Name());
+            if (hasStyles) {
+                SetStyles(PropertiesOf(json), feature);
+            }
+            if (!sink(feature)) {
+                throw EnoughRead();
+            }
         });
     } catch (const EnoughRead&) {
     }

@@ -21,12 +21,13 @@ public:
     std::vector<std::string> LayerNames() const override;
 
     // Reads everything once: the columns are the properties in first-seen order, each of the kind
-    // that holds all its values. Warns of features without geometry and of an input without
-    // features. Throws Failure, naming the feature, also for faults of later features.
+    // that holds all its values; texts that are all ISO dates, times, or both without another zone
+    // than Z are of those kinds. Warns of an input without features. Throws Failure, naming the
+    // feature, also for faults of later features.
     LayerFacts Begin(std::size_t layer, Reporter& reporter) override;
 
-    // Lines of a MultiLineString and members of a GeometryCollection are features of their own with
-    // the same values; a polygon has a part for each ring. Objects and arrays are their JSON text.
+    // One feature for each of the file, with the style that its properties say. Objects and arrays
+    // are their JSON text.
     void Read(Reporter& reporter, const FeatureSink& sink) override;
 
 private:

@@ -177,47 +177,85 @@ std::vector<shr::Vec2d> Stroked(const std::vector<shr::Vec2d>& controls) {
     return points;
 }
 
-// Reads one geometry with its members and collects the pieces.
-class PieceCollector {
+// Reads one geometry with its members.
+class GeometryReader {
 public:
-    explicit PieceCollector(Cursor& cursor) : cursor_(cursor) {}
+    explicit GeometryReader(Cursor& cursor) : cursor_(cursor) {}
 
-    void ReadGeometry(int depth) {
+    void Read(Feature& feature) {
+        const Head head = ReadHead(cursor_);
+        if (head.type == WkbType::GeometryCollection) {
+            AddMembers(feature.members, 1);
+            feature.geometry.kind =
+                feature.members.empty() ? GeometryKind::None : GeometryKind::Collection;
+        } else {
+            feature.geometry = ReadSimple(head, 0);
+        }
+    }
+
+private:
+    static constexpr std::size_t kLeastGeometryBytes = 9;  // byte order, type, count
+
+    static void CheckDepth(int depth) {
         if (depth > kDeepestNesting) {
             throw BlobError("the geometry is nested too deeply");
         }
-        const Head head = ReadHead(cursor_);
+    }
+
+    void AddMembers(std::vector<Geometry>& members, int depth) {
+        CheckDepth(depth);
+        for (std::size_t left = cursor_.Count(kLeastGeometryBytes); left > 0; --left) {
+            const Head head = ReadHead(cursor_);
+            if (head.type == WkbType::GeometryCollection) {
+                AddMembers(members, depth + 1);
+            } else if (Geometry member = ReadSimple(head, depth);
+                       member.kind != GeometryKind::None) {
+                members.push_back(std::move(member));
+            }
+        }
+    }
+
+    // Anything but a collection; None when it is empty.
+    Geometry ReadSimple(const Head& head, int depth) {
+        Geometry geometry;
+        Add(head, geometry, depth);
+        if (geometry.points.empty()) {
+            geometry.kind = GeometryKind::None;
+        }
+        return geometry;
+    }
+
+    void Add(const Head& head, Geometry& geometry, int depth) {
+        CheckDepth(depth);
         switch (head.type) {
         case WkbType::Point:
-            AddPoint(ReadPoint(cursor_, head.dimensions));
+            AddPoint(ReadPoint(cursor_, head.dimensions), geometry);
             break;
         case WkbType::LineString:
         case WkbType::CircularString:
         case WkbType::CompoundCurve:
-            AddLine(ReadCurve(head, depth));
+            AddLine(ReadCurve(head, depth), geometry);
             break;
         case WkbType::Polygon:
         case WkbType::Triangle:
             for (std::size_t left = cursor_.Count(4); left > 0; --left) {
-                AddRing(ReadPoints(cursor_, head.dimensions));
+                AddRing(ReadPoints(cursor_, head.dimensions), geometry);
             }
             break;
         case WkbType::CurvePolygon:
             for (std::size_t left = cursor_.Count(kLeastGeometryBytes); left > 0; --left) {
-                AddRing(ReadCurve(ReadHead(cursor_), depth + 1));
+                AddRing(ReadCurve(ReadHead(cursor_), depth + 1), geometry);
             }
             break;
         case WkbType::MultiPoint:
         case WkbType::MultiLineString:
         case WkbType::MultiPolygon:
-        case WkbType::GeometryCollection:
         case WkbType::MultiCurve:
         case WkbType::MultiSurface:
         case WkbType::PolyhedralSurface:
         case WkbType::Tin:
-            for (std::size_t left = cursor_.Count(kLeastGeometryBytes); left > 0; --left) {
-                ReadGeometry(depth + 1);
-            }
+            AddParts(geometry, depth + 1);
+            geometry.isMulti = geometry.kind != GeometryKind::Region;
             break;
         default:
             throw BlobError("the geometry has the unknown type " +
@@ -225,15 +263,19 @@ public:
         }
     }
 
-    std::vector<GeometryPiece> Take() { return std::move(pieces_); }
-
-private:
-    static constexpr std::size_t kLeastGeometryBytes = 9;  // byte order, type, count
+    // All of one kind.
+    void AddParts(Geometry& geometry, int depth) {
+        for (std::size_t left = cursor_.Count(kLeastGeometryBytes); left > 0; --left) {
+            const GeometryKind kind = geometry.kind;
+            Add(ReadHead(cursor_), geometry, depth);
+            if (kind != GeometryKind::None && geometry.kind != kind) {
+                throw BlobError("the geometry has parts of several types");
+            }
+        }
+    }
 
     std::vector<shr::Vec2d> ReadCurve(const Head& head, int depth) {
-        if (depth > kDeepestNesting) {
-            throw BlobError("the geometry is nested too deeply");
-        }
+        CheckDepth(depth);
         switch (head.type) {
         case WkbType::LineString:
             return ReadPoints(cursor_, head.dimensions);
@@ -254,38 +296,34 @@ private:
         return points;
     }
 
-    // The last piece when it is of that kind; else a new one.
-    GeometryPiece& PieceOf(GeometryKind kind) {
-        if (pieces_.empty() || pieces_.back().kind != kind) {
-            pieces_.push_back({kind, {}, {}});
-        }
-        return pieces_.back();
-    }
-
-    void AddPoint(const shr::Vec2d& point) {
+    static void AddPoint(const shr::Vec2d& point, Geometry& geometry) {
+        geometry.kind = GeometryKind::Points;
         // WKB has no empty point, so two NaN stand for it.
         if (!std::isnan(point.x) || !std::isnan(point.y)) {
-            PieceOf(GeometryKind::Points).points.push_back(point);
+            geometry.points.push_back(point);
         }
     }
 
-    void AddLine(std::vector<shr::Vec2d> points) {
+    static void AddLine(const std::vector<shr::Vec2d>& points, Geometry& geometry) {
+        geometry.kind = GeometryKind::Line;
         if (points.size() >= 2) {
-            pieces_.push_back({GeometryKind::Line, std::move(points), {}});
+            AddPart(points, geometry);
         }
     }
 
-    void AddRing(const std::vector<shr::Vec2d>& points) {
-        if (points.empty()) {
-            return;
+    static void AddRing(const std::vector<shr::Vec2d>& points, Geometry& geometry) {
+        geometry.kind = GeometryKind::Region;
+        if (!points.empty()) {
+            AddPart(points, geometry);
         }
-        GeometryPiece& piece = PieceOf(GeometryKind::Region);
-        piece.points.insert(piece.points.end(), points.begin(), points.end());
-        piece.partSizes.push_back(points.size());
+    }
+
+    static void AddPart(const std::vector<shr::Vec2d>& points, Geometry& geometry) {
+        geometry.points.insert(geometry.points.end(), points.begin(), points.end());
+        geometry.partSizes.push_back(points.size());
     }
 
     Cursor& cursor_;
-    std::vector<GeometryPiece> pieces_;
 };
 
 // Moves past the header: magic, version, flags, system and envelope.
@@ -309,12 +347,12 @@ void SkipHeader(Cursor& cursor) {
 
 }  // namespace
 
-std::vector<GeometryPiece> PiecesOfBlob(std::string_view blob) {
+void ReadBlob(std::string_view blob, Feature& feature) {
+    feature.geometry = {};
+    feature.members.clear();
     Cursor cursor(blob);
     SkipHeader(cursor);
-    PieceCollector collector(cursor);
-    collector.ReadGeometry(0);
-    return collector.Take();
+    GeometryReader(cursor).Read(feature);
 }
 
 }  // namespace app

@@ -3,11 +3,8 @@
 
 #include "app/feature/Feature.h"
 
-#include <cstddef>
 #include <stdexcept>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace app {
 
@@ -17,18 +14,10 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// A geometry as features hold it: Points, Line or Region with points and partSizes as in Feature.
-struct GeometryPiece {
-    GeometryKind kind = GeometryKind::Points;
-    std::vector<shr::Vec2d> points;
-    std::vector<std::size_t> partSizes;
-};
-
-// Takes ISO and extended WKB behind a GeoPackage header, in either byte order. Heights and measures
-// are dropped. All points of a multi-point are one piece, and so are all polygons of a
-// multi-polygon; each line is one, and a collection gives the pieces of its members. An empty
-// geometry has no piece, and a line of less than two points is none. Arcs become lines of some 64
-// edges a full turn. Throws BlobError.
-std::vector<GeometryPiece> PiecesOfBlob(std::string_view blob);
+// Sets the feature's geometry and members. Takes ISO and extended WKB behind a GeoPackage header,
+// in either byte order. Heights and measures are dropped; arcs become lines of some 64 edges a full
+// turn; collections in collections give their members. An empty geometry, a line of less than two
+// points and a collection of such become None. Throws BlobError.
+void ReadBlob(std::string_view blob, Feature& feature);
 
 }  // namespace app

@@ -163,41 +163,38 @@ LayerFacts GeoPackageReader::Begin(std::size_t layer, Reporter& reporter) {
     return facts;
 }
 
-void GeoPackageReader::Read(Reporter& reporter, const FeatureSink& sink) {
+void GeoPackageReader::Read(Reporter& /*reporter*/, const FeatureSink& sink) {
     const PackageLayer& layer = *begun_;
     std::string sql = "SELECT " + QuotedName(layer.geometryColumn);
     for (const LayerColumn& column : layer.columns) {
         sql += ", " + QuotedName(column.name);
     }
     SqliteStatement rows(database_, sql + " FROM " + QuotedName(layer.name));
-    std::uint64_t featureCount = 0;
-    std::uint64_t withoutGeometry = 0;
-    for (std::uint64_t row = 1; rows.Step(); ++row) {
-        std::vector<GeometryPiece> pieces;
-        try {
-            pieces = rows.Type(0) == SQLITE_NULL ? pieces : PiecesOfBlob(rows.Blob(0));
-        } catch (const BlobError& error) {
-            Fail("layer " + CleanText(layer.name) + ", row " + std::to_string(row) + ": " +
-                 error.what());
+    Feature feature;
+    while (rows.Step()) {
+        ++feature.number;
+        ReadGeometry(rows, feature);
+        feature.values.clear();
+        for (std::size_t i = 0; i < layer.columns.size(); ++i) {
+            feature.values.push_back(ValueOf(rows, static_cast<int>(i) + 1, layer.columns[i]));
         }
-        withoutGeometry += pieces.empty() ? 1 : 0;
-        for (GeometryPiece& piece : pieces) {
-            Feature feature;
-            feature.number = ++featureCount;
-            feature.geometry.kind = piece.kind;
-            feature.geometry.points = std::move(piece.points);
-            feature.geometry.partSizes = std::move(piece.partSizes);
-            for (std::size_t i = 0; i < layer.columns.size(); ++i) {
-                feature.values.push_back(ValueOf(rows, static_cast<int>(i) + 1, layer.columns[i]));
-            }
-            if (!sink(feature)) {
-                return;
-            }
+        if (!sink(feature)) {
+            return;
         }
     }
-    if (withoutGeometry > 0) {
-        reporter.Warning(Name() + ": " + std::to_string(withoutGeometry) +
-                         " rows have no geometry and were left out");
+}
+
+void GeoPackageReader::ReadGeometry(const SqliteStatement& row, Feature& feature) const {
+    if (row.Type(0) == SQLITE_NULL) {
+        feature.geometry = {};
+        feature.members.clear();
+        return;
+    }
+    try {
+        ReadBlob(row.Blob(0), feature);
+    } catch (const BlobError& error) {
+        Fail("layer " + CleanText(begun_->name) + ", row " + std::to_string(feature.number) + ": " +
+             error.what());
     }
 }
 

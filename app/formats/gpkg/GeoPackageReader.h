@@ -34,14 +34,14 @@ public:
     // Warns of a system that MIF does not have.
     LayerFacts Begin(std::size_t layer, Reporter& reporter) override;
 
-    // A geometry of several lines, or of several kinds, gives several features with the same
-    // values. Rows with no geometry, or an empty one, give none; a warning counts them.
+    // One feature for each row, also without a geometry.
     void Read(Reporter& reporter, const FeatureSink& sink) override;
 
 private:
     void ReadLayers();
     void ReadColumns(PackageLayer& layer);
     SpatialReference ReferenceFor(std::int64_t id);
+    void ReadGeometry(const SqliteStatement& row, Feature& feature) const;
     [[noreturn]] void Fail(const std::string& problem) const;
 
     SqliteDatabase database_;

@@ -285,8 +285,8 @@ ColumnKind RowWriter::FinalKind(const State& state) const {
 std::vector<ColumnOutcome> RowWriter::Outcomes() const {
     std::vector<ColumnOutcome> outcomes;
     for (const State& state : columns_) {
-        ColumnOutcome outcome{state.column, state.cutCount, state.firstCut, state.otherCount,
-                              state.firstOther};
+        ColumnOutcome outcome{state.column,   state.column.kind, state.cutCount,
+                              state.firstCut, state.otherCount,  state.firstOther};
         outcome.column.kind = FinalKind(state);
         if (outcome.column.kind == ColumnKind::Char) {
             const bool wasText = IsText(state.column.kind);

@@ -26,11 +26,12 @@ struct RowForm {
 
 // What has become of a column's values.
 struct ColumnOutcome {
-    LayerColumn column;            // as the header has to declare it
-    std::uint64_t cutCount = 0;    // values that were longer than kMostCharBytes
-    std::uint64_t firstCut = 0;    // the row of the first of them, 1-based
-    std::uint64_t otherCount = 0;  // values of another kind than the column's
-    std::string firstOther;        // the first of them, UTF-8
+    LayerColumn column;                          // as the header has to declare it
+    ColumnKind declaredKind = ColumnKind::Char;  // as it came
+    std::uint64_t cutCount = 0;                  // values that were longer than kMostCharBytes
+    std::uint64_t firstCut = 0;                  // the row of the first of them, 1-based
+    std::uint64_t otherCount = 0;                // values of another kind than the column's
+    std::string firstOther;                      // the first of them, UTF-8
 };
 
 // Nulls are empty, texts stand in quotes with their own quotes doubled. Dates and times are digits.

@@ -113,18 +113,25 @@ TEST_P(KindOfAProperty, HoldsAllItsValues) {
     EXPECT_EQ(facts.columns.front().kind, GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(, KindOfAProperty,
-                         testing::Values(KindRow{"WholeNumbers", "1", "-2", ColumnKind::LargeInt},
-                                         KindRow{"Numbers", "1", "2.5", ColumnKind::Float},
-                                         KindRow{"Truths", "true", "false", ColumnKind::Logical},
-                                         KindRow{"Texts", "\"a\"", "\"b\"", ColumnKind::Char},
-                                         KindRow{"NumbersAndTexts", "1", "\"b\"", ColumnKind::Char},
-                                         KindRow{"NumbersAndTruths", "1", "true", ColumnKind::Char},
-                                         KindRow{"NullAndNumbers", "null", "1",
-                                                 ColumnKind::LargeInt},
-                                         KindRow{"Nulls", "null", "null", ColumnKind::Char},
-                                         KindRow{"Objects", "{}", "[1]", ColumnKind::Char}),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    , KindOfAProperty,
+    testing::Values(KindRow{"WholeNumbers", "1", "-2", ColumnKind::LargeInt},
+                    KindRow{"Numbers", "1", "2.5", ColumnKind::Float},
+                    KindRow{"Truths", "true", "false", ColumnKind::Logical},
+                    KindRow{"Texts", "\"a\"", "\"b\"", ColumnKind::Char},
+                    KindRow{"Dates", "\"2026-01-31\"", "\"1999-12-01\"", ColumnKind::Date},
+                    KindRow{"DatesAndTexts", "\"2026-01-31\"", "\"soon\"", ColumnKind::Char},
+                    KindRow{"DatesAndMoments", "\"2026-01-31\"", "\"2026-01-31T10:11:12\"",
+                            ColumnKind::Char},
+                    KindRow{"Times", "\"10:11:12\"", "\"23:59:59.5\"", ColumnKind::Time},
+                    KindRow{"Moments", "\"2026-01-31T10:11:12\"", "\"2026-01-31T10:11:12.345Z\"",
+                            ColumnKind::DateTime},
+                    KindRow{"NumbersAndTexts", "1", "\"b\"", ColumnKind::Char},
+                    KindRow{"NumbersAndTruths", "1", "true", ColumnKind::Char},
+                    KindRow{"NullAndNumbers", "null", "1", ColumnKind::LargeInt},
+                    KindRow{"Nulls", "null", "null", ColumnKind::Char},
+                    KindRow{"Objects", "{}", "[1]", ColumnKind::Char}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(GeoJsonReader, GivesValuesInTheOrderOfTheColumns) {
     const std::vector<app::Feature> features = FeaturesOf(
@@ -184,9 +191,9 @@ struct GeometryRow {
     const char* name;
     const char* geometry;
     GeometryKind kind;
-    std::size_t features;
-    std::size_t points;  // of the last feature
-    std::size_t parts;   // of the last feature
+    std::size_t points;
+    std::size_t parts;
+    std::size_t members = 0;
 };
 
 std::ostream& operator<<(std::ostream& out, const GeometryRow& row) {
@@ -195,54 +202,60 @@ std::ostream& operator<<(std::ostream& out, const GeometryRow& row) {
 
 class GeometryOfGeoJson : public GeoJsonReader, public testing::WithParamInterface<GeometryRow> {};
 
-TEST_P(GeometryOfGeoJson, BecomesFeatures) {
+TEST_P(GeometryOfGeoJson, BecomesOneFeature) {
     const std::vector<app::Feature> features =
         FeaturesOf(CollectionOf(FeatureOf(GetParam().geometry, R"({"id":7})")));
 
-    ASSERT_EQ(features.size(), GetParam().features);
-    const app::Geometry& last = features.back().geometry;
-    EXPECT_EQ(last.kind, GetParam().kind);
-    EXPECT_EQ(last.points.size(), GetParam().points);
-    EXPECT_EQ(last.partSizes.size(), GetParam().parts);
-    EXPECT_EQ(features.back().values.front(), Value(std::int64_t{7}));
+    ASSERT_EQ(features.size(), 1U);
+    const app::Geometry& geometry = features.front().geometry;
+    EXPECT_EQ(geometry.kind, GetParam().kind);
+    EXPECT_EQ(geometry.points.size(), GetParam().points);
+    EXPECT_EQ(geometry.partSizes.size(), GetParam().parts);
+    EXPECT_EQ(geometry.isMulti, std::string(GetParam().name).starts_with("Multi") &&
+                                    geometry.kind != GeometryKind::Region);
+    EXPECT_EQ(features.front().members.size(), GetParam().members);
+    EXPECT_EQ(features.front().values.front(), Value(std::int64_t{7}));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     , GeometryOfGeoJson,
     testing::Values(
         GeometryRow{"Point", R"({"type":"Point","coordinates":[1,2,3]})", GeometryKind::Points, 1,
-                    1, 0},
+                    0},
         GeometryRow{"MultiPoint", R"({"type":"MultiPoint","coordinates":[[1,2],[3,4]]})",
-                    GeometryKind::Points, 1, 2, 0},
+                    GeometryKind::Points, 2, 0},
         GeometryRow{"LineString", R"({"type":"LineString","coordinates":[[1,2],[3,4]]})",
-                    GeometryKind::Line, 1, 2, 0},
+                    GeometryKind::Line, 2, 0},
         GeometryRow{
             "MultiLineString",
-            R"({"type":"MultiLineString","coordinates":[[[1,2],[3,4]],[[5,6],[7,8],[9,9]]]})",
-            GeometryKind::Line, 2, 3, 0},
+            R"({"type":"MultiLineString","coordinates":[[[1,2],[3,4]],[],[[5,6],[7,8],[9,9]]]})",
+            GeometryKind::Line, 5, 2},
         GeometryRow{
             "Polygon",
             R"({"type":"Polygon","coordinates":[[[0,0],[9,0],[9,9],[0,0]],[[4,2],[6,2],[6,3],[4,2]]]})",
-            GeometryKind::Region, 1, 8, 2},
+            GeometryKind::Region, 8, 2},
         GeometryRow{
             "MultiPolygon",
             R"({"type":"MultiPolygon","coordinates":[[[[0,0],[9,0],[9,9],[0,0]]],[[[4,2],[6,2],[6,3],[4,2]]]]})",
-            GeometryKind::Region, 1, 8, 2},
+            GeometryKind::Region, 8, 2},
         GeometryRow{
             "Collection",
-            R"({"type":"GeometryCollection","geometries":[{"type":"Point","coordinates":[1,2]},{"type":"LineString","coordinates":[[1,2],[3,4]]}]})",
-            GeometryKind::Line, 2, 2, 0}),
+            R"({"type":"GeometryCollection","geometries":[{"type":"Point","coordinates":[1,2]},{"type":"GeometryCollection","geometries":[{"type":"LineString","coordinates":[[1,2],[3,4]]}]},{"type":"Point","coordinates":[]},null]})",
+            GeometryKind::Collection, 0, 0, 2},
+        GeometryRow{"EmptyCollection", R"({"type":"GeometryCollection","geometries":[]})",
+                    GeometryKind::None, 0, 0},
+        GeometryRow{"EmptyPolygon", R"({"type":"Polygon","coordinates":[]})", GeometryKind::None, 0,
+                    0},
+        GeometryRow{"Null", "null", GeometryKind::None, 0, 0}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(GeoJsonReader, LeavesOutFeaturesWithoutGeometryAndCountsThem) {
-    const std::string empty = R"({"type":"Polygon","coordinates":[]})";
+TEST_F(GeoJsonReader, KeepsFeaturesWithoutGeometryInTheirPlace) {
+    const std::vector<app::Feature> features =
+        FeaturesOf(CollectionOf(FeatureOf("null") + "," + PointOf()));
 
-    EXPECT_EQ(FeaturesOf(CollectionOf(FeatureOf("null") + "," + FeatureOf(empty) + "," + PointOf()))
-                  .size(),
-              1U);
-
-    EXPECT_EQ(messages_.Text(),
-              "qolf: warning: " + Path() + ": 2 features have no geometry and was left out\n");
+    ASSERT_EQ(features.size(), 2U);
+    EXPECT_EQ(features[0].geometry.kind, GeometryKind::None);
+    EXPECT_EQ(messages_.Text(), "");
 }
 
 TEST_F(GeoJsonReader, WarnsOfAnInputWithoutFeatures) {
@@ -284,6 +297,79 @@ TEST_F(GeoJsonReader, RefusesAFileThatIsNotThere) {
                                                    ": can't open: No such file or directory");
     }
 }
+
+struct StyleRow {
+    const char* name;
+    const char* geometry;
+    const char* properties;
+    app::Style style;
+};
+
+std::ostream& operator<<(std::ostream& out, const StyleRow& row) {
+    return out << row.name;
+}
+
+class StyleOfGeoJson : public GeoJsonReader, public testing::WithParamInterface<StyleRow> {};
+
+TEST_P(StyleOfGeoJson, IsWhatThePropertiesSay) {
+    const std::vector<app::Feature> features =
+        FeaturesOf(CollectionOf(FeatureOf(GetParam().geometry, GetParam().properties)));
+
+    EXPECT_EQ(features.front().geometry.style, GetParam().style);
+    EXPECT_EQ(features.front().values.empty(), std::string(GetParam().properties) == "{}");
+}
+
+constexpr const char* kPoint = R"({"type":"Point","coordinates":[1,2]})";
+constexpr const char* kLine = R"({"type":"LineString","coordinates":[[1,2],[3,4]]})";
+constexpr const char* kArea = R"({"type":"Polygon","coordinates":[[[0,0],[9,0],[9,9],[0,0]]]})";
+
+app::Style PenStyle(int width, int pattern, std::uint32_t color) {
+    app::Style style;
+    style.pen = app::Pen{width, pattern, color};
+    return style;
+}
+
+app::Style BrushStyle(int pattern, std::uint32_t fore) {
+    app::Style style;
+    style.brush = app::Brush{pattern, fore};
+    return style;
+}
+
+app::Style SymbolStyle(std::uint32_t color, int size) {
+    app::Style style;
+    style.symbol = app::Symbol{.shape = 34, .color = color, .size = size};
+    return style;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , StyleOfGeoJson,
+    testing::Values(
+        StyleRow{"Nothing", kLine, "{}", {}},
+        StyleRow{"Stroke", kLine, R"({"stroke":"#ff8000","stroke-width":3})",
+                 PenStyle(3, 2, 0xFF8000)},
+        StyleRow{"ShortColor", kLine, R"({"stroke":"#f80","stroke-width":"1"})",
+                 PenStyle(1, 2, 0xFF8800)},
+        StyleRow{"StrokeAlone", kLine, R"({"stroke":"000080"})", PenStyle(2, 2, 0x000080)},
+        StyleRow{"WidthAlone", kLine, R"({"stroke-width":1.5})", PenStyle(21, 2, 0x555555)},
+        StyleRow{"WideStroke", kLine, R"({"stroke-width":20})", PenStyle(160, 2, 0x555555)},
+        StyleRow{"InvisibleStroke", kLine, R"({"stroke":"#000000","stroke-opacity":0})",
+                 PenStyle(2, 1, 0)},
+        StyleRow{"WhatIsNoColor", kLine, R"({"stroke":"red","stroke-width":null})", {}},
+        StyleRow{"NoFillOfALine", kLine, R"({"fill":"#ff0000","marker-color":"#ff0000"})", {}},
+        StyleRow{"Fill", kArea, R"({"fill":"#ff0000"})", BrushStyle(2, 0xFF0000)},
+        StyleRow{"NoFill", kArea, R"({"fill":"#ff0000","fill-opacity":0})",
+                 BrushStyle(1, 0xFF0000)},
+        StyleRow{"ThinFill", kArea, R"({"fill":"#ff0000","fill-opacity":0.2})",
+                 BrushStyle(5, 0xFF0000)},
+        StyleRow{"HalfFill", kArea, R"({"fill":"#ff0000","fill-opacity":0.5})",
+                 BrushStyle(8, 0xFF0000)},
+        StyleRow{"NearlySolidFill", kArea, R"({"fill":"#ff0000","fill-opacity":0.8})",
+                 BrushStyle(2, 0xFF0000)},
+        StyleRow{"Marker", kPoint, R"({"marker-color":"#00f","marker-size":"large"})",
+                 SymbolStyle(0x0000FF, 18)},
+        StyleRow{"SizeAlone", kPoint, R"({"marker-size":"small"})", SymbolStyle(0x7E7E7E, 8)},
+        StyleRow{"ColorAlone", kPoint, R"({"marker-color":"#0000ff"})", SymbolStyle(0x0000FF, 12)}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 struct FaultRow {
     const char* name;

@@ -47,30 +47,51 @@ private:
     std::string bytes_;
 };
 
-// "Line (0 0) (1 1)", "Region [(0 0) ...]", a piece a line.
-std::string TextOf(const std::vector<app::GeometryPiece>& pieces) {
+// "Line: 0,0 1,1", "Region 3 3: 0,0 ...", "MultiPoints: 1,2"; "" for None.
+std::string TextOf(const app::Geometry& geometry) {
     std::ostringstream text;
-    for (const app::GeometryPiece& piece : pieces) {
-        text << (text.tellp() > 0 ? "\n" : "")
-             << (piece.kind == app::GeometryKind::Points ? "Points"
-                 : piece.kind == app::GeometryKind::Line ? "Line"
-                                                         : "Region");
-        for (const std::size_t size : piece.partSizes) {
+    if (geometry.kind == app::GeometryKind::None) {
+        return "";
+    }
+    text << (geometry.isMulti ? "Multi" : "")
+         << (geometry.kind == app::GeometryKind::Points ? "Points"
+             : geometry.kind == app::GeometryKind::Line ? "Line"
+                                                        : "Region");
+    if (geometry.kind == app::GeometryKind::Region || geometry.isMulti) {
+        for (const std::size_t size : geometry.partSizes) {
             text << " " << size;
         }
-        text << ":";
-        for (const shr::Vec2d& point : piece.points) {
-            text << " " << point.x << "," << point.y;
-        }
+    }
+    text << ":";
+    for (const shr::Vec2d& point : geometry.points) {
+        text << " " << point.x << "," << point.y;
     }
     return text.str();
+}
+
+// The members of a collection a line each, behind "Collection".
+std::string TextOf(const app::Feature& feature) {
+    if (feature.geometry.kind != app::GeometryKind::Collection) {
+        return TextOf(feature.geometry);
+    }
+    std::string text = "Collection";
+    for (const app::Geometry& member : feature.members) {
+        text += "\n" + TextOf(member);
+    }
+    return text;
+}
+
+app::Feature FeatureOf(std::string_view bytes) {
+    app::Feature feature;
+    app::ReadBlob(bytes, feature);
+    return feature;
 }
 
 // A block of exactly the bytes, so that a read past them is seen.
 std::string Read(std::string_view bytes) {
     const auto exact = std::make_unique<char[]>(bytes.size());
     std::memcpy(exact.get(), bytes.data(), bytes.size());
-    return TextOf(app::PiecesOfBlob({exact.get(), bytes.size()}));
+    return TextOf(FeatureOf({exact.get(), bytes.size()}));
 }
 
 std::string ErrorOf(std::string_view bytes) {
@@ -87,9 +108,9 @@ struct GeometryRow {
     Bytes bytes;
     std::string pieces;
 };
-class PiecesOfBlob : public testing::TestWithParam<GeometryRow> {};
+class ReadBlob : public testing::TestWithParam<GeometryRow> {};
 
-TEST_P(PiecesOfBlob, OfA) {
+TEST_P(ReadBlob, GivesA) {
     EXPECT_EQ(Read(GetParam().bytes.Text()), GetParam().pieces);
 }
 
@@ -98,7 +119,7 @@ Bytes Little() {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    , PiecesOfBlob,
+    , ReadBlob,
     testing::Values(
         GeometryRow{"Point", Little().Type(1).Reals({1, 2}), "Points: 1,2"},
         GeometryRow{"PointWithHeight", Little().Type(1001).Reals({1, 2, 9}), "Points: 1,2"},
@@ -138,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "Region 3: 0,0 9,0 0,9"},
         GeometryRow{"MultiPoint",
                     Little().Type(4).Whole(2).Type(1).Reals({1, 2}).Type(1).Reals({3, 4}),
-                    "Points: 1,2 3,4"},
+                    "MultiPoints: 1,2 3,4"},
         GeometryRow{"MultiLineString",
                     Little()
                         .Type(5)
@@ -149,7 +170,7 @@ INSTANTIATE_TEST_SUITE_P(
                         .Type(2)
                         .Whole(2)
                         .Reals({2, 2, 3, 3}),
-                    "Line: 0,0 1,1\nLine: 2,2 3,3"},
+                    "MultiLine 2 2: 0,0 1,1 2,2 3,3"},
         GeometryRow{"MultiPolygon",
                     Little()
                         .Type(6)
@@ -176,7 +197,13 @@ INSTANTIATE_TEST_SUITE_P(
                         .Whole(1)
                         .Type(1)
                         .Reals({3, 4}),
-                    "Points: 1,2\nLine: 0,0 1,1\nPoints: 3,4"},
+                    "Collection\nPoints: 1,2\nLine: 0,0 1,1\nPoints: 3,4"},
+        GeometryRow{"CollectionOfEmptyOnes",
+                    Little().Type(7).Whole(2).Type(2).Whole(0).Type(7).Whole(0), ""},
+        GeometryRow{"MultiLineStringWithAnEmptyOne",
+                    Little().Type(5).Whole(2).Type(2).Whole(0).Type(2).Whole(2).Reals({0, 0, 1, 1}),
+                    "MultiLine 2: 0,0 1,1"},
+        GeometryRow{"EmptyMultiLineString", Little().Type(5).Whole(0), ""},
         GeometryRow{"EmptyCollection", Little().Type(7).Whole(0), ""},
         GeometryRow{"CompoundCurve",
                     Little()
@@ -195,7 +222,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Little().Type(10).Whole(1).Type(2).Whole(3).Reals({0, 0, 1, 0, 0, 1}),
                     "Region 3: 0,0 1,0 0,1"},
         GeometryRow{"MultiCurve", Little().Type(11).Whole(1).Type(2).Whole(2).Reals({0, 0, 1, 1}),
-                    "Line: 0,0 1,1"},
+                    "MultiLine 2: 0,0 1,1"},
         GeometryRow{"MultiSurface",
                     Little().Type(12).Whole(1).Type(3).Whole(1).Whole(3).Reals({0, 0, 1, 0, 0, 1}),
                     "Region 3: 0,0 1,0 0,1"},
@@ -210,24 +237,22 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(ReadingABlob, StrokesAnArcOnItsCircle) {
     const Bytes bytes = Little().Type(8).Whole(3).Reals({1, 0, 0, 1, -1, 0});
 
-    const std::vector<app::GeometryPiece> pieces = app::PiecesOfBlob(bytes.Text());
+    const std::vector<shr::Vec2d> points = FeatureOf(bytes.Text()).geometry.points;
 
-    ASSERT_EQ(pieces.size(), 1U);
-    EXPECT_EQ(pieces[0].points.size(), 33U);
-    EXPECT_EQ(pieces[0].points.front(), (shr::Vec2d{1, 0}));
-    EXPECT_EQ(pieces[0].points.back(), (shr::Vec2d{-1, 0}));
-    EXPECT_NEAR(pieces[0].points[16].x, 0.0, 1e-12);
-    EXPECT_NEAR(pieces[0].points[16].y, 1.0, 1e-12);
+    ASSERT_EQ(points.size(), 33U);
+    EXPECT_EQ(points.front(), (shr::Vec2d{1, 0}));
+    EXPECT_EQ(points.back(), (shr::Vec2d{-1, 0}));
+    EXPECT_NEAR(points[16].x, 0.0, 1e-12);
+    EXPECT_NEAR(points[16].y, 1.0, 1e-12);
 }
 
 TEST(ReadingABlob, StrokesAFullCircleOfTwoEqualEnds) {
     const Bytes bytes = Little().Type(8).Whole(3).Reals({1, 0, -1, 0, 1, 0});
 
-    const std::vector<app::GeometryPiece> pieces = app::PiecesOfBlob(bytes.Text());
+    const std::vector<shr::Vec2d> points = FeatureOf(bytes.Text()).geometry.points;
 
-    ASSERT_EQ(pieces.size(), 1U);
-    EXPECT_EQ(pieces[0].points.size(), 65U);
-    EXPECT_NEAR(pieces[0].points[16].y, 1.0, 1e-12);
+    ASSERT_EQ(points.size(), 65U);
+    EXPECT_NEAR(points[16].y, 1.0, 1e-12);
 }
 
 struct BrokenRow {
@@ -235,9 +260,9 @@ struct BrokenRow {
     std::string bytes;
     std::string error;
 };
-class PiecesOfBlobRefuses : public testing::TestWithParam<BrokenRow> {};
+class ReadBlobRefuses : public testing::TestWithParam<BrokenRow> {};
 
-TEST_P(PiecesOfBlobRefuses, A) {
+TEST_P(ReadBlobRefuses, A) {
     EXPECT_EQ(ErrorOf(GetParam().bytes), GetParam().error);
 }
 
@@ -258,7 +283,7 @@ Bytes NestedCurve(int depth) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    , PiecesOfBlobRefuses,
+    , ReadBlobRefuses,
     testing::Values(
         BrokenRow{"BlobOfNothing", "", "the geometry ends too early"},
         BrokenRow{"BlobOfAnotherKind", "abcdefghijklmnop",
@@ -280,6 +305,17 @@ INSTANTIATE_TEST_SUITE_P(
                   "the geometry ends too early"},
         BrokenRow{"PointCutShort", Little().Type(1).Reals({1}).Text(),
                   "the geometry ends too early"},
+        BrokenRow{"MultiPointOfALine",
+                  Little()
+                      .Type(4)
+                      .Whole(2)
+                      .Type(1)
+                      .Reals({1, 2})
+                      .Type(2)
+                      .Whole(2)
+                      .Reals({0, 0, 1, 1})
+                      .Text(),
+                  "the geometry has parts of several types"},
         BrokenRow{"RingOfAPointInACurvePolygon",
                   Little().Type(10).Whole(1).Type(1).Reals({1, 2}).Text(),
                   "the geometry has a curve of an unknown type"},
@@ -289,7 +325,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return row.param.name; });
 
 TEST(ReadingABlob, TakesTheNestingOfThirtyTwoCollections) {
-    EXPECT_EQ(Read(Nested(32).Text()), "Points: 1,2");
+    EXPECT_EQ(Read(Nested(32).Text()), "Collection\nPoints: 1,2");
 }
 
 }  // namespace

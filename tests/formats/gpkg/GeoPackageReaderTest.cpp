@@ -70,13 +70,33 @@ TEST_F(GeoPackageReader, GivesBackPointsLinesAndRegions) {
     EXPECT_EQ(features[3].geometry.partSizes, region.geometry.partSizes);
 }
 
-TEST_F(GeoPackageReader, GivesBackPromotedGeometriesAsTheyWere) {
+TEST_F(GeoPackageReader, GivesPromotedGeometriesAsOfSeveralParts) {
     WriteLayer({PointAt(1, 2), PointsAt({{3, 4}, {5, 6}})});
 
     const std::vector<app::Feature> features = Read();
 
     ASSERT_EQ(features.size(), 2U);
     EXPECT_EQ(features[0].geometry.points, (std::vector<shr::Vec2d>{{1, 2}}));
+    EXPECT_TRUE(features[0].geometry.isMulti);
+}
+
+TEST_F(GeoPackageReader, KeepsSeveralLinesAndCollectionsAsOneFeatureEach) {
+    app::Feature lines = LineThrough({{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4}});
+    lines.geometry.partSizes = {2, 3};
+    lines.geometry.isMulti = true;
+    app::Feature collection;
+    collection.geometry.kind = GeometryKind::Collection;
+    collection.members = {PointAt(1, 2).geometry, LineThrough({{0, 0}, {1, 1}}).geometry};
+    WriteLayer({lines, collection});
+
+    const std::vector<app::Feature> features = Read();
+
+    ASSERT_EQ(features.size(), 2U);
+    EXPECT_EQ(features[0].geometry, lines.geometry);
+    EXPECT_EQ(features[1].geometry.kind, GeometryKind::Collection);
+    ASSERT_EQ(features[1].members.size(), 2U);
+    EXPECT_EQ(features[1].members[0], collection.members[0]);
+    EXPECT_EQ(features[1].members[1].points, collection.members[1].points);
 }
 
 TEST_F(GeoPackageReader, NumbersFeaturesFromOne) {
@@ -132,13 +152,14 @@ TEST_F(GeoPackageReader, KnowsNoSystemOfAnUndefinedOne) {
     EXPECT_TRUE(app::GeoPackageReader(Path()).Layers().front().reference.IsUndefined());
 }
 
-TEST_F(GeoPackageReader, LeavesOutRowsWithoutGeometryAndCountsThem) {
-    WriteLayer({PointAt(std::nan(""), 1), PointAt(1, 2)});
+TEST_F(GeoPackageReader, KeepsRowsWithoutGeometryInTheirPlace) {
+    WriteLayer({PointAt(1, 2), app::Feature(), PointAt(3, 4)});
 
-    EXPECT_EQ(Read().size(), 1U);
-    EXPECT_THAT(Messages(),
-                testing::EndsWith(Path().string() + ": 1 rows have no geometry and were "
-                                                    "left out\n"));
+    const std::vector<app::Feature> features = Read();
+
+    ASSERT_EQ(features.size(), 3U);
+    EXPECT_EQ(features[1].geometry.kind, GeometryKind::None);
+    EXPECT_EQ(features[2].geometry.points, (std::vector<shr::Vec2d>{{3, 4}}));
 }
 
 TEST_F(GeoPackageReader, StopsWhenTheSinkHasEnough) {

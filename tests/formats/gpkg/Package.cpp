@@ -14,9 +14,11 @@ namespace {
 std::optional<shr::Box2d> BoundsOf(sqlite3_value* value) {
     const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
     const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
-    std::vector<shr::Vec2d> points;
-    for (const app::GeometryPiece& piece : app::PiecesOfBlob({bytes, size})) {
-        points.insert(points.end(), piece.points.begin(), piece.points.end());
+    app::Feature feature;
+    app::ReadBlob({bytes, size}, feature);
+    std::vector<shr::Vec2d> points = feature.geometry.points;
+    for (const app::Geometry& member : feature.members) {
+        points.insert(points.end(), member.points.begin(), member.points.end());
     }
     const shr::Box2d box = app::BoxOf(points);
     return box.IsEmpty() ? std::nullopt : std::optional(box);
