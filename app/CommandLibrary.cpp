@@ -13,7 +13,7 @@ namespace {
 const CommandLibrary& Load() {
     const std::filesystem::path path = FindBesideProgram(kCommandLibraryFileName);
     std::string reason;
-    // Never unloaded: objects with code of the library live to the end of the program.
+    // Never unloaded: objects with code of the library live until the end of the program.
     static const auto* const library =
         new std::shared_ptr<void>(LoadSharedLibrary(path, reason, SymbolBinding::AtFirstCall));
     if (*library == nullptr) {

@@ -1,4 +1,4 @@
-// The errors of the command itself. main() turns each into one line on stderr and an exit code.
+// The errors of the command itself. main() turns each into lines on stderr and an exit code.
 #pragma once
 
 #include <stdexcept>
@@ -18,7 +18,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// Whoever read our standard output went away: a quiet end.
+// The program that read our standard output has ended: no message, exit code 0.
 class ClosedPipe : public std::runtime_error {
 public:
     ClosedPipe() : std::runtime_error("the reader of standard output has gone") {}

@@ -17,14 +17,14 @@ std::filesystem::path FolderOf(const std::filesystem::path& path) {
     return path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
 }
 
-// A device or a pipe, which can't be replaced by another file.
+// Whether the path is a device or a pipe, which is written to and never replaced.
 bool IsSpecialFile(const std::filesystem::path& path) {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
     return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
 }
 
-// The file behind a symbolic link, which is replaced in the link's stead.
+// Returns the file behind a symbolic link: that file is replaced, and the link stays.
 std::filesystem::path BehindLinks(const std::filesystem::path& path) {
     std::error_code error;
     if (!std::filesystem::is_symlink(path, error)) {
@@ -128,8 +128,7 @@ void OutputFile::OpenStream() {
         stream_ = stdout;
         return;
     }
-    // The runtime's own opening takes no wide path everywhere, the host's has no binary writing;
-    // text mode differs on Windows only, where CR LF is what other programs write as well.
+    // Text mode differs on Windows only, where other programs write CR LF, too.
     stream_ =
         platform::OpenFile(WidePath(folder_ ? workPath_ : path_), platform::OpenMode::WriteText);
     if (stream_ == nullptr) {
@@ -208,7 +207,7 @@ std::filesystem::path OutputPair::SparePath() const {
 }
 
 std::wstring OutputPair::WithFinalPath(std::wstring text) const {
-    // Folder by folder, so that the .mid of the pair is renamed as well.
+    // All files of the folder, so that the .mid of a pair is renamed, too.
     const std::wstring work = WidePath(folder_.Path() / "");
     const std::wstring final =
         mifPath_.has_parent_path() ? WidePath(mifPath_.parent_path() / "") : std::wstring();

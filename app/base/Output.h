@@ -13,41 +13,42 @@ namespace app {
 
 enum class IfExists { Refuse, Overwrite };
 
-// Throws Failure when path names a folder, lies in no folder, or exists and may not be overwritten;
-// the message then mentions --overwrite.
+// Throws Failure when `path` names a folder, when its folder does not exist, or when it exists and
+// may not be overwritten; the message then mentions --overwrite.
 void CheckOutput(const std::filesystem::path& path, IfExists ifExists);
 
-// Throws Failure when the output, with the .mid file of a pair, would replace the input or its .mid
-// file, under whatever name or link. Inputs are left alone, also with IfExists::Overwrite.
+// Throws Failure when writing `output` (and the .mid file beside a .mif) would replace `input` or
+// its .mid file, by another name or over a link, too. IfExists::Overwrite does not change that.
 void CheckNotInput(const std::filesystem::path& input, const std::filesystem::path& output);
 
-// Throws UsageError when a MIF/MID pair can't have that name: "-", or an extension other than .mif.
+// Throws UsageError when a MIF/MID pair can't be written under that name: for "-", which is a
+// single stream, and for an extension other than .mif.
 void CheckMifOutput(const std::string& argument);
 
-// Text or bytes for one file, or for standard output with the path "-".
+// One output file, or standard output with the path "-".
 //
-// A file is written under its name in a private folder beside its place and moved there by Finish.
-// Without Finish nothing is left. Devices and pipes are written to directly.
+// The file is written under its own name in a private folder beside its place, and Finish moves it
+// there. Without Finish nothing is left behind. Devices and pipes are written to directly.
 class OutputFile {
 public:
-    // Throws Failure.
+    // Throws Failure as CheckOutput does, and when the private folder can't be made.
     OutputFile(const std::filesystem::path& path, IfExists ifExists);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    // Takes bytes; they may stay in a buffer until Finish. Throws Failure with the system's reason;
-    // ClosedPipe when nobody reads any more.
+    // Appends bytes; they may stay in a buffer until Finish. Throws Failure with the system's
+    // reason, and ClosedPipe when the reader of a pipe has ended.
     void Write(std::string_view bytes);
 
-    // Sends what is buffered on its way, for a reader that waits. Throws as Write.
+    // Writes out what is buffered, for a reader that waits for it. Throws as Write does.
     void Flush();
 
-    // Closes and moves into place. Throws as Write.
+    // Closes the file and moves it into place. Throws as Write does.
     void Finish();
 
-    // For a library that writes by itself: the name to write to instead of calling Write. Finish
-    // then only moves that file. Not for standard output.
+    // Returns the path that a library should write to by itself, in place of calls of Write. Finish
+    // then only moves that file. Must not be called for standard output.
     std::filesystem::path PathForLibrary();
 
 private:
@@ -59,23 +60,24 @@ private:
     std::optional<TempFolder> folder_;  // beside path_; absent when written directly
     std::FILE* stream_ = nullptr;       // null until the first Write
     std::string buffer_;
-    bool hasFailed_ = false;  // the failure was thrown; what comes after it is dropped
+    bool hasFailed_ = false;  // a failure was thrown: what is written after it is dropped
     bool isLibraryWritten_ = false;
 };
 
-// A MIF/MID pair: written by the export filter in a private folder beside its place, moved there by
-// Finish.
+// A MIF/MID pair: the export filter writes it in a private folder beside its place, and Finish
+// moves both files there. Without Finish nothing is left behind.
 class OutputPair {
 public:
+    // Throws Failure as CheckOutput does, for either file.
     OutputPair(const std::filesystem::path& mifPath, IfExists ifExists);
 
-    // The path to hand to the filter: the same name in another folder.
+    // The .mif path to hand to the filter: the same name in the private folder.
     const std::filesystem::path& WorkPath() const { return workPath_; }
 
     // A name in the same folder, for a file that is to take the place of one of the two.
     std::filesystem::path SparePath() const;
 
-    // A text of the module with the working path replaced by the user's.
+    // Returns a text of the module with the working path replaced by the user's own.
     std::wstring WithFinalPath(std::wstring text) const;
 
     // Moves both files into place. Throws Failure.

@@ -7,27 +7,29 @@
 
 namespace app {
 
-// A path as a user typed it.
+// Turns an argument of the command line into a path.
 std::filesystem::path PathFromArgument(const std::string& argument);
 
-// The wide form that the host's interfaces take; any byte of a name survives.
+// Returns the wide form that the host's interfaces take. Bytes that are no UTF-8 survive the way
+// there and back.
 std::wstring WidePath(const std::filesystem::path& path);
 
-// The path as UTF-8, for messages and JSON.
+// Returns the path as UTF-8, for messages and JSON.
 std::string PathText(const std::filesystem::path& path);
 
-// The extension in lower case with its full stop (".mif"); "" without one.
+// Returns the extension in lower case with its full stop (".mif"); "" when there is none.
 std::string LowerExtension(const std::filesystem::path& path);
 
-// The file beside path that has its stem and the given extension, in whatever case the file system
-// holds it; an empty path when there is none.
+// Returns the file beside `path` with the same stem and the given extension (".mid"), whatever the
+// case of its letters; an empty path when no such file exists.
 std::filesystem::path FindCompanion(const std::filesystem::path& path,
                                     const std::string& extension);
 
-// The file that opening path finds, whose name may differ in case; path itself when there is none.
+// Returns the file that opening `path` finds: its name may differ in the case of letters. Returns
+// `path` itself when no file is found.
 std::filesystem::path AsOnDisk(const std::filesystem::path& path);
 
-// The bytes of the file; 0 when that is not known.
+// Returns the size of a file in bytes; 0 when it is not known, as for a pipe.
 double SizeOfFile(const std::filesystem::path& path);
 
 }  // namespace app

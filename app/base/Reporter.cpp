@@ -42,7 +42,7 @@ std::string Rate(double perSecond, ProgressUnit unit) {
     return text;
 }
 
-// How many bytes of a UTF-8 sequence follow its first one.
+// Returns how many bytes of a UTF-8 sequence follow its first one.
 int BytesBehind(unsigned char first) {
     if (first < 0xC0) {
         return 0;

@@ -8,28 +8,30 @@
 
 namespace app {
 
-// Text for a terminal: control characters but tabs and line feeds, which could drive it, become
-// visible ("\\x1b"). Those above 0x7F are looked for as UTF-8 and as single bytes.
+// Returns the text with all control characters but tabs and line feeds made visible ("\\x1b"): they
+// could drive the terminal. Those above 0x7F are found as UTF-8 characters and as single bytes.
 std::string TerminalText(std::string_view utf8);
 
-// What a rate counts.
+// What the rate of a progress bar counts.
 enum class ProgressUnit { Bytes, Files };
 
-// From the least to the most. BarOnly is for what another pass has said already.
+// What is shown, from the least to the most. BarOnly shows the progress bar and errors: it is for a
+// second pass whose warnings the first pass has given already.
 enum class Verbosity { Quiet, BarOnly, Normal, Verbose };
 
-// Errors are always written, warnings and notes unless quiet, details only when verbose. Every
-// line has the form "qolf: warning: text"; line breaks inside a text start new lines of that form.
-// Texts are shown as TerminalText gives them.
+// Writes messages of four kinds. Errors are always shown, warnings and notes unless quiet, details
+// only when verbose. Every line has the form "qolf: warning: text"; a line break in a text begins
+// another line of that form. Control characters are made visible (TerminalText).
 class Reporter {
 public:
-    // stream stays the caller's. isTerminal allows the progress bar; useColor allows colours.
+    // `stream` stays the caller's and must outlive the reporter. `isTerminal` allows the progress
+    // bar, `useColor` allows colours.
     Reporter(std::FILE* stream, bool isTerminal, bool useColor);
 
     void SetVerbosity(Verbosity verbosity) { verbosity_ = verbosity; }
     Verbosity GetVerbosity() const { return verbosity_; }
 
-    // Whether a progress bar may be shown at all. Initially when stream is a terminal.
+    // Allows or forbids the progress bar. At first it is allowed on a terminal.
     void SetProgress(bool isWanted) { showProgress_ = isWanted; }
 
     void Error(std::string_view text);
@@ -37,12 +39,13 @@ public:
     void Note(std::string_view text);
     void Detail(std::string_view text);
 
-    // Starts a bar. total is the whole of the work, for the rate that the bar shows; 0 shows none.
+    // Starts a bar. `total` is all the work in the unit, from which the bar makes its rate; with 0
+    // it shows no rate.
     void StartProgress(std::string_view title, double total = 0.0,
                        ProgressUnit unit = ProgressUnit::Bytes);
 
-    // Moves the bar: a fraction from 0 to 1, or a negative one when it is not known. The bar
-    // appears once a run has lasted half a second and is redrawn at most ten times a second.
+    // Moves the bar to a fraction from 0 to 1; a negative fraction means that it is not known. The
+    // bar appears half a second after its start and is redrawn at most ten times a second.
     void Progress(double fraction);
     void EndProgress();
 

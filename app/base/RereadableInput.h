@@ -12,12 +12,14 @@
 
 namespace app {
 
-// Where an input that may be "-" can be read again and again: standard input is spooled to a
-// private file at once. Throws Failure when the file can't be opened.
+// An input file, or standard input, that can be read again and again. Standard input is copied to a
+// private file at once.
 class RereadableInput {
 public:
+    // Takes a path, or "-" for standard input. Throws Failure when the file can't be opened.
     explicit RereadableInput(const std::filesystem::path& path);
 
+    // The file to read: the private copy of standard input.
     const std::filesystem::path& Path() const { return path_; }
 
     // For messages: the path, or "standard input".
@@ -29,7 +31,7 @@ private:
     std::optional<TempFolder> folder_;  // absent for a file
 };
 
-// Closes its stream at the end of its life.
+// One reading of a RereadableInput, from its beginning. Throws Failure when it can't be opened.
 class InputStream {
 public:
     explicit InputStream(const RereadableInput& input);
@@ -39,13 +41,14 @@ public:
 
     std::FILE* Stream() const { return stream_; }
 
-    // Reads a line without its line end (LF or CR LF). False at the end. Throws Failure when
-    // reading fails.
+    // Reads a line into `line`, without its line end (LF or CR LF). Returns false at the end.
+    // Throws Failure when reading fails.
     bool NextLine(std::string& line);
 
-    std::uint64_t LineNumber() const { return lineNumber_; }  // of the line read last, from 1
+    // The number of the line that was read last, from 1.
+    std::uint64_t LineNumber() const { return lineNumber_; }
 
-    // The share of the input that was read, 0 to 1.
+    // Returns how much of the input was read, from 0 to 1.
     double Fraction() const;
 
 private:

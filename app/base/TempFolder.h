@@ -6,16 +6,17 @@
 
 namespace app {
 
-// What the name of every private folder begins with; the number of the process and "-" follow.
+// The beginning of every private folder's name; the number of the process, "-" and six random
+// characters follow.
 inline constexpr const char* kPrivateFolderPrefix = ".qolf-";
 
-// A folder of its own that only this user can use, removed with everything in it. The folder and
-// the files that were named by File are also removed when the program is ended by an interrupt, a
-// hang-up or a request to terminate.
+// A new folder that only this user can use, removed with everything in it at the end of the
+// object's life. The folder and the files that were named with File are also removed when an
+// interrupt, a hang-up or a request to terminate ends the program.
 class TempFolder {
 public:
-    // Made below parent; an empty parent is the system's folder for temporary files. Throws
-    // Failure.
+    // Makes the folder below `parent`; an empty `parent` stands for the system's folder of
+    // temporary files. Throws Failure.
     explicit TempFolder(const std::filesystem::path& parent = {});
     ~TempFolder();
     TempFolder(const TempFolder&) = delete;
@@ -23,8 +24,8 @@ public:
 
     const std::filesystem::path& Path() const { return path_; }
 
-    // The path of a file to be made in the folder. Every file that may be there when a signal comes
-    // is named first.
+    // Returns the path of a file that will be made in the folder. Call it before making the file,
+    // so that a signal removes it.
     std::filesystem::path File(const std::filesystem::path& name) const;
 
 private:

@@ -7,7 +7,8 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-// How many bytes a character has by its first one; 0 for a byte that begins none.
+// Returns the length of a character in bytes, by its first byte; 0 when the byte begins no
+// character.
 std::size_t LengthOf(unsigned char first) {
     if (first < 0x80) {
         return 1;
@@ -18,7 +19,7 @@ std::size_t LengthOf(unsigned char first) {
     return first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
 }
 
-// Whether fewer bytes would do, or it is a surrogate or beyond the last character.
+// Whether the character has a shorter encoding, is a surrogate, or lies beyond the last character.
 bool IsForbidden(char32_t codePoint, std::size_t length) {
     return (length == 3 && codePoint < 0x800) || (length == 4 && codePoint < 0x10000) ||
            (codePoint >= 0xD800 && codePoint <= 0xDFFF) || codePoint > 0x10FFFF;

@@ -46,7 +46,7 @@ std::vector<std::string> Split(const std::string& text) {
     return words;
 }
 
-// Throws what the command line's parser reports.
+// Throws CLI::ValidationError, which the parser reports.
 std::vector<double> BoxOf(const std::string& text) {
     std::vector<double> numbers;
     for (const std::string& word : Split(text)) {
@@ -59,7 +59,7 @@ std::vector<double> BoxOf(const std::string& text) {
     if (numbers.size() != 4) {
         throw CLI::ValidationError("--bbox", "takes four numbers: minx,miny,maxx,maxy");
     }
-    // Two corners, in whatever order.
+    // The two corners may come in any order.
     return {std::min(numbers[0], numbers[2]), std::min(numbers[1], numbers[3]),
             std::max(numbers[0], numbers[2]), std::max(numbers[1], numbers[3])};
 }

@@ -24,7 +24,7 @@ void AddOptionsCommand(CLI::App& program, CommandContext& context) {
     CLI::App* command = program.add_subcommand("options", "Show and change the filters' options");
     command->footer(kOptionsFooter);
     command->require_subcommand(0, 1);
-    // The subcommands' callbacks run before this one and must not be undone by it.
+    // The callbacks of the subcommands run before this command's own, which must not undo them.
     auto isChosen = std::make_shared<bool>(false);
     const auto choose = [isChosen, &context](std::function<int()> work) {
         *isChosen = true;

@@ -6,7 +6,8 @@
 
 namespace app {
 
-// Answers the exit code: 1 when any file failed. Throws Failure and UsageError.
+// Converts every input of the options to a file in their output folder. Returns the exit code: 1
+// when any file failed. Throws Failure and UsageError.
 int ConvertMany(const ConvertOptions& options, Reporter& reporter);
 
 }  // namespace app

@@ -1,4 +1,4 @@
-// What the command line of qolf convert says.
+// The options of qolf convert as plain data, and what they mean for sources and targets.
 #pragma once
 
 #include "app/base/Reporter.h"
@@ -15,7 +15,7 @@ namespace app {
 
 struct ConvertOptions {
     std::vector<std::string> paths;  // inputs, then the output unless there is an output folder
-    std::string format;              // --to: of the output; empty: by its extension
+    std::string format;              // --to, of the output; empty: by its extension
     std::string outputFolder;        // --output-dir: a file for each input; empty: one output
     std::size_t jobs = 1;
     bool resume = false;
@@ -49,13 +49,14 @@ struct ConvertOptions {
     std::string modulePath;
 };
 
-// What they mean for every input, and for the output. Throws Failure for an --assume-crs that MIF
-// has no words for; says on the reporter what there is to say of it.
+// What the options mean for every input and for the output. SourceOptionsOf finds the system of
+// --assume-crs: it throws Failure for one that MIF can't express, and warns of what will differ.
 SourceOptions SourceOptionsOf(const ConvertOptions& options, Reporter& reporter);
 TargetOptions TargetOptionsOf(const ConvertOptions& options);
 
-// What the export filter's option string says for these options. Options of one command are not
-// remembered for the next.
+// Returns the option string for the export filter: the user's own with the options of this command
+// behind it. Without a string of the user's own, the filter is told to forget the options
+// afterwards. Absent when there is nothing to tell the filter.
 std::optional<std::string> ExportOptionString(const ConvertOptions& options);
 
 }  // namespace app

@@ -20,7 +20,7 @@ struct NamedFile {
     const Format& format;
 };
 
-// What the command line names, resolved.
+// What the command line names, with formats and options resolved.
 struct Conversion {
     std::vector<NamedFile> inputs;
     NamedFile output;
@@ -42,7 +42,7 @@ void CheckNoFolder(const std::string& input) {
     }
 }
 
-// Refuses what no input and output can be, before anything is read or written.
+// Finds the formats and checks all names, before anything is read or written.
 Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
     if (options.paths.size() < 2) {
         throw UsageError("convert needs an input and an output, or --output-dir");
@@ -76,7 +76,7 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
     return conversion;
 }
 
-// Whether the user wants no more than what the module makes of a pair that it reads.
+// Whether the user wants exactly what the module makes of a pair.
 bool IsCopy(const ConvertOptions& options, const Conversion& conversion) {
     const Format& format = conversion.output.format;
     return options.asIs && format.copy != nullptr && &conversion.inputs.front().format == &format &&
@@ -100,7 +100,7 @@ void ConvertInput(const ConvertOptions& options, const NamedFile& input,
     way.End();
 }
 
-// False when there was nothing to write.
+// Returns false when there was nothing to write.
 bool Convert(const ConvertOptions& options, const Conversion& conversion, Reporter& reporter) {
     const NamedFile& output = conversion.output;
     if (IsCopy(options, conversion)) {
@@ -120,7 +120,7 @@ bool Convert(const ConvertOptions& options, const Conversion& conversion, Report
 int RunConvert(const ConvertOptions& options, Reporter& reporter) {
     const Conversion conversion = Resolve(options, reporter);
     if (conversion.output.argument == "-" && IsTerminal(stdout)) {
-        reporter.SetProgress(false);  // the features stand there
+        reporter.SetProgress(false);  // the features go to the terminal
     }
     if (!Convert(options, conversion, reporter)) {
         reporter.Warning(options.paths.front() +

@@ -15,7 +15,7 @@ std::unique_ptr<gcs::CSDef> CopyOf(const gcs::CSDef* system) {
     return system == nullptr ? nullptr : system->Clone();
 }
 
-// Null: the input's own.
+// Returns the system that the output should have; null when it keeps the input's own.
 std::unique_ptr<gcs::CSDef> WantedSystem(SystemRule rule, const std::string& crs,
                                          Reporter& reporter) {
     if (crs == kKeep || (crs.empty() && rule == SystemRule::AsInput)) {

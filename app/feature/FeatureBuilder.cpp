@@ -32,7 +32,7 @@ template <typename Class> Class* As(zeio::TrBase& object) {
     return object.GetTypeId() == Class::GetClassTypeId() ? static_cast<Class*>(&object) : nullptr;
 }
 
-// 0 for a box that the module takes for none.
+// Returns the diagonal of the box as the module has it; 0 for a box that counts as no box there.
 double DiagonalOf(const shr::Box2d& box) {
     const double width = std::abs(box.maxX - box.minX);
     const double height = std::abs(box.maxY - box.minY);
@@ -192,7 +192,7 @@ void FeatureBuilder::TakeValues(const shr::CParamList& attributes, Feature& feat
     if (attributes.Size() == 0) {
         return;
     }
-    // Columns of one name share a value, so the list is shorter than the columns are many.
+    // Columns of the same name share one entry of the list.
     std::wstring value;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         if (attributes.Get(standalone::Widen(columns_[i].name), value)) {

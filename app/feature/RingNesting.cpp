@@ -42,7 +42,8 @@ public:
     RingArea(const RingArea&) = delete;
     RingArea& operator=(const RingArea&) = delete;
 
-    // Whether the ring lies inside, by the first vertex that is not on this ring's own line.
+    // Whether another ring lies in this one: its first vertex that is not on this ring's line
+    // decides.
     bool Holds(Ring ring) const {
         for (const shr::Vec2d& point : ring) {
             const std::unique_ptr<GEOSGeometry, FreeGeometry> vertex(
@@ -111,7 +112,7 @@ struct RankedRing {
     std::size_t parent = 0;  // of depth > 0: the index of the smallest ring around it
 };
 
-// From the largest to the smallest, so that whatever lies around a ring comes before it.
+// Sorts rings from the largest to the smallest, so that those around a ring come before it.
 std::vector<RankedRing> Ranked(std::span<const Ring> rings) {
     std::vector<RankedRing> ranked;
     for (const Ring& ring : rings) {
@@ -126,7 +127,7 @@ void FindParents(std::vector<RankedRing>& ranked) {
     const Context context(GEOS_init_r());
     std::vector<std::unique_ptr<RingArea>> areas(ranked.size());  // made when first asked
     for (std::size_t i = 1; i < ranked.size(); ++i) {
-        // The last match is the smallest ring around; its depth tells the rest.
+        // The last match is the smallest ring around it, and one level less deep.
         for (std::size_t j = i; j-- > 0;) {
             if (!Covers(ranked[j].box, ranked[i].box)) {
                 continue;
@@ -164,7 +165,8 @@ std::vector<NestedPolygon> NestRings(std::span<const Ring> rings) {
     }
     std::vector<RankedRing> ranked = Ranked(rings);
     FindParents(ranked);
-    // In the order of the input, outer rings first: their places must be known to the holes.
+    // In the order of the input. Outer rings first, so that holes find the places of their
+    // polygons.
     std::vector<std::size_t> inOrder(ranked.size());
     for (std::size_t i = 0; i < ranked.size(); ++i) {
         inOrder[ranked[i].order] = i;

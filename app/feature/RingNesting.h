@@ -1,4 +1,4 @@
-// Which ring of a region lies in which: outer rings with their holes.
+// Which ring of a region is a hole, and in which other ring it lies.
 #pragma once
 
 #include "host/shr/Geometry.h"
@@ -16,14 +16,15 @@ struct NestedPolygon {
     std::vector<Ring> holes;
 };
 
-// Splits points into rings of the given sizes, which sum to points.size(). Rings of fewer than
-// three different points, which enclose nothing, are left out.
+// Cuts `points` into rings of the given sizes, which must sum to points.size(). Rings of fewer than
+// three different points enclose nothing and are left out. The results point into `points`.
 std::vector<Ring> RingsOf(std::span<const shr::Vec2d> points,
                           std::span<const std::size_t> partSizes);
 
-// A ring within an even number of others is an outer one; within an odd number it is a hole of the
-// smallest ring around it, so an island in a hole is a polygon of its own. Rings may touch; where
-// rings cross, the vertex that lies clear of the other ring decides.
+// Sorts rings into polygons, in the order of the outer rings. A ring that lies in an even number of
+// others is an outer one. A ring that lies in an odd number is a hole of the smallest ring around
+// it; so an island in a hole is a polygon of its own. Rings may touch. Where two cross, the first
+// vertex that does not lie on the other ring decides.
 std::vector<NestedPolygon> NestRings(std::span<const Ring> rings);
 
 }  // namespace app

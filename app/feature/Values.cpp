@@ -19,7 +19,7 @@ std::string_view Trimmed(std::string_view text) {
     return text;
 }
 
-// The whole text as a number; what is left over or out of range is no number.
+// Reads the whole text as a number. Returns false when something is left over or out of range.
 template <typename Number> bool ParseAll(std::string_view text, Number& value) {
     if (!text.empty() && text.front() == '+') {
         text.remove_prefix(1);
@@ -32,7 +32,7 @@ bool AllDigits(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-// "20240131" as "2024-01-31"; "" when it is none.
+// Returns "20240131" as "2024-01-31"; "" for a text of another form.
 std::string IsoDate(std::string_view text) {
     if (text.size() != 8 || !AllDigits(text)) {
         return {};
@@ -41,7 +41,8 @@ std::string IsoDate(std::string_view text) {
            std::string(text.substr(6, 2));
 }
 
-// "235959" or "235959999" (hours to milliseconds) as "23:59:59.999"; "" when it is none.
+// Returns "235959" or "235959999" (hours to milliseconds) as "23:59:59" or "23:59:59.999"; "" for a
+// text of another form.
 std::string IsoTime(std::string_view text) {
     if ((text.size() != 6 && text.size() != 9) || !AllDigits(text)) {
         return {};

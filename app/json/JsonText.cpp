@@ -14,7 +14,8 @@ bool IsContinuation(std::string_view text, std::size_t at) {
     return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
 }
 
-// Bytes of the well-formed sequence at a byte above 127; 0 when there is none.
+// Returns the length of the well-formed sequence that begins at a byte above 127; 0 for an invalid
+// one.
 std::size_t SequenceLength(std::string_view text, std::size_t at) {
     const auto first = static_cast<unsigned char>(text[at]);
     const auto second = static_cast<unsigned char>(at + 1 < text.size() ? text[at + 1] : 0);

@@ -7,11 +7,12 @@
 
 namespace app {
 
-// Appends a JSON string. Invalid UTF-8 becomes U+FFFD, so that the output is always valid.
+// Appends the text as a JSON string with its quotes. Bytes that are no UTF-8 become U+FFFD, so the
+// output is always valid.
 void AppendJsonString(std::string& out, std::string_view utf8);
 
-// Appends the shortest number. What JSON has no number for becomes "nan", "inf" or "-inf" in
-// quotes.
+// Appends the shortest number that reads back as the same double. JSON has no numbers for the
+// others: they become "nan", "inf" or "-inf" in quotes.
 void AppendJsonNumber(std::string& out, double value);
 
 void AppendJsonNumber(std::string& out, std::int64_t value);

@@ -1,5 +1,5 @@
 // Reads typed values out of JSON. Every operation throws JsonError, which names the key, when the
-// value is of another kind.
+// value is of another kind. Needs the large header of the JSON library.
 #pragma once
 
 #include "app/json/JsonError.h"
@@ -17,13 +17,14 @@
 
 namespace app {
 
-// The members of one JSON object. Each operation changes its target only when the key is there.
+// The members of one JSON object. An operation leaves its target alone when the key is absent.
 class JsonMembers {
 public:
-    // json must outlive the members and be an object; name is for messages.
+    // `json` must outlive the members. `name` says in messages what the object is ("a datum").
+    // Throws JsonError when `json` is no object.
     JsonMembers(const nlohmann::json& json, std::string name);
 
-    // Null when the key is absent.
+    // Returns the value of a key; null when the key is absent.
     const nlohmann::json* Find(const char* key) const;
 
     void Read(const char* key, double& number) const;  // a number, or "nan", "inf", "-inf"
@@ -35,14 +36,14 @@ public:
     void Read(const char* key, std::vector<double>& numbers) const;
     void Read(const char* key, std::vector<std::wstring>& texts) const;
 
-    // A whole number from least to most.
+    // Reads a whole number from `least` to `most`. 1.0 is as whole as 1.
     void ReadWhole(const char* key, std::int64_t& number, std::int64_t least,
                    std::int64_t most) const;
 
-    // Exactly count numbers; the result is empty when the key is absent.
+    // Returns a list of exactly `count` numbers; an empty one when the key is absent.
     std::vector<double> Numbers(const char* key, std::size_t count) const;
 
-    // A whole number that Target holds.
+    // Reads a whole number that Target can hold.
     template <typename Target> void ReadInteger(const char* key, Target& target) const {
         auto whole = static_cast<std::int64_t>(target);
         ReadWhole(key, whole, std::numeric_limits<Target>::min(),
@@ -50,13 +51,14 @@ public:
         target = static_cast<Target>(whole);
     }
 
-    // An enumerator by its number.
+    // Reads an enumerator by its number. Numbers without an enumerator are taken, too.
     template <typename Enum> void ReadEnum(const char* key, Enum& target) const {
         auto number = static_cast<std::underlying_type_t<Enum>>(target);
         ReadInteger(key, number);
         target = static_cast<Enum>(number);
     }
 
+    // Throws JsonError: the value of the key must be `expected`.
     [[noreturn]] void WrongKind(const char* key, const char* expected) const;
 
 private:

@@ -5,12 +5,12 @@
 
 namespace app {
 
-// No number is longer.
+// The most characters that WriteShortest writes.
 inline constexpr std::size_t kShortestNumberSize = 32;
 
-// Writes what std::to_chars writes, to the character, and gives the end of it. There must be room
-// for kShortestNumberSize characters. Numbers of few decimals, as coordinates mostly are, take a
-// third of the time.
+// Writes the same characters as std::to_chars, without a NUL, and returns their end. `out` must
+// have room for kShortestNumberSize characters. Numbers of few decimals, as most coordinates are,
+// take a third of the time of std::to_chars.
 char* WriteShortest(char* out, double value);
 
 // The same digits without an exponent ("500000", not "5e+05") from a millionth to 1e15, where

@@ -16,7 +16,7 @@ public:
     ExportHost(standalone::OptionStore& store, Reporter& reporter, std::string subject)
         : ReportingHost(store, reporter, std::move(subject)) {}
 
-    // Progress belongs to whoever reads the input: it knows how much is left.
+    // The reading side shows the progress: it knows how much of the input is left.
     void ProgressStart(const std::wstring&, bool, bool) override {}
     void ProgressIndeterminate() override {}
     void ProgressEnd() override {}
@@ -24,8 +24,8 @@ public:
 
 }  // namespace
 
-// Members are destroyed from the last to the first: the filter deletes what is unfinished, then the
-// pair's folder goes.
+// Members are destroyed from the last to the first: first the filter, which deletes unfinished
+// files, and at last the pair's private folder.
 struct ExportRun::Parts {
     Parts(const ExportSettings& exportSettings, Reporter& reporter, ObservingHost* theObserver)
         : settings(exportSettings), pair(settings.path, settings.ifExists),
@@ -34,7 +34,7 @@ struct ExportRun::Parts {
           manager(observer != nullptr ? static_cast<zeio::IoHost&>(*observer) : ownHost),
           filter(module.NewExportFilter(manager)) {}
 
-    // Tells the observer what the filter threw, and the user in the user's own words for the files.
+    // Passes the filter's error to the observer, and throws it as a Failure with the user's path.
     [[noreturn]] void Rethrow(const shr::IError& error) const;
 
     ExportSettings settings;

@@ -19,16 +19,16 @@
 
 namespace app {
 
-// A host of an export that also hears which errors the filter threw.
+// A host of an export that also learns which errors the filter threw.
 class ObservingHost : public zeio::IoHost {
 public:
     using IoHost::IoHost;
 
-    // Turns the texts of an error into what the user should read: a run's files lie elsewhere while
-    // they are written.
+    // Returns a text of an error with the user's own path: while they are written, the files lie in
+    // a private folder.
     using ShownText = std::function<std::wstring(std::wstring)>;
 
-    // Called once per error, before it leaves the run as a Failure.
+    // Called once per error, before the run throws it as a Failure.
     virtual void Thrown(const shr::IError& error, const ShownText& shown) = 0;
 };
 
@@ -40,35 +40,38 @@ struct ExportSettings {
     std::string modulePath;
 };
 
-// One export under way. Construct, Send every object, Finish. Without Finish nothing is left.
+// One export. Order of calls: constructor, Begin, SendSystem, SendColumns, Send for each object,
+// Finish. Without Finish nothing is left behind.
 class ExportRun {
 public:
-    // Opens the pair. An observer, when given, is the filter's host in place of the run's own; it
-    // must outlive the run. Throws Failure.
+    // Opens the pair. A given `observer` is the filter's host in place of the run's own, and must
+    // outlive the run, as `reporter` must. Throws Failure.
     ExportRun(const ExportSettings& settings, Reporter& reporter,
               ObservingHost* observer = nullptr);
     ~ExportRun();
 
-    // What every export begins with: tells the filter the extent of all that comes, and asks what
-    // it renders. kUnknownExtent stands for an extent that is not known.
+    // Tells the filter the extent of all objects to come, or kUnknownExtent, and asks what it
+    // renders. Every export begins with it. Returns the filter's status. Throws Failure.
     zeio::ExportStatus Begin(const shr::Box3d& extent);
     static constexpr shr::Box3d kUnknownExtent{0.0, 0.0, 0.0, -1.0, -1.0, -1.0};
 
-    // The filter's answer: a host does not send what the filter does not render.
+    // The filter's answer to Begin. Hosts don't send what the filter does not render.
     bool RendersText() const;
     bool RendersMarkers() const;
 
-    // The coordinate system and the names of the columns. No call for none.
+    // Send the coordinate system and the names of the columns; not called when there is none. Throw
+    // Failure.
     void SendSystem(const gcs::CSDef& system);
     void SendColumns(const std::vector<std::wstring>& names);
 
-    // Hands an object to the filter. Throws Failure when it can't be written.
+    // Hands an object to the filter and returns its status. Throws Failure when writing fails.
     zeio::ExportStatus Send(zeio::TrBase& object);
 
-    // Completes the pair and moves it into place. False when no graphic object was sent: no file is
-    // left then.
+    // Completes the pair and moves it into place. Returns false when no graphic object was sent:
+    // then no file is left. Throws Failure.
     bool Finish();
 
+    // What the filter returned when it opened the pair.
     zeio::ExportStatus BeginStatus() const { return beginStatus_; }
 
 private:

@@ -20,7 +20,7 @@
 namespace app {
 namespace {
 
-// A longer header is not kept for a second reading.
+// Longer headers are not kept in memory for ImportHeader.
 constexpr std::uint64_t kMostHeaderBytes = std::uint64_t{1} << 20;
 
 // Ends an import once its first part is known.
@@ -32,7 +32,7 @@ bool IsOfHeader(const zeio::TrBase& object) {
            type == zeio::TrCRS::GetClassTypeId() || type == zeio::TrNamedIds::GetClassTypeId();
 }
 
-// What a user can do about an import that the module has stopped.
+// Says what a user can do when the module stopped an import.
 std::string AdviceFor(const MifHeader& header, const std::string& name) {
     if (header.unknownProjection) {
         const std::int64_t code = *header.unknownProjection;
@@ -57,7 +57,7 @@ MifHeader ReadHeader(const std::filesystem::path& path, std::string& bytes) {
     return header;
 }
 
-// The bytes with the empty lines that the header lacks.
+// Returns the bytes with an empty line at each offset.
 std::string Padded(std::string bytes, const std::vector<std::uint64_t>& offsets) {
     for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset) {
         bytes.insert(static_cast<std::size_t>(*offset), 1, '\n');
@@ -113,7 +113,7 @@ ReportingHost::ReportingHost(standalone::OptionStore& store, Reporter& reporter,
 
 int ReportingHost::Warning(shr::IError::WarnStyle, const std::wstring& text) {
     std::string message = standalone::Narrow(text);
-    // The module's header warnings begin with a line of their own that says so again.
+    // The reporter says "warning" itself.
     if (message.starts_with("WARNING:\n")) {
         message.erase(0, std::string("WARNING:\n").size());
     }
@@ -223,7 +223,8 @@ void ImportRun::ImportHeader(Reporter& reporter, const ObjectSink& sink) {
             Import(path, withoutProgress, headerSink);
             return;
         } catch (const shr::IError&) {
-            // Its own words name the file; or the module's header goes on behind this Data line.
+            // Imported again from the file itself, for the error with the user's path; or because
+            // the module looks for the header's end behind this Data line.
         }
     }
     try {

@@ -11,11 +11,11 @@
 
 namespace app {
 
-// The first that exists of the places where a module of the program's own is: beside the program;
-// ../lib/qolf/ seen from it. Throws Failure with the places that were looked at.
+// Returns the first place of a library of our own that exists: beside the program, or in
+// ../lib/qolf/ seen from the program. Throws Failure, with the places, when there is none.
 std::filesystem::path FindBesideProgram(const char* fileName);
 
-// Deletes a filter before it lets go of the module that holds the filter's code.
+// Deletes a filter, and only then lets go of the module with the filter's code.
 template <typename Filter> class FilterDeleter {
 public:
     FilterDeleter() = default;
@@ -31,13 +31,13 @@ using ExportFilterPtr = std::unique_ptr<zeio::IoExportFilter, FilterDeleter<zeio
 
 class Module {
 public:
-    // Loads the module at once. An empty path means the first that exists of: $QOLF_MODULE; qolf.so
-    // (Windows: qolf.dll) beside the program; ../lib/qolf/ seen from the program. Throws Failure
-    // with the places that were looked at, or the loader's own reason.
+    // Loads the module. An empty `path` stands for the first of these that exists: $QOLF_MODULE,
+    // qolf.so (Windows: qolf.dll) beside the program, qolf.so in ../lib/qolf/ seen from the
+    // program. Throws Failure with the places, or with the loader's own reason.
     explicit Module(const std::string& path);
 
-    // New filters bound to the manager, which must outlive them. The module stays loaded while one
-    // of its filters lives. Throws Failure when the module does not offer the filter.
+    // Make a new filter for the manager, which must outlive it. The module stays loaded as long as
+    // one of its filters lives. Throw Failure when the module does not export the factory.
     ImportFilterPtr NewImportFilter(zeio::IoManager& manager) const;
     ExportFilterPtr NewExportFilter(zeio::IoManager& manager) const;
 

@@ -98,7 +98,7 @@ gcs::DatumDef DatumFrom(const Json& json) {
     if (!token.empty() && gcs::GCSKnownDatumsList.FindByToken(token.c_str(), &known) < 2) {
         known = gcs::DatumDef();
     }
-    // What is not said is as in the known list.
+    // Absent members are those of the known datum.
     gcs::DatumParameters parameters = known.GetParameters();
     members.ReadEnum("method", parameters.kind);
     members.ReadEnum("target", parameters.target);

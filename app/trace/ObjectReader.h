@@ -10,8 +10,8 @@
 
 namespace app {
 
-// Makes the object of a JSON object with a "type". Keys that are not there leave the class's
-// defaults; keys that the class does not have are ignored. Throws JsonError.
+// Makes the translation object that a JSON object with a "type" describes. Absent keys leave the
+// defaults of the class; unknown keys are ignored. Throws JsonError.
 std::unique_ptr<zeio::TrBase> ObjectFromJson(const nlohmann::json& json);
 
 // Makes the object of one line of a trace: an object alone, or a call of ImportObject with one.

@@ -19,7 +19,7 @@
 namespace app {
 namespace {
 
-// Hands every object of the input to take, in order. Throws Failure, naming the line.
+// Hands every object of the input to `take`, in order. Throws Failure with the number of the line.
 void ForEachObject(const RereadableInput& input, Reporter& reporter,
                    const std::function<void(zeio::TrBase&)>& take) {
     InputStream stream(input);
@@ -42,7 +42,7 @@ void ForEachObject(const RereadableInput& input, Reporter& reporter,
     }
 }
 
-// What the host would send in place of the object.
+// Sends an object as the host of an export would, which begins an export in its own way.
 zeio::ExportStatus SendAsHost(ExportRun& run, zeio::TrBase& object, const shr::Box3d& extent) {
     if (object.GetTypeId() != zeio::TrInitGraphicsImp::GetClassTypeId()) {
         return run.Send(object);
@@ -80,13 +80,13 @@ ExportSettings SettingsOf(const ReplayOptions& options) {
     return settings;
 }
 
-// Exports the input, with the trace as the filter's host unless it is null.
+// Exports the input. `trace`, unless it is null, is the filter's host.
 Answers Export(const RereadableInput& input, const ReplayOptions& options, Reporter& reporter,
                TraceHost* trace) {
-    // The first pass finds the extent, and every faulty line before anything is written.
+    // A first pass finds the extent, and faulty lines before anything is written.
     ExtentOfObjects extent;
     if (options.trace && IsTerminal(stdout)) {
-        reporter.SetProgress(false);  // the trace stands there
+        reporter.SetProgress(false);  // the trace goes to the terminal
     }
     reporter.StartProgress("reading", SizeOfFile(PathFromArgument(options.input)));
     ForEachObject(input, reporter, [&](zeio::TrBase& object) { extent.Add(object); });
@@ -107,7 +107,8 @@ Answers Export(const RereadableInput& input, const ReplayOptions& options, Repor
     return answers;
 }
 
-// The same, with the filter's calls and answers on standard output; an error ends them there.
+// Exports with the filter's calls and answers on standard output. After an error, the output ends
+// with the calls before it.
 Answers ExportWithTrace(const RereadableInput& input, const ReplayOptions& options,
                         Reporter& reporter) {
     const auto store = OpenOptionStore(options.noStore);

@@ -9,10 +9,10 @@
 namespace app {
 
 struct ReplayOptions {
-    std::string input;   // "-": standard input
-    std::string output;  // a .mif file
-    bool trace = false;
-    bool noExtent = false;
+    std::string input;      // "-": standard input
+    std::string output;     // a .mif file
+    bool trace = false;     // print the filter's calls and answers to standard output
+    bool noExtent = false;  // tell the filter that the extent is not known
     bool noStore = false;
     bool overwrite = false;
     std::optional<std::string> optionString;
@@ -20,6 +20,9 @@ struct ReplayOptions {
     std::string modulePath;
 };
 
+// Exports the objects of the input, which is read twice: for the extent, then to send the objects.
+// Returns the exit code. Throws Failure, naming the line, for an input that can't be read; nothing
+// is written then.
 int RunReplay(const ReplayOptions& options, Reporter& reporter);
 
 }  // namespace app

@@ -1,4 +1,4 @@
-// A host that writes down every call of a filter, one JSON object a line.
+// A host that writes every call of a filter as a line of JSON.
 #pragma once
 
 #include "app/base/Output.h"
@@ -13,7 +13,8 @@ namespace app {
 
 class TraceHost : public ObservingHost {
 public:
-    // Both must outlive the host. The options come from the store as without a trace.
+    // Both must outlive the host. Options are read from and written to the store, as without a
+    // trace.
     TraceHost(standalone::OptionStore& store, OutputFile& output);
 
     bool GetOption(const std::wstring& name, bool& value, bool persistent) override;
@@ -36,7 +37,7 @@ public:
     std::uint64_t ObjectCount() const { return objectCount_; }
 
 private:
-    // Writes {"call":"NAME" and what members adds to it.
+    // Writes {"call":"NAME"} with the members that `members` adds.
     template <typename Members> void Line(const char* call, const Members& members);
 
     OutputFile& output_;

@@ -15,10 +15,10 @@ namespace app {
 // name alone.
 void AppendObjectJson(std::string& out, const zeio::TrBase& object);
 
-// Appends the definition of a coordinate system; null for none.
+// Appends the definition of a coordinate system; `null` when `system` is null.
 void AppendSystemJson(std::string& out, const gcs::CSDef* system);
 
-// The name of the object's class: "TrPen".
+// Returns the name of the object's class: "TrPen".
 std::string ClassName(const zeio::TrBase& object);
 
 }  // namespace app

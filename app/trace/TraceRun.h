@@ -16,8 +16,9 @@ struct TraceOptions {
     std::string modulePath;
 };
 
-// The exit code: 1 when the import ended with an error, whose line is the last but those of the
-// filter's destruction.
+// Imports the file and prints every call to standard output. Returns the exit code: 1 when the
+// import ended with an error. The error has a line of its own in the output; only the calls of the
+// filter's destructor follow it. Throws Failure and UsageError.
 int RunTrace(const TraceOptions& options, Reporter& reporter);
 
 }  // namespace app

@@ -13,8 +13,8 @@ namespace {
 constexpr std::size_t kSlots = 64;
 constexpr std::size_t kPathBytes = 4096;
 
-// The handler may only look at plain memory, so the paths lie in fixed arrays. A slot is written
-// while it is Free and read while it is not.
+// A signal handler can use plain memory only, so the paths are in fixed arrays. A slot is written
+// only while it is Free, and read only while it is not.
 enum SlotState : int { Free = 0, HoldsFile = 1, HoldsFolder = 2 };
 struct Slot {
     std::atomic<int> state{Free};
@@ -34,7 +34,7 @@ extern "C" void RemoveAndDie(int signalNumber) {
             rmdir(slot.path);
         }
     }
-    // SA_RESETHAND has put the default back, which ends the program once the handler returns.
+    // SA_RESETHAND has restored the default action, which ends the program after the handler.
     raise(signalNumber);
 }
 

@@ -1,4 +1,5 @@
-// What the command needs of the operating system beyond the standard library. One source a system.
+// What the command needs of the operating system beyond the standard library. Each system has a
+// source of its own.
 #pragma once
 
 #include <cstdint>
@@ -10,44 +11,46 @@
 
 namespace app {
 
-// The arguments as UTF-8 (on POSIX: as they came).
+// Returns the arguments of main() as UTF-8; on POSIX their bytes as they came.
 std::vector<std::string> ProgramArguments(int argc, char** argv);
 
-// Lets a write to a pipe that nobody reads fail instead of ending the program.
+// Makes a write to a pipe without a reader fail, in place of ending the program.
 void IgnoreClosedPipes();
 
-// Puts standard input and output into binary mode where there is another one.
+// Puts standard input and output into binary mode, on systems that have a text mode.
 void UseBinaryStandardStreams();
 
-// When a library's functions are looked up: a foreign one shows at once that one is missing, one
-// of our own starts faster. Windows always looks at once.
+// When a library's functions are looked up. AtOnce shows a missing function of a foreign library
+// when it is loaded; AtFirstCall loads a library of our own faster. Windows always looks at once.
 enum class SymbolBinding { AtOnce, AtFirstCall };
 
-// A loaded library, unloaded with the last copy of the pointer. Null on failure, with the reason.
+// Loads a library, which is unloaded with the last copy of the pointer. Returns null on failure,
+// with the reason in `reason`.
 std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason,
                                         SymbolBinding binding);
 
-// The address of an exported function; null when there is none.
+// Returns the address of an exported function; null when the library has no such function.
 void* LibrarySymbol(void* library, const char* name);
 
-// The file name of the filter module: "qolf.so" or "qolf.dll".
+// Returns the file name of the filter module: "qolf.so" or "qolf.dll".
 const char* ModuleFileName();
 
-// The folder that holds the running program; empty when the system does not tell.
+// Returns the folder of the running program; empty when the system does not know it.
 std::filesystem::path ProgramFolder();
 
 bool IsTerminal(std::FILE* stream);
 
-// Appends the bytes of source from offset on to the file target, copied by the kernel where it
-// can. Throws Failure.
+// Appends the bytes of the file `source`, from `offset` on, to the file `target`; the kernel copies
+// them where it can. Throws Failure.
 void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,
                      const std::filesystem::path& target);
 
-// Makes link another name for target: a symbolic link, or a copy where there are none. Throws
-// Failure.
+// Makes `link` another name of the file `target`: a symbolic link, or a copy on systems without
+// them. Throws Failure.
 void LinkFile(const std::filesystem::path& target, const std::filesystem::path& link);
 
-// Makes an empty folder with a new name below parent that only this user can use. Throws Failure.
+// Makes an empty folder below `parent` that only this user can use, with a new name, and returns
+// its path. Throws Failure.
 std::filesystem::path MakePrivateFolder(const std::filesystem::path& parent);
 
 }  // namespace app

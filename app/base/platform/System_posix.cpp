@@ -33,7 +33,7 @@ public:
     Descriptor& operator=(const Descriptor&) = delete;
     int Number() const { return number_; }
 
-    // Closes now; false when that reports an error.
+    // Closes the descriptor now. Returns false when the system reports an error.
     bool Close() { return close(std::exchange(number_, -1)) == 0; }
 
 private:
@@ -44,7 +44,7 @@ private:
     throw Failure(PathText(path) + ": " + action + ": " + std::strerror(errno));
 }
 
-// The way that always works. Copies what is left of the source.
+// Copies what is left of the source by reading and writing, which always works.
 void CopyByHand(const Descriptor& source, off_t offset, const Descriptor& target,
                 const std::filesystem::path& targetPath) {
     std::vector<char> block(1 << 20);

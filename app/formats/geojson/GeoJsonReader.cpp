@@ -39,7 +39,7 @@ enum class Framing { OneText, Lines, Sequence };
     throw Failure(name + ": " + problem);
 }
 
-// Parsing errors without the library's own prefix.
+// Throws the parser's error without the prefix of the JSON library.
 [[noreturn]] void FailParsing(const std::string& name, const Json::exception& error) {
     std::string text = error.what();
     const std::size_t end = text.find("] ");
@@ -76,13 +76,14 @@ void CheckNesting(int depth, const std::string& name) {
     }
 }
 
-// Empty when the object has no type, or when it is no text.
+// Returns the "type"; "" when the object has none or when it is no text.
 std::string TypeOf(const Json& object) {
     const auto at = object.find("type");
     return at != object.end() && at->is_string() ? at->get<std::string>() : "";
 }
 
-// Reads one text of many features and hands each of them to sink as soon as it is complete.
+// Reads one text, and hands each feature of a collection to the sink as soon as it is complete.
+// What is left of the text goes to `rest`.
 void ReadOneText(std::FILE* stream, const std::string& name, Json& rest, const JsonSink& sink) {
     std::string member;  // of the outermost object
     const auto onEvent = [&](int depth, Json::parse_event_t event, Json& parsed) {
@@ -102,7 +103,7 @@ void ReadOneText(std::FILE* stream, const std::string& name, Json& rest, const J
     }
 }
 
-// Bytes up to the separator, which is not part of them. False at the end.
+// Reads bytes up to the separator, without it. Returns false at the end.
 bool NextText(std::FILE* stream, int separator, std::string& text) {
     text.clear();
     int c = std::getc(stream);
@@ -115,7 +116,7 @@ bool NextText(std::FILE* stream, int separator, std::string& text) {
     return true;
 }
 
-// Whether a text is one that is passed over between two separators.
+// Whether there is only white space between two separators.
 bool IsBlank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
@@ -146,8 +147,8 @@ Json& FeaturesOf(Json& collection, const std::string& name) {
     return *at;
 }
 
-// Hands every feature of the input to sink, a bare geometry as a feature without properties.
-// Returns the bbox of the whole.
+// Hands every feature of the input to the sink; a bare geometry becomes a feature without
+// properties. Returns the bbox of a collection.
 std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter& reporter,
                                          const JsonSink& sink) {
     const Framing framing = FramingOf(input);
@@ -215,7 +216,7 @@ ColumnKind KindOf(const Json& value) {
     return value.is_number() ? ColumnKind::Float : ColumnKind::Char;
 }
 
-// The kind that holds the values of both.
+// Returns the kind that can hold the values of both.
 ColumnKind Common(ColumnKind left, ColumnKind right) {
     if (left == right) {
         return left;

@@ -14,20 +14,21 @@ namespace app {
 
 class GeoJsonReader : public Source {
 public:
-    // Takes a path or "-"; standard input is spooled, since it is read twice. Throws Failure.
+    // Takes a path, or "-" for standard input, which is copied to a private file: it is read twice.
+    // Throws Failure when the file can't be opened.
     explicit GeoJsonReader(const std::filesystem::path& path);
 
     // One layer, with the stem of the file's name.
     std::vector<std::string> LayerNames() const override;
 
-    // Reads everything once: the columns are the properties in first-seen order, each of the kind
-    // that holds all its values; texts that are all ISO dates, times, or both without another zone
-    // than Z are of those kinds. Warns of an input without features. Throws Failure, naming the
-    // feature, also for faults of later features.
+    // Reads everything once. The columns are the properties in the order in which they appear, each
+    // of the kind that can hold all its values. Texts that are all ISO dates, or times, or both
+    // (without a zone or with Z) give columns of these kinds. Warns of an input without features.
+    // Throws Failure, with the number of the feature, for any fault in the input.
     LayerFacts Begin(std::size_t layer, Reporter& reporter) override;
 
-    // One feature for each of the file, with the style that its properties say. Objects and arrays
-    // are their JSON text.
+    // Hands over one feature for each of the file, with the style that its properties give. Values
+    // that are objects or arrays become their JSON text.
     void Read(Reporter& reporter, const FeatureSink& sink) override;
 
 private:

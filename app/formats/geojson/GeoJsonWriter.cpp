@@ -21,7 +21,7 @@ bool IsFinite(const shr::Vec2d& point) {
     return std::isfinite(point.x) && std::isfinite(point.y);
 }
 
-// The point as [x,y].
+// Appends the point as [x,y].
 void AppendPosition(std::string& text, const shr::Vec2d& point) {
     char buffer[2 * kShortestNumberSize + 3];
     char* end = buffer;
@@ -53,7 +53,7 @@ double TwiceSignedArea(std::span<const shr::Vec2d> ring) {
     return area;
 }
 
-// A ring with its first position repeated at the end, in the direction that is wanted.
+// Appends a ring in the wanted direction, with its first position repeated at the end.
 void AppendRing(std::string& text, std::span<const shr::Vec2d> ring, bool isCounterClockwise) {
     if (ring.size() > 1 && ring.front() == ring.back()) {
         ring = ring.first(ring.size() - 1);

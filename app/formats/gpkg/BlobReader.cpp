@@ -34,7 +34,7 @@ enum class WkbType : std::uint32_t {
     Triangle = 17,
 };
 
-// Hands out numbers from the front of the bytes; what would reach past their end throws.
+// Takes numbers from the front of the bytes. Throws BlobError when they end too early.
 class Cursor {
 public:
     explicit Cursor(std::string_view bytes) : rest_(bytes) {}
@@ -57,8 +57,8 @@ public:
         return std::bit_cast<double>(isSwapped_ ? __builtin_bswap64(bits) : bits);
     }
 
-    // A count of things that take at least so many bytes each: one that the bytes can't hold is
-    // refused before anything is sized by it.
+    // Takes a count of things of at least so many bytes each. Throws when the bytes can't hold as
+    // many, before memory is reserved for them.
     std::size_t Count(std::size_t leastBytesEach) {
         const std::size_t count = Whole();
         if (count > rest_.size() / leastBytesEach) {
@@ -127,8 +127,8 @@ std::vector<shr::Vec2d> ReadPoints(Cursor& cursor, std::size_t dimensions) {
     return points;
 }
 
-// The arc from a over b to c without a, as points; a straight one when the three lie on a line. A
-// full circle has c equal to a, and b opposite.
+// Returns the points of the arc from a over b to c, without a; b and c when the three lie on a
+// line. A full circle has c equal to a, and b on the other side.
 void AppendArc(std::vector<shr::Vec2d>& points, const shr::Vec2d& a, const shr::Vec2d& b,
                const shr::Vec2d& c) {
     const double bx = b.x - a.x;
@@ -298,7 +298,7 @@ private:
 
     static void AddPoint(const shr::Vec2d& point, Geometry& geometry) {
         geometry.kind = GeometryKind::Points;
-        // WKB has no empty point, so two NaN stand for it.
+        // WKB has no empty point; two NaN mean one.
         if (!std::isnan(point.x) || !std::isnan(point.y)) {
             geometry.points.push_back(point);
         }

@@ -1,4 +1,4 @@
-// Geometries out of the blobs of a GeoPackage.
+// Reads the geometry blobs of a GeoPackage.
 #pragma once
 
 #include "app/feature/Feature.h"
@@ -8,16 +8,16 @@
 
 namespace app {
 
-// What is wrong with a blob, for the end of a sentence.
+// Says what is wrong with a blob, as the end of a sentence: "the geometry ends too early".
 class BlobError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-// Sets the feature's geometry and members. Takes ISO and extended WKB behind a GeoPackage header,
-// in either byte order. Heights and measures are dropped; arcs become lines of some 64 edges a full
-// turn; collections in collections give their members. An empty geometry, a line of less than two
-// points and a collection of such become None. Throws BlobError.
+// Reads a blob into the feature's geometry and members. A blob is a GeoPackage header, then ISO or
+// extended WKB in either byte order. Heights and measures are dropped; arcs become lines with 64
+// edges for a full turn; a collection in a collection gives its members. An empty geometry, a line
+// of fewer than two points, and a collection of only such become None. Throws BlobError.
 void ReadBlob(std::string_view blob, Feature& feature);
 
 }  // namespace app

@@ -75,7 +75,7 @@ std::string PromotedToMulti(std::string_view blob) {
     }
     std::string promoted(blob.substr(0, headerSize));
     if (type == GeometryType::Point) {
-        // A collecting type has an envelope where a point needs none.
+        // The header of a multi-point has an envelope, that of a point does not.
         promoted[3] = static_cast<char>(static_cast<unsigned char>(promoted[3]) | kEnvelopeXy);
         double x = 0.0;
         double y = 0.0;

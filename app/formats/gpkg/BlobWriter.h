@@ -1,4 +1,4 @@
-// Geometries as the blobs of a GeoPackage: a header with the envelope, then WKB.
+// Writes the geometry blobs of a GeoPackage: a header with the envelope, then WKB.
 #pragma once
 
 #include "app/formats/gpkg/GeometryType.h"
@@ -12,26 +12,28 @@
 
 namespace app {
 
-// Puts one geometry after the other together, from its parts in the order of WKB. All numbers are
-// little-endian, and the bytes say so.
+// Builds one geometry after another. The caller adds the parts in the order of WKB: Begin, then for
+// a collecting type a Count and for each member Member and its parts. All numbers are
+// little-endian, as the blob's header says.
 class BlobWriter {
 public:
     explicit BlobWriter(std::int32_t srsId) : srsId_(srsId) {}
 
-    // Starts a geometry in place of the last. A point has no envelope in its header, being one
-    // itself.
+    // Starts a geometry in place of the last one. The header of a point has no envelope: the point
+    // itself says as much.
     void Begin(GeometryType type, const shr::Box2d& envelope);
 
-    // The head of a member of a collecting type.
+    // Writes the head of a member of a collecting type.
     void Member(GeometryType type);
 
+    // Writes how many members, rings or points follow.
     void Count(std::size_t count);
     void Point(const shr::Vec2d& point);
 
-    // A count and its points.
+    // Writes the count of the points and the points.
     void Points(std::span<const shr::Vec2d> points);
 
-    // Points that end where they begin: the first is written again when the last is another.
+    // Writes a closed ring: when the last point differs from the first, the first is repeated.
     void Ring(std::span<const shr::Vec2d> points);
 
     // The geometry so far; valid until the next call.
@@ -44,8 +46,8 @@ private:
     std::int32_t srsId_;
 };
 
-// A single geometry of BlobWriter as the collecting type with one member; a collecting one as it
-// is.
+// Returns a blob of BlobWriter as its collecting type with one member: a point as a multi-point. A
+// geometry of a collecting type is returned as it is.
 std::string PromotedToMulti(std::string_view blob);
 
 }  // namespace app

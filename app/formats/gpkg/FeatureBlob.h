@@ -17,10 +17,10 @@ class FeatureBlob {
 public:
     explicit FeatureBlob(std::int32_t srsId) : blob_(srsId) {}
 
-    // Puts the geometry of a feature in place of the last one. Curves must have become lines and
-    // regions (FlattenCurves). False when there is none: a feature without geometry, a coordinate
-    // that is no finite number, a line of one point, a region that encloses nothing. A member of a
-    // collection with such a fault is left out.
+    // Builds the geometry of a feature in place of the last one. Curves must have become lines and
+    // regions (FlattenCurves). Returns false when there is nothing to build: a feature without
+    // geometry, a coordinate that is no finite number, a line of one point, a region that encloses
+    // nothing. Such members of a collection are left out.
     bool Build(const Feature& feature);
 
     // Of the geometry that was built last; the blob is valid until the next one is built.

@@ -35,7 +35,7 @@ constexpr SqlTypeRow kSqlTypes[] = {
     {"DATETIME", ColumnKind::DateTime},
 };
 
-// "TEXT(20)" is Char with a width; what no row names is text without one.
+// "TEXT(20)" becomes Char with a width. Types that the table does not have become Char without one.
 LayerColumn ColumnOf(std::string name, std::string_view sqlType) {
     LayerColumn column;
     column.name = std::move(name);

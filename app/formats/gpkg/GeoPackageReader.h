@@ -34,7 +34,7 @@ public:
     // Warns of a system that MIF does not have.
     LayerFacts Begin(std::size_t layer, Reporter& reporter) override;
 
-    // One feature for each row, also without a geometry.
+    // Hands over one feature for each row, also for rows without a geometry.
     void Read(Reporter& reporter, const FeatureSink& sink) override;
 
 private:

@@ -9,7 +9,7 @@
 namespace app {
 namespace {
 
-// Below are the numbers of registers, which other programs would look up.
+// Lower numbers are those of registers, where other programs would look them up.
 constexpr std::int32_t kFirstOwnId = 100000;
 
 std::string Counted(std::uint64_t count, const char* one, const char* many) {
@@ -42,7 +42,7 @@ void GeoPackageWriter::BeginLayer(const std::string& wantedName,
     layer_.emplace(database_, layerName_, columns, IdOf(reference));
 }
 
-// Puts a system that is not there yet into the table.
+// Returns the id of a system; a new one gets a row in the table of systems.
 std::int32_t GeoPackageWriter::IdOf(const SpatialReference& reference) {
     if (reference.IsUndefined()) {
         return -1;

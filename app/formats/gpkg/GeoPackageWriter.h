@@ -17,8 +17,8 @@
 
 namespace app {
 
-// One layer after the other. The file appears under its name when Finish has returned; without it
-// nothing is left. Everything is one transaction.
+// Writes one layer after another, in one transaction. The file appears under its name when Finish
+// has returned; without Finish nothing is left behind.
 class GeoPackageWriter : public Target {
 public:
     // reporter must outlive the writer. Throws Failure.

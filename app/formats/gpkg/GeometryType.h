@@ -17,10 +17,10 @@ enum class GeometryType : std::uint32_t {
     GeometryCollection = 7,
 };
 
-// "POINT", "MULTIPOLYGON", ...
+// Returns "POINT", "MULTIPOLYGON", ...
 const char* GeometryTypeName(GeometryType type);
 
-// The type that collects several of type; a collecting one stays.
+// Returns the type that collects several geometries of `type`. A collecting type stays as it is.
 GeometryType MultiOf(GeometryType type);
 
 }  // namespace app

@@ -61,7 +61,7 @@ bool IsIso(std::string_view text, std::string_view pattern) {
            });
 }
 
-// Whether a text may stand in a column of that kind.
+// Whether a column of that kind may hold texts.
 bool Fits(const LayerColumn& column, std::string_view text) {
     switch (column.kind) {
     case ColumnKind::Char: {
@@ -80,7 +80,7 @@ bool Fits(const LayerColumn& column, std::string_view text) {
     }
 }
 
-// MIF times have no zone; the package's have to name one, and milliseconds.
+// Times of MIF files have no zone; those of a package must have a zone and milliseconds.
 std::string DateTimeText(std::string text) {
     if (text.ends_with('Z')) {
         return text;
@@ -115,7 +115,7 @@ LayerTable::LayerTable(SqliteDatabase& database, std::string name,
                        const std::vector<LayerColumn>& columns, std::int32_t srsId)
     : database_(database), name_(std::move(name)), srsId_(srsId), geometry_(srsId),
       extent_(kEmptyBox) {
-    // The columns of the file keep their names where they can; key and geometry give way.
+    // The layer's columns keep their names where they can; key and geometry get what is left.
     for (std::size_t i = 0; i < columns.size(); ++i) {
         columns_.push_back(
             {names_.Take(columns[i].name, "column_" + std::to_string(i + 1)), columns[i], 0});
@@ -220,7 +220,8 @@ void LayerTable::BindPlacement(int parameter, const Geometry* text) {
     insert_->BindText(parameter, kJustify[static_cast<std::size_t>(text->placement.justify)]);
 }
 
-// One type stays. A single type and the one that collects it become the latter.
+// Returns the one type of all geometries: a type alone, or the collecting type when there is also
+// the type that it collects; Geometry for other mixtures.
 GeometryType LayerTable::UnifiedType() {
     if (types_.size() == 1) {
         return *types_.begin();

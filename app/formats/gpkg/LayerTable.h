@@ -17,14 +17,14 @@
 
 namespace app {
 
-// What a layer's end has to tell a user.
+// What a user should know once a layer is complete.
 struct LayerSummary {
     std::uint64_t written = 0;
-    // Features whose geometry is none: coordinates that are no finite numbers, regions of nothing.
-    // A feature that has no geometry to begin with does not count.
+    // Features whose geometry could not be written: coordinates that are no finite numbers, regions
+    // that enclose nothing. Features that had no geometry to begin with are not counted.
     std::uint64_t withoutGeometry = 0;
 
-    // Values that are none of their column's type and were kept as texts, a column each.
+    // A column with values that do not have its type. They were kept as texts.
     struct Mismatch {
         std::string column;
         std::uint64_t count = 0;
@@ -34,15 +34,17 @@ struct LayerSummary {
 
 class LayerTable {
 public:
-    // Makes the table. name is the final name of the table; the database must outlive the layer.
+    // Makes the table `name`. The database must outlive the object. Throws Failure, as all
+    // operations do.
     LayerTable(SqliteDatabase& database, std::string name, const std::vector<LayerColumn>& columns,
                std::int32_t srsId);
 
     // Adds a row. Rectangles and ellipses must have become regions (FlattenCurves).
     void Write(const Feature& feature);
 
-    // Makes the geometries of one type when they are of one but for collecting, declares that type,
-    // registers the table, and completes the index.
+    // Completes the layer: declares the type of its geometries, registers the table and finishes
+    // the index. When there are points and multi-points (or lines, or polygons) and nothing else,
+    // the single ones become multi-geometries first, so that one type fits all.
     LayerSummary Finish();
 
 private:

@@ -19,7 +19,7 @@ bool IsLayout(char c) {
     return c == '\t' || c == '\n' || c == '\r';
 }
 
-// The usual text: nothing to replace, and no byte whose neighbours must be looked at.
+// Whether all bytes are printable ASCII: the usual text, in which nothing has to be replaced.
 bool IsPlain(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) {
         return static_cast<unsigned char>(c) < 0x80 && (!IsControl(c) || IsLayout(c));

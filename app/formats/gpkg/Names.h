@@ -8,23 +8,24 @@
 
 namespace app {
 
-// The text as valid UTF-8 without control characters other than tab and line ends: each byte that
-// can't stay is U+FFFD.
+// Returns the text as valid UTF-8 without control characters other than tabs and line ends. Each
+// byte that can't stay becomes U+FFFD.
 std::string CleanText(std::string text);
 
-// Hands out names that differ in more than ASCII case, which SQLite does not tell apart.
+// Gives out names that are all different. Upper and lower case of ASCII letters count as the same,
+// as they do for SQLite.
 class UniqueNames {
 public:
-    // The name with control characters and broken UTF-8 replaced by '_'; fallback when nothing is
-    // left of it. A name that is taken gets _2, _3, ... behind it.
+    // Returns `wanted` with control characters and invalid UTF-8 replaced by '_', or `fallback`
+    // when nothing is left of it. A name that was given out before gets _2, _3, ... at its end.
     std::string Take(std::string_view wanted, const std::string& fallback);
 
 private:
     std::set<std::string> taken_;  // in lower case
 };
 
-// A table's name: one that begins like the tables of the package itself or of SQLite ("gpkg_",
-// "rtree_", "sqlite_") gets "layer_" in front.
+// Returns a name for a layer's table. A name that begins like the tables of the package itself or
+// of SQLite ("gpkg_", "rtree_", "sqlite_") gets "layer_" in front.
 std::string TableNameFor(std::string_view wanted);
 
 }  // namespace app

@@ -13,7 +13,7 @@ constexpr std::size_t kHeaderBytes = 4;  // the depth, which only the root has, 
 constexpr std::size_t kCellBytes = 24;   // the id and four floats
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-// The nearest float that is not above the number, and the nearest that is not below.
+// Return the largest float that is not above the number, and the smallest that is not below.
 float RoundedDown(double value) {
     const auto rounded = static_cast<float>(value);
     return rounded > value ? std::nextafter(rounded, -kInfinity) : rounded;
@@ -34,7 +34,7 @@ void AppendFloat(std::string& bytes, float value) {
     AppendBigEndian(bytes, std::bit_cast<std::uint32_t>(value));
 }
 
-// SQLite chose the size of a node by that of a page; the empty root has it.
+// SQLite has chosen the size of the nodes by that of its pages: the empty root has that size.
 std::size_t NodeBytes(SqliteDatabase& database, const std::string& name) {
     SqliteStatement size(database, "SELECT length(data) FROM " + QuotedName(name + "_node"));
     static_cast<void>(size.Step());  // there is always the root
@@ -57,7 +57,7 @@ void PackedRTree::Add(std::int64_t row, const shr::Box2d& box) {
 }
 
 void PackedRTree::Finish() {
-    // Closing a node may begin the level above it.
+    // Closing a node adds a cell to the level above, which may be new.
     for (std::size_t level = 0; level + 1 < levels_.size(); ++level) {
         CloseNode(level);
     }

@@ -1,6 +1,6 @@
-// Writes the nodes of an empty R-tree of SQLite's straight into the tables behind it, each full
+// Fills an empty R-tree of SQLite by writing its nodes into the tables behind it, each node full
 // before the next is begun. Inserting into the virtual table takes five times as long: every entry
-// searches the tree for its place, and nodes are split and their entries inserted again.
+// searches the tree for its place, and full nodes are split.
 #pragma once
 
 #include "app/formats/gpkg/Sqlite.h"
@@ -14,14 +14,15 @@ namespace app {
 
 class PackedRTree {
 public:
-    // For the empty tree of that unquoted name, of two dimensions of 32-bit floats.
+    // `name` is the unquoted name of an empty R-tree with two dimensions of 32-bit floats. Throws
+    // Failure, as all operations do.
     PackedRTree(SqliteDatabase& database, const std::string& name);
 
-    // Puts an entry behind the last one. Those that follow each other share a node, so they should
-    // be neighbours.
+    // Adds an entry. Entries that follow each other share a node, so neighbours on the map should
+    // be neighbours here.
     void Add(std::int64_t row, const shr::Box2d& box);
 
-    // Writes what is left. The tree is complete now and must not be used before.
+    // Writes the last nodes. The tree must not be used before.
     void Finish();
 
 private:

@@ -7,12 +7,12 @@
 namespace app {
 namespace {
 
-// Entries are put in order before they go into the tree, so that neighbours share a node. A block
-// of them bounds the memory.
+// Entries are sorted before they go into the tree, so that neighbours share a node. Sorting them in
+// blocks of this many bounds the memory.
 constexpr std::size_t kHeldEntries = std::size_t{1} << 17;
 
-// TABLE, GEOM, KEY and INDEX stand for quoted names, "INDEX suffix" in NAME(suffix) for the name of
-// a trigger.
+// TABLE, GEOM, KEY and INDEX are replaced by quoted names, and NAME(suffix) by the name of a
+// trigger: "INDEX suffix".
 constexpr const char* kTriggers = R"(
 CREATE TRIGGER NAME(insert) AFTER INSERT ON TABLE
   WHEN (NEW.GEOM NOT NULL AND NOT ST_IsEmpty(NEW.GEOM))
@@ -55,7 +55,7 @@ BEGIN
 END;
 )";
 
-// The bits of a number with a free bit before each.
+// Returns the bits of a number with a 0 before each of them.
 std::uint64_t Spread(std::uint64_t bits) {
     bits = (bits | (bits << 16)) & 0x0000FFFF0000FFFFULL;
     bits = (bits | (bits << 8)) & 0x00FF00FF00FF00FFULL;
@@ -74,7 +74,7 @@ std::string IndexName(const std::string& table, const std::string& geometry) {
     return "rtree_" + table + "_" + geometry;
 }
 
-// Makes the index on the way: the tree needs its tables.
+// Makes the index while the members are initialised: the tree needs its tables.
 std::string MakeIndex(SqliteDatabase& database, std::string index) {
     database.Execute("CREATE VIRTUAL TABLE " + QuotedName(index) +
                      " USING rtree(id, minx, maxx, miny, maxy)");
@@ -115,8 +115,7 @@ void SpatialIndex::Flush() {
     held_.clear();
 }
 
-// The triggers' text with the names in place, in one pass: a name may hold a word that stands for
-// another.
+// Replaces the words in one pass: a name may itself contain one of the words.
 std::string SpatialIndex::Filled(std::string_view sql) const {
     const std::string index = IndexName(table_, geometry_);
     std::string filled;

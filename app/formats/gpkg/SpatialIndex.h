@@ -1,4 +1,4 @@
-// The R-tree index of one geometry column, with the triggers that keep it right.
+// The R-tree index of one geometry column, with the triggers that keep it up to date.
 #pragma once
 
 #include "app/formats/gpkg/PackedRTree.h"
@@ -14,14 +14,15 @@ namespace app {
 
 class SpatialIndex {
 public:
-    // Makes the index, empty and without triggers, of the column geometry of a table whose rows are
-    // numbered by the column key. Names are unquoted.
+    // Makes an empty index, without triggers, of the column `geometry` of a table whose rows are
+    // numbered by the column `key`. All names are unquoted. Throws Failure, as all operations do.
     SpatialIndex(SqliteDatabase& database, std::string table, std::string geometry,
                  std::string key);
 
+    // Adds the box of a row. Entries are held back and sorted, so that near boxes share a node.
     void Add(std::int64_t row, const shr::Box2d& box);
 
-    // Writes what is still held back, makes the triggers and registers the extension.
+    // Writes the entries that are held back, makes the triggers and registers the extension.
     void Finish();
 
 private:

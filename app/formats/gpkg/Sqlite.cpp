@@ -15,8 +15,7 @@ std::string Quoted(std::string_view text, char quote) {
     return quoted + quote;
 }
 
-// A file from elsewhere may hold views and triggers that call functions, and pages that are no
-// pages.
+// A file from elsewhere may have views and triggers that call functions, and damaged pages.
 void Harden(sqlite3* handle) {
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);

@@ -13,7 +13,8 @@ struct sqlite3_stmt;
 
 namespace app {
 
-// "a" as an identifier and 'a' as a text in SQL, whatever it holds but a NUL.
+// Return "name" as an identifier and 'text' as a text in SQL, whatever characters but NUL they
+// hold.
 std::string QuotedName(std::string_view name);
 std::string QuotedText(std::string_view text);
 
@@ -33,10 +34,11 @@ public:
     void BindText(int parameter, std::string_view utf8);
     void BindBlob(int parameter, std::string_view bytes);
 
-    // True with a row; false, and ready to be bound and run again, at the end.
+    // Goes to the next row. Returns false at the end; the statement can then be bound and run
+    // again.
     bool Step();
 
-    // Gives up the rows that are left.
+    // Gives up the rows that are left, so that the statement can be run again.
     void Reset();
 
     int ColumnCount() const;
@@ -44,7 +46,7 @@ public:
     std::int64_t Whole(int column) const;
     double Real(int column) const;
 
-    // Valid until the next Step. Null is empty.
+    // Valid until the next Step. A NULL gives an empty view.
     std::string_view Text(int column) const;
     std::string_view Blob(int column) const;
 
