@@ -19,20 +19,20 @@ std::string FeatureOf(const std::string& geometry, const std::string& properties
     return R"({"type":"Feature","properties":)" + properties + R"(,"geometry":)" + geometry + "}";
 }
 
-// The lines behind DATA of the file that the GeoJSON becomes.
+// The lines behind Data of the file that the GeoJSON becomes.
 std::string ObjectsOf(const Sandbox& sandbox, const std::string& geoJson) {
     sandbox.Write("in.geojson", geoJson);
     const Result result = sandbox.Qolf({"convert", "--no-store", "in.geojson", "out.mif"});
     EXPECT_EQ(result.exitCode, 0) << result.err;
     const std::string mif = sandbox.Read("out.mif");
-    const std::size_t data = mif.find("\nDATA\n");
+    const std::size_t data = mif.find("\nData\n");
     return data == std::string::npos ? mif : mif.substr(data + 6);
 }
 
 struct GeometryRow {
     std::string name;
     std::string geometry;
-    std::string objects;  // behind DATA, without styles
+    std::string objects;  // behind Data
 };
 
 std::ostream& operator<<(std::ostream& out, const GeometryRow& row) {
@@ -41,61 +41,48 @@ std::ostream& operator<<(std::ostream& out, const GeometryRow& row) {
 
 class GeoJsonGeometry : public testing::TestWithParam<GeometryRow> {};
 
-// The objects without their style lines, which begin with two blanks and a letter.
-std::string WithoutStyles(const std::string& objects) {
-    std::string left;
-    std::size_t at = 0;
-    while (at < objects.size()) {
-        const std::size_t end = objects.find('\n', at) + 1;
-        if (objects.compare(at, 3, "  P") != 0 && objects.compare(at, 3, "  B") != 0) {
-            left += objects.substr(at, end - at);
-        }
-        at = end;
-    }
-    return left;
-}
-
 TEST_P(GeoJsonGeometry, BecomesTheseObjects) {
     const Sandbox sandbox;
 
     const std::string objects = ObjectsOf(sandbox, CollectionOf(FeatureOf(GetParam().geometry)));
 
-    EXPECT_EQ(WithoutStyles(objects), GetParam().objects);
+    EXPECT_EQ(objects, GetParam().objects);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     , GeoJsonGeometry,
     testing::Values(
-        GeometryRow{"Point", R"({"type":"Point","coordinates":[1,2]})", "POINT 1 2\n"},
-        GeometryRow{"PointWithHeight", R"({"type":"Point","coordinates":[1,2,3]})", "POINT 1 2\n"},
+        GeometryRow{"Point", R"({"type":"Point","coordinates":[1,2]})", "Point 1 2\n"},
+        GeometryRow{"PointWithHeight", R"({"type":"Point","coordinates":[1,2,3]})", "Point 1 2\n"},
         GeometryRow{"MultiPoint", R"({"type":"MultiPoint","coordinates":[[1,2],[3,4]]})",
-                    "POINT 1 2\nPOINT 3 4\n"},
+                    "Multipoint 2\n1 2\n3 4\n"},
         GeometryRow{"LineString", R"({"type":"LineString","coordinates":[[1,2],[3,4]]})",
-                    "PLINE 2\n1 2\n3 4\n"},
+                    "Line 1 2 3 4\n"},
         GeometryRow{"MultiLineString",
                     R"({"type":"MultiLineString","coordinates":[[[1,2],[3,4]],[[5,6],[7,8]]]})",
-                    "PLINE 2\n1 2\n3 4\nPLINE 2\n5 6\n7 8\n"},
+                    "Pline Multiple 2\n  2\n1 2\n3 4\n  2\n5 6\n7 8\n"},
         GeometryRow{"PolygonWithHole",
                     R"({"type":"Polygon","coordinates":[[[0,0],[9,0],[9,9],[0,0]],
                         [[1,1],[2,2],[2,1],[1,1]]]})",
-                    "REGION 2\n  4\n0 0\n9 0\n9 9\n0 0\n  4\n1 1\n2 2\n2 1\n1 1\n"},
+                    "Region 2\n  4\n0 0\n9 0\n9 9\n0 0\n  4\n1 1\n2 2\n2 1\n1 1\n"},
         GeometryRow{"MultiPolygon",
                     R"({"type":"MultiPolygon","coordinates":[[[[0,0],[9,0],[9,9],[0,0]]],
                         [[[1,1],[2,1],[2,2],[1,1]]]]})",
-                    "REGION 2\n  4\n0 0\n9 0\n9 9\n0 0\n  4\n1 1\n2 1\n2 2\n1 1\n"},
+                    "Region 2\n  4\n0 0\n9 0\n9 9\n0 0\n  4\n1 1\n2 1\n2 2\n1 1\n"},
         GeometryRow{"GeometryCollection",
                     R"({"type":"GeometryCollection","geometries":[
                         {"type":"Point","coordinates":[1,2]},
                         {"type":"LineString","coordinates":[[1,2],[3,4]]}]})",
-                    "POINT 1 2\nPLINE 2\n1 2\n3 4\n"}),
+                    "Collection 2\nMultipoint 1\n1 2\nPline 2\n1 2\n3 4\n"}),
     [](const auto& row) { return row.param.name; });
 
 TEST(ConvertFromGeoJson, DeclaresLongitudeAndLatitudeOfWgs84) {
     const Sandbox sandbox;
     ObjectsOf(sandbox, CollectionOf(FeatureOf(R"({"type":"Point","coordinates":[1,2]})")));
 
-    EXPECT_NE(sandbox.Read("out.mif").find("COORDSYS Earth  \n  Projection 1, 104\n"),
-              std::string::npos);
+    EXPECT_NE(
+        sandbox.Read("out.mif").find("\nCoordSys Earth Projection 1, 104 Bounds (0, 1) (2, 3)\n"),
+        std::string::npos);
 }
 
 TEST(ConvertFromGeoJson, TakesPropertiesAsColumnsInFirstSeenOrder) {
@@ -104,23 +91,55 @@ TEST(ConvertFromGeoJson, TakesPropertiesAsColumnsInFirstSeenOrder) {
     ObjectsOf(sandbox, CollectionOf(FeatureOf(point, R"({"z":"a","n":1.5,"o":{"k":[1,true]}})") +
                                     "," + FeatureOf(point, R"({"b":false,"z":null})")));
 
-    EXPECT_NE(sandbox.Read("out.mif").find("COLUMNS 4\n  z char (1)    \n  n char (3)    \n"
-                                           "  o char (14)   \n  b char (5)    \n"),
+    EXPECT_NE(sandbox.Read("out.mif").find("\nColumns 4\n  z Char(1)\n  n Float\n  o Char(14)\n"
+                                           "  b Logical\n"),
               std::string::npos)
         << sandbox.Read("out.mif");
-    EXPECT_EQ(sandbox.Read("out.mid"),
-              "\"a\" ,\"1.5\" ,\"{_k_:[1,true]}\" ,\"\"\n\"\" ,\"\" ,\"\" ,\"false\"\n");
+    EXPECT_EQ(sandbox.Read("out.mid"), "\"a\",1.5,\"{\"\"k\"\":[1,true]}\",\n,,,F\n");
 }
 
-TEST(ConvertFromGeoJson, CountsFeaturesWithoutGeometry) {
+TEST(ConvertFromGeoJson, KeepsFeaturesWithoutGeometry) {
     const Sandbox sandbox;
-    sandbox.Write("in.geojson", CollectionOf(FeatureOf("null") + "," +
-                                             FeatureOf(R"({"type":"Point","coordinates":[1,2]})")));
 
-    const Result result = sandbox.Qolf({"convert", "--no-store", "in.geojson", "out.mif"});
+    EXPECT_EQ(
+        ObjectsOf(sandbox, CollectionOf(FeatureOf("null") + "," +
+                                        FeatureOf(R"({"type":"Point","coordinates":[1,2]})"))),
+        "None\nPoint 1 2\n");
+}
 
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_NE(result.err.find("1 feature has no geometry"), std::string::npos) << result.err;
+TEST(ConvertFromGeoJson, WritesStylePropertiesAsClauses) {
+    const Sandbox sandbox;
+
+    EXPECT_EQ(ObjectsOf(sandbox, CollectionOf(FeatureOf(R"({"type":"Point","coordinates":[1,2]})",
+                                                        R"({"marker-color":"#ff0000"})"))),
+              "Point 1 2\n    Symbol (34,16711680,12)\n");
+}
+
+TEST(ConvertFromGeoJson, RoundsCoordinatesWhenTold) {
+    const Sandbox sandbox;
+    sandbox.Write("in.geojson",
+                  CollectionOf(FeatureOf(R"({"type":"Point","coordinates":[1.23456,-2.99999]})")));
+
+    const Result mif =
+        sandbox.Qolf({"convert", "--no-store", "--precision", "3", "in.geojson", "out.mif"});
+    const Result json = sandbox.Qolf({"convert", "--precision", "3", "in.geojson", "-"});
+
+    EXPECT_EQ(mif.exitCode, 0) << mif.err;
+    EXPECT_NE(sandbox.Read("out.mif").find("\nPoint 1.235 -3\n"), std::string::npos);
+    EXPECT_NE(json.out.find("[1.235,-3]"), std::string::npos) << json.out;
+}
+
+TEST(ConvertFromGeoJson, WritesTextsInTheEncodingThatIsNamed) {
+    const Sandbox sandbox;
+    sandbox.Write("in.geojson", CollectionOf(FeatureOf(R"({"type":"Point","coordinates":[1,2]})",
+                                                       R"({"name":"caf\u00e9"})")));
+
+    const Result result = sandbox.Qolf(
+        {"convert", "--no-store", "--encoding", "windows-1250", "in.geojson", "out.mif"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_NE(sandbox.Read("out.mif").find("\nCharset \"WindowsLatin2\"\n"), std::string::npos);
+    EXPECT_EQ(sandbox.Read("out.mid"), "\"caf\xE9\"\n");
 }
 
 TEST(ConvertFromGeoJson, ReadsStandardInputAndTextSequences) {
@@ -131,7 +150,7 @@ TEST(ConvertFromGeoJson, ReadsStandardInputAndTextSequences) {
                                        "\x1E" + feature + "\n\x1E" + feature + "\n");
 
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_NE(sandbox.Read("out.mif").find("POINT 1 2\n"), std::string::npos);
+    EXPECT_NE(sandbox.Read("out.mif").find("\nPoint 1 2\n"), std::string::npos);
 }
 
 TEST(ConvertFromGeoJson, ReadsAFeatureALine) {
@@ -142,7 +161,7 @@ TEST(ConvertFromGeoJson, ReadsAFeatureALine) {
         sandbox.Qolf({"convert", "--no-store", "-", "out.mif"}, feature + "\n" + feature + "\n");
 
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(sandbox.Read("out.mid"), "\"\"\n\"\"\n");
+    EXPECT_EQ(sandbox.Read("out.mid"), "1\n2\n");
 }
 
 struct FaultyRow {
@@ -186,7 +205,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyRow{"LineOfOnePosition",
                   CollectionOf(FeatureOf(R"({"type":"LineString","coordinates":[[1,2]]})")),
                   "feature 1: a line has one position only"},
-        FaultyRow{"TypeThatIsNoText", R"({"type":[1]})", "has no array \"coordinates\""},
+        FaultyRow{"TypeThatIsNoText", R"({"type":[1]})", "the geometry type \"\""},
         FaultyRow{"NestedWithoutEnd",
                   CollectionOf(R"({"type":"Feature","properties":{"a":)" +
                                std::string(200'000, '[') + std::string(200'000, ']') +
@@ -203,7 +222,8 @@ TEST(ConvertFromGeoJson, WritesAProjectedSystemWhenTold) {
         sandbox.Qolf({"convert", "--no-store", "--crs", "EPSG:25835", "in.geojson", "out.mif"});
 
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_NE(sandbox.Read("out.mif").find("  Projection 8, 33, \"m\", 27, 0, 0.9996, 500000, 0\n"),
+    EXPECT_NE(sandbox.Read("out.mif").find(
+                  "\nCoordSys Earth Projection 8, 33, \"m\", 27, 0, 0.9996, 500000, 0\n"),
               std::string::npos)
         << sandbox.Read("out.mif");
 }

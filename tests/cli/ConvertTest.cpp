@@ -261,8 +261,7 @@ TEST(ConvertPair, KeepsTheLatitudeOfAnAzimuthalProjectionAtAnyLatitude) {
     const Result result = sandbox.Qolf({"convert", "--no-store", "a.mif", "b.mif"});
 
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_NE(sandbox.Read("b.mif").find("  Projection 4, 104, \"m\", 10, 52, 90\n"),
-              std::string::npos)
+    EXPECT_NE(sandbox.Read("b.mif").find(", 104, \"m\", 10, 52, 90\n"), std::string::npos)
         << sandbox.Read("b.mif");
 }
 
@@ -352,8 +351,8 @@ TEST(ConvertPair, LeavesOutTextsAndPointsWhenTold) {
                       cli::Sample("objects.mif"), "out.mif"});
 
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(sandbox.Read("out.mif").find("TEXT"), std::string::npos);
-    EXPECT_EQ(sandbox.Read("out.mif").find("POINT"), std::string::npos);
+    EXPECT_EQ(sandbox.Read("out.mif").find("Text"), std::string::npos);
+    EXPECT_EQ(sandbox.Read("out.mif").find("\nPoint"), std::string::npos);
 }
 
 TEST(ConvertPair, WritesAreasAsCurvesWhenToldAndForgetsItAfterwards) {
@@ -363,8 +362,8 @@ TEST(ConvertPair, WritesAreasAsCurvesWhenToldAndForgetsItAfterwards) {
     EXPECT_EQ(sandbox.Qolf({"convert", "--areas-to-curves", in, "a.mif"}).exitCode, 0);
     EXPECT_EQ(sandbox.Qolf({"convert", in, "b.mif"}).exitCode, 0);
 
-    EXPECT_NE(sandbox.Read("a.mif").find("PLINE 6"), std::string::npos);
-    EXPECT_NE(sandbox.Read("b.mif").find("REGION 1"), std::string::npos);
+    EXPECT_NE(sandbox.Read("a.mif").find("Pline 6"), std::string::npos);
+    EXPECT_NE(sandbox.Read("b.mif").find("Region 1"), std::string::npos);
 }
 
 TEST(ConvertToAPackage, MakesALayerOfEachFileAndReadsThemBack) {

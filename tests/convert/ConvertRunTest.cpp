@@ -128,8 +128,18 @@ TEST_F(AConversion, ReadsAPairThroughTheRepairThatItIsGiven) {
     EXPECT_NE(folder_.Read("out.geojsonl"), "");
 }
 
-TEST_F(AConversion, LeavesNoPairWhenThereIsNothingToDraw) {
+TEST_F(AConversion, WritesAPairThatHasNoObjects) {
     folder_.Write("in.mif", "Version 300\nCharset \"Neutral\"\nColumns 1\n  id Integer\nData\n\n");
+
+    EXPECT_EQ(Run({"in.mif", "out.mif"}), 0);
+
+    EXPECT_NE(folder_.Read("out.mif").find("\nColumns 1\n  id Integer\n"), std::string::npos);
+    EXPECT_TRUE(folder_.Has("out.mid"));
+}
+
+TEST_F(AConversion, LeavesNoPairOfTheModuleWhenThereIsNothingToDraw) {
+    folder_.Write("in.mif", "Version 300\nCharset \"Neutral\"\nColumns 1\n  id Integer\nData\n\n");
+    options_.asIs = true;
 
     EXPECT_EQ(Run({"in.mif", "out.mif"}), 0);
 
@@ -137,6 +147,37 @@ TEST_F(AConversion, LeavesNoPairWhenThereIsNothingToDraw) {
     EXPECT_TRUE(messages_.Text().ends_with(": holds no objects that are drawn; nothing was "
                                            "written\n"))
         << messages_.Text();
+}
+
+TEST_F(AConversion, WritesAsTheModuleDoesWhenTold) {
+    folder_.Write("in.geojson", kPlaces);
+    options_.asIs = true;
+
+    EXPECT_EQ(Run({"in.geojson", "out.mif"}), 0);
+
+    EXPECT_TRUE(folder_.Read("out.mif").starts_with("VERSION  300\nCHARSET \"WindowsLatin1\"\n"));
+    EXPECT_EQ(folder_.Read("out.mid"), "\"1\"\n\"2\"\n");
+}
+
+TEST_F(AConversion, TakesTheEncodingForItsOutputWhenNoInputHasOne) {
+    folder_.Write("in.geojson", kPlaces);
+    options_.encoding = "CP1251";
+
+    EXPECT_EQ(Run({"in.geojson", "out.mif"}), 0);
+
+    EXPECT_NE(folder_.Read("out.mif").find("\nCharset \"WindowsCyrillic\"\n"), std::string::npos);
+}
+
+TEST_F(AConversion, TakesTheOutputsEncodingForItsOutput) {
+    folder_.Write("in.mif", "Version 300\nCharset \"WindowsCyrillic\"\nDelimiter \",\"\n"
+                            "Columns 1\n  id Char(9)\nData\nPoint 1 2\n");
+    folder_.Write("in.mid", "\"\xC6\"\n");
+    options_.outputEncoding = "UTF-8";
+
+    EXPECT_EQ(Run({"in.mif", "out.mif"}), 0);
+
+    EXPECT_NE(folder_.Read("out.mif").find("\nCharset \"UTF-8\"\n"), std::string::npos);
+    EXPECT_EQ(folder_.Read("out.mid"), "\"\u0416\"\n");
 }
 
 TEST_F(AConversion, LeavesWhatExistsUnlessTold) {

@@ -106,6 +106,16 @@ TEST_F(ALayerConversion, MakesRegionsOfCurvesThatMove) {
     EXPECT_EQ(target_.features.front().geometry.kind, GeometryKind::Region);
 }
 
+TEST_F(ALayerConversion, RoundsCoordinatesWhenTold) {
+    options_.precision = 1;
+    app::LayerConversion conversion = To("mif");
+
+    static_cast<void>(conversion.Begin(Facts(), "roads.mif"));
+    Take(conversion, support::PointAt(1.26, -0.05));
+
+    EXPECT_EQ(target_.features.front().geometry.points.front(), (shr::Vec2d{1.3, -0.1}));
+}
+
 TEST_F(ALayerConversion, EndsWithTheLimit) {
     options_.limit = 2;
     app::LayerConversion conversion = To("geojson");

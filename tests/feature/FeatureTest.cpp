@@ -176,4 +176,34 @@ TEST(FlattenCurves, LeavesLinesAlone) {
     EXPECT_EQ(geometry.points.size(), 2U);
 }
 
+TEST(RoundCoordinates, RoundsAllThatHasAPlace) {
+    app::Feature feature;
+    feature.geometry.points = {{1.2345, -6.789}};
+    feature.geometry.box = {0.126, 0.124, 1.005, 2};
+    feature.geometry.center = shr::Vec2d{0.333, 0.666};
+    feature.geometry.placement.box = shr::Box2d{0.001, 0.009, 1, 1};
+    feature.geometry.placement.labelLine = app::LabelLine{false, {0.555, 5}};
+    feature.members = {feature.geometry};
+
+    app::RoundCoordinates(feature, 2);
+
+    EXPECT_EQ(feature.geometry.points, (std::vector<shr::Vec2d>{{1.23, -6.79}}));
+    EXPECT_EQ(feature.geometry.box, (shr::Box2d{0.13, 0.12, 1, 2}));
+    EXPECT_EQ(feature.geometry.center, (shr::Vec2d{0.33, 0.67}));
+    EXPECT_EQ(feature.geometry.placement.box, (shr::Box2d{0, 0.01, 1, 1}));
+    EXPECT_EQ(feature.geometry.placement.labelLine->end, (shr::Vec2d{0.56, 5}));
+    EXPECT_EQ(feature.members.front(), feature.geometry);
+}
+
+TEST(RoundCoordinates, LeavesWhatHasNoSuchDecimals) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    app::Feature feature;
+    feature.geometry.points = {{1e300, 4503599627370497.0}, {kInfinity, -kInfinity}};
+    const std::vector<shr::Vec2d> before = feature.geometry.points;
+
+    app::RoundCoordinates(feature, 9);
+
+    EXPECT_EQ(feature.geometry.points, before);
+}
+
 }  // namespace
