@@ -95,11 +95,6 @@ bool IsPlainWord(std::string_view text) {
     });
 }
 
-std::string TextOf(double number) {
-    std::array<char, kShortestNumberSize> text{};
-    return {text.data(), WritePlain(text.data(), number)};
-}
-
 template <typename Small> bool Fits(std::int64_t number) {
     return number >= std::numeric_limits<Small>::min() &&
            number <= std::numeric_limits<Small>::max();
@@ -194,7 +189,7 @@ void RowWriter::AppendWhole(std::string& out, std::size_t at, std::int64_t numbe
 
 void RowWriter::AppendReal(std::string& out, std::size_t at, double number) {
     State& state = columns_[at];
-    const std::string word = TextOf(number);
+    const std::string word = PlainText(number);
     if (IsNumber(state.column.kind) && std::isfinite(number)) {
         state.hasFractions = true;
         AppendWord(out, state, word);
