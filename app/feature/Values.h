@@ -26,8 +26,8 @@ struct LayerColumn {
 ColumnKind KindOfText(std::string_view text);
 
 // Returns the text of a value in the type of its column: numbers for the numeric kinds, true and
-// false for Logical, ISO dates and times. A text that is no such value stays text; an empty one of
-// a typed column is null.
+// false for Logical, ISO dates and times. A text that is not such a value stays text; an empty one
+// of a typed column is null.
 Value TypedValue(const LayerColumn& column, std::string text);
 
 }  // namespace app

@@ -18,7 +18,7 @@ struct Range {
     char32_t first;
     char32_t last;
 };
-// What is no letter from 0x80 on: controls, punctuation, signs, symbols, private characters.
+// What is not a letter from 0x80 on: controls, punctuation, signs, symbols, private characters.
 constexpr std::array<Range, 20> kNoLetters{{
     {0x80, 0xA9},     {0xAB, 0xB4},     {0xB6, 0xB9},     {0xBB, 0xBF},       {0xD7, 0xD7},
     {0xF7, 0xF7},     {0x2000, 0x2BFF}, {0x2E00, 0x2E7F}, {0x3000, 0x3004},   {0x3008, 0x3020},

@@ -137,8 +137,7 @@ bool MifTarget::Finish() {
     if (outcome.unplacedObjects > 0) {
         reporter_.Warning(name_ + ": " +
                           Counted(outcome.unplacedObjects, "object has", "objects have") +
-                          " no place, with coordinates that are no finite numbers; written "
-                          "without geometry");
+                          " coordinates that are not finite numbers; written without geometry");
     }
     return true;
 }
