@@ -10,6 +10,10 @@
 #include <ostream>
 #include <string>
 
+namespace app {
+void AddConvertCommand(CLI::App& program, CommandContext& context);
+}
+
 namespace {
 
 class ConvertCommand : public testing::Test {

@@ -66,8 +66,9 @@ Framing FramingOf(const RereadableInput& input) {
         return Framing::OneText;
     }
     const char* const text = start.data();
-    const bool isWhole = Json::accept(text + first, text + lineEnd);
-    return isWhole ? Framing::Lines : Framing::OneText;
+    const Json line = Json::parse(text + first, text + lineEnd, nullptr,
+                                  /*allow_exceptions=*/false);
+    return line.is_discarded() ? Framing::OneText : Framing::Lines;
 }
 
 void CheckNesting(int depth, const std::string& name) {
