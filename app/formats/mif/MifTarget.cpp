@@ -80,7 +80,7 @@ std::optional<PairCharset> MifTarget::CharsetFor(const LayerFacts& layer) const 
     if (!layer.pair) {
         return std::nullopt;
     }
-    // The header's own name stays when it stood for the code page that the texts were read in.
+    // The header's own name stays when it names the code page that the texts were read in.
     const PairFacts& pair = *layer.pair;
     if (!pair.charset.empty() && CodePageOfCharset(pair.charset).codePage == pair.codePage) {
         return PairCharset(pair.charset, pair.codePage);

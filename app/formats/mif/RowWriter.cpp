@@ -17,8 +17,8 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Takes what has the form away from the front, where '0' stands for any digit; its digits go to
-// `digits`. False, with nothing taken, for another text.
+// Removes a beginning of the given form, in which '0' means any digit, and puts its digits into
+// `digits`. Returns false, and removes nothing, for another text.
 bool TakeDigits(std::string_view& text, std::string_view form, std::string& digits) {
     const bool hasForm =
         text.size() >= form.size() &&
