@@ -2,6 +2,7 @@
 
 #include "host/platform/Stdio.h"
 #include "host/shr/Files.h"
+#include "host/shr/Text.h"
 
 #include <cerrno>
 #include <cstddef>
@@ -40,7 +41,7 @@ bool OutputFile::Write(std::string_view text) {
 }
 
 bool OutputFile::WriteWide(const std::wstring& text) {
-    return stream_ != nullptr && platform::WriteWide(stream_, text);
+    return Write(shr::WtoAN(text));
 }
 
 bool OutputFile::SeekTo(std::uint64_t offset) {

@@ -25,8 +25,9 @@ public:
     // Creates or empties the file. On failure false, with errno set; then nothing is open.
     [[nodiscard]] bool Open();
 
-    // Writes text as it stands, or wide text in code page 0. False when nothing is open or the
-    // stream did not take it all.
+    // Writes text as it stands, or wide text converted to code page 0 (a stream of the C library
+    // can't mix wide and narrow output). False when nothing is open or the stream did not take it
+    // all.
     [[nodiscard]] bool Write(std::string_view text);
     [[nodiscard]] bool WriteWide(const std::wstring& text);
 

@@ -1,6 +1,6 @@
-#include "standalone/Utf8.h"
+#include "host/platform/Utf8.h"
 
-namespace standalone {
+namespace platform {
 
 namespace {
 
@@ -96,4 +96,4 @@ void AppendWide(std::wstring& text, char32_t codePoint) {
     }
 }
 
-}  // namespace standalone
+}  // namespace platform

@@ -1,6 +1,4 @@
 #include "host/platform/Stdio.h"
-#include "host/shr/Files.h"
-#include "host/shr/IError.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -119,18 +117,6 @@ TEST(LendBuffer, MakesTheStreamReadIntoTheMemory) {
     EXPECT_EQ(memory[2], 'c');
 }
 
-TEST(WriteWide, WritesTheTextInCodePage0) {
-    const support::TemporaryFolder folder;
-    Stream stream = OpenToWrite(folder.PathOf("a.mif"));
-    ASSERT_TRUE(stream);
-
-    EXPECT_TRUE(platform::WriteWide(stream.get(), L"\u00E9\u20AC\u0436"));
-    EXPECT_TRUE(platform::WriteBytes(stream.get(), "abcd", 2));
-    stream.reset();
-
-    EXPECT_EQ(folder.Read("a.mif"), "\xE9\x80?ab");
-}
-
 TEST(WriteBytes, FailsOnAStreamForReading) {
     const support::TemporaryFolder folder;
     const Stream stream = OpenToRead(folder.Write("a.mif", "x"));
@@ -172,56 +158,6 @@ TEST(CompareNoCaseWide, LooksAtNoMoreThanTheCount) {
 
 TEST(CompareNoCaseWide, StopsAtTheEndOfBoth) {
     EXPECT_EQ(platform::CompareNoCase(L"ab", L"AB", 100), 0);
-}
-
-TEST(IsFileReadable, IsTrueForAFileOnly) {
-    const support::TemporaryFolder folder;
-    const std::wstring path = folder.Write("a.mif", "x");
-
-    EXPECT_TRUE(shr::IsFileReadable(path));
-    EXPECT_FALSE(shr::IsFileReadable(folder.PathOf("missing.mif")));
-    EXPECT_FALSE(shr::IsFileReadable(folder.path().wstring()));
-}
-
-TEST(GetFileSize, CountsBytesAndGivesZeroForWhatIsNoFile) {
-    const support::TemporaryFolder folder;
-    const std::wstring path = folder.Write("a.mif", "12345");
-
-    EXPECT_EQ(shr::GetFileSize(path), 5);
-    EXPECT_EQ(shr::GetFileSize(folder.PathOf("missing.mif")), 0);
-    EXPECT_EQ(shr::GetFileSize(folder.path().wstring()), 0);
-}
-
-TEST(RemoveFile, DeletesAFileOnce) {
-    const support::TemporaryFolder folder;
-    const std::wstring path = folder.Write("a.mif", "x");
-
-    EXPECT_TRUE(shr::RemoveFile(path));
-
-    EXPECT_FALSE(folder.Has("a.mif"));
-    EXPECT_FALSE(shr::RemoveFile(path));
-}
-
-TEST(RemoveFile, RefusesAPathWithANul) {
-    const support::TemporaryFolder folder;
-    const std::wstring path = folder.Write("a.mif", "x") + std::wstring(L"\0z", 2);
-
-    EXPECT_FALSE(shr::RemoveFile(path));
-
-    EXPECT_TRUE(folder.Has("a.mif"));
-    EXPECT_EQ(shr::GetFileSize(path), 0);
-}
-
-TEST(RemoveFile, LeavesFolders) {
-    const support::TemporaryFolder folder;
-
-    EXPECT_FALSE(shr::RemoveFile(folder.path().wstring()));
-
-    EXPECT_TRUE(std::filesystem::exists(folder.path()));
-}
-
-TEST(FormatSystemErrorMsg, NamesTheErrorWithoutAFullStop) {
-    EXPECT_EQ(shr::FormatSystemErrorMsg(ENOENT), L"No such file or directory");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// UTF-8, code point by code point. Internal to the host library.
+// UTF-8, code point by code point. Not for programs outside this tree.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace standalone {
+namespace platform {
 
 constexpr char32_t kReplacementCharacter = 0xFFFD;
 
@@ -28,4 +28,4 @@ constexpr bool IsSurrogate(char32_t codePoint) {
     return codePoint >= 0xD800 && codePoint <= 0xDFFF;
 }
 
-}  // namespace standalone
+}  // namespace platform

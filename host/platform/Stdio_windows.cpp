@@ -1,8 +1,8 @@
 #include "host/platform/Stdio.h"
 
+#include "host/platform/SystemPath.h"
+#include "host/platform/Utf8.h"
 #include "host/platform/WindowSystem.h"
-#include "standalone/Utf8.h"
-#include "standalone/platform/SystemPath.h"
 
 #include <cerrno>
 #include <limits>
@@ -35,7 +35,7 @@ bool IsFolder(const std::wstring& path) {
 }  // namespace
 
 std::FILE* OpenFile(const std::wstring& path, OpenMode mode) {
-    const std::wstring systemPath = standalone::SystemPath(path);
+    const std::wstring systemPath = SystemPath(path);
     if (systemPath.empty()) {
         errno = path.empty() ? ENOENT : EINVAL;
         return nullptr;
@@ -69,7 +69,7 @@ std::string PathToBytes(const std::wstring& path) {
     std::string bytes;
     bytes.reserve(path.size());
     for (std::size_t position = 0; position < path.size();) {
-        standalone::AppendUtf8(bytes, standalone::DecodeWide(path, position));
+        AppendUtf8(bytes, DecodeWide(path, position));
     }
     return bytes;
 }
@@ -78,15 +78,15 @@ std::wstring PathFromBytes(const std::string& bytes) {
     std::wstring path;
     path.reserve(bytes.size());
     for (std::size_t position = 0; position < bytes.size();) {
-        std::optional<char32_t> codePoint = standalone::DecodeUtf8(bytes, position);
+        std::optional<char32_t> codePoint = DecodeUtf8(bytes, position);
         if (!codePoint) {
             codePoint = DecodeLoneSurrogate(bytes, position);
         }
         if (!codePoint) {
-            codePoint = standalone::kReplacementCharacter;
+            codePoint = kReplacementCharacter;
             ++position;
         }
-        standalone::AppendWide(path, *codePoint);
+        AppendWide(path, *codePoint);
     }
     return path;
 }

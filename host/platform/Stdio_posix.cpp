@@ -1,7 +1,7 @@
 #include "host/platform/Stdio.h"
 
-#include "standalone/Utf8.h"
-#include "standalone/platform/PathLookup.h"
+#include "host/platform/PathLookup.h"
+#include "host/platform/Utf8.h"
 
 #include <cerrno>
 #include <limits>
@@ -42,7 +42,7 @@ std::FILE* OpenFile(const std::wstring& path, OpenMode mode) {
     }
     std::FILE* stream = std::fopen(bytes.c_str(), "rbe");
     if (stream == nullptr && errno == ENOENT) {
-        const std::string found = standalone::FindIgnoringCase(bytes);
+        const std::string found = FindIgnoringCase(bytes);
         errno = ENOENT;
         stream = found.empty() ? nullptr : std::fopen(found.c_str(), "rbe");
     }
@@ -77,7 +77,7 @@ std::string PathToBytes(const std::wstring& path) {
         } else if (codePoint > 0x10FFFF) {
             bytes += '?';
         } else {
-            standalone::AppendUtf8(bytes, codePoint);
+            AppendUtf8(bytes, codePoint);
         }
     }
     return bytes;
@@ -87,8 +87,8 @@ std::wstring PathFromBytes(const std::string& bytes) {
     std::wstring path;
     path.reserve(bytes.size());
     for (std::size_t position = 0; position < bytes.size();) {
-        if (const auto codePoint = standalone::DecodeUtf8(bytes, position)) {
-            standalone::AppendWide(path, *codePoint);
+        if (const auto codePoint = DecodeUtf8(bytes, position)) {
+            AppendWide(path, *codePoint);
         } else {
             const auto byte = static_cast<unsigned char>(bytes[position]);
             path += static_cast<wchar_t>(kEscapedByte + byte);

@@ -1,8 +1,6 @@
 // What of the C runtime's interface is the same on every system.
 #include "host/platform/Stdio.h"
 
-#include "host/shr/Text.h"
-
 namespace platform {
 
 namespace {
@@ -24,11 +22,6 @@ void LendBuffer(std::FILE* stream, std::span<char> memory) {
 
 bool WriteBytes(std::FILE* stream, const char* bytes, std::size_t count) {
     return std::fwrite(bytes, 1, count, stream) == count;
-}
-
-bool WriteWide(std::FILE* stream, const std::wstring& text) {
-    const std::string bytes = shr::WtoAN(text);
-    return WriteBytes(stream, bytes.data(), bytes.size());
 }
 
 int CompareNoCase(const char* left, const char* right) {

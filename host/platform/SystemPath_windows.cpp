@@ -1,8 +1,8 @@
-#include "standalone/platform/SystemPath.h"
+#include "host/platform/SystemPath.h"
 
 #include "host/platform/WindowSystem.h"
 
-namespace standalone {
+namespace platform {
 
 namespace {
 
@@ -41,4 +41,4 @@ std::wstring SystemPath(const std::wstring& path) {
     return kUnlimited + full;
 }
 
-}  // namespace standalone
+}  // namespace platform

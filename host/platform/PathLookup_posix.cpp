@@ -1,4 +1,4 @@
-#include "standalone/platform/PathLookup.h"
+#include "host/platform/PathLookup.h"
 
 #include "host/platform/Stdio.h"
 
@@ -9,7 +9,7 @@
 #include <memory>
 #include <sys/stat.h>
 
-namespace standalone {
+namespace platform {
 
 namespace {
 
@@ -80,4 +80,4 @@ std::string FindIgnoringCase(const std::string& path) {
     return Exists(found) ? found : std::string();
 }
 
-}  // namespace standalone
+}  // namespace platform
