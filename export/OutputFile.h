@@ -4,8 +4,6 @@
 // stream and deletes nothing: deleting can fail, so the owner asks for it with Discard().
 #pragma once
 
-#include "host/shr/NonCopyable.h"
-
 #include <cstdint>
 #include <cstdio>
 #include <string>
@@ -14,10 +12,12 @@
 
 namespace mif {
 
-class OutputFile : private shr::NonCopyable {
+class OutputFile {
 public:
     OutputFile() = default;
     ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
 
     // Names the file, after discarding what was there before.
     void SetPath(const std::wstring& path);
