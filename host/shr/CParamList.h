@@ -44,6 +44,7 @@ public:
 
 private:
     struct Names;
+    struct Memory;
     struct Entry {
         std::string narrow;                  // the value, when it was set as narrow text
         std::unique_ptr<std::wstring> wide;  // the value, when it was set as wide text
@@ -54,7 +55,8 @@ private:
         Entry& operator=(Entry&&) noexcept = default;
     };
 
-    void RememberNames() noexcept;
+    void TakeMemory();
+    void LeaveMemory() noexcept;
     std::size_t IndexOf(const std::wstring& name) const;
     Entry& EntryFor(const std::wstring& name);
     void AppendName(const std::wstring& name);

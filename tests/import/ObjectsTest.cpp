@@ -11,6 +11,7 @@ namespace {
 using import_test::Importing;
 using import_test::Lines;
 using import_test::ObjectsOf;
+using std::string_literals::operator""s;
 using testing::ElementsAre;
 
 constexpr char kPen[] = "Pen style=1 color=0,0,0,255 relative width=0";
@@ -197,6 +198,35 @@ const IgnoredRow kIgnoredRows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(, IgnoreStyles, testing::ValuesIn(kIgnoredRows),
+                         [](const auto& row) { return row.param.name; });
+
+struct NulRow {
+    std::string name;
+    std::string text;
+    Lines expected;
+};
+
+class AKeyword : public testing::TestWithParam<NulRow> {};
+
+TEST_P(AKeyword, EndsAtANul) {
+    EXPECT_EQ(ObjectsOf(GetParam().text), GetParam().expected);
+}
+
+const NulRow kNulRows[] = {
+    {"OfAnObject", "Point\0Line 1 2\n"s, {Marker("1,2")}},
+    {"OfANone", "None\0\nPoint 1 2\n"s, {Marker("1,2")}},
+    {"OfACollection", "Collection\0x 1\nPoint 1 2\n"s, {Marker("1,2")}},
+    {"OfAMultiplePolyline", "Pline Multiple\0x 1\n2\n1 2\n3 4\n"s, {"Polyline 1,2 3,4"}},
+    {"OfAClause", "Line 1 2 3 4\nPen\0x (1,2,0)\n"s, {kPen, "Polyline 1,2 3,4"}},
+    {"OfAJustification",
+     "Text \"abc\"\n1 2 3 4\nJustify Right\0x\n"s,
+     {"Font \"\" flags=4 height=2", "Pen style=2 color=0,0,0,0 relative width=0",
+      "Brush pattern=2 fore=0,0,0,255 back=255,255,255,0",
+      "Text \"abc\" at 1,2 box=1,2,3,4 justify=2 align=1 rotation=0"}},
+    {"ThatIsAParenthesis", "Line 1 2 3 4\nPen \"(\0\" 1,2,0)\n"s, {kPen, "Polyline 1,2 3,4"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(, AKeyword, testing::ValuesIn(kNulRows),
                          [](const auto& row) { return row.param.name; });
 
 using ImportedArcs = Importing;
