@@ -17,8 +17,8 @@ namespace standalone {
 // What a presenter shows and presses. Exceptions of the pages leave through the operations.
 class QOLF_HOST_API PropertySheet {
 public:
-    // Makes each page's dialog from its description; a page without one is left out. The pages
-    // must outlive the sheet.
+    // Makes each page's dialog from its description; a page without one is left out. A page that is
+    // deleted before the sheet is only not asked any more; its dialog stays as it was.
     explicit PropertySheet(const std::vector<zeio::IoPropertyPage*>& pages);
     ~PropertySheet();
     PropertySheet(const PropertySheet&) = delete;
