@@ -4,6 +4,7 @@
 #include "host/shr/Text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace mif {
 
@@ -53,11 +54,12 @@ std::string SafeName(const std::wstring& name) {
 }  // namespace
 
 void AttributeColumns::Replace(const std::vector<std::wstring>& names) {
-    columns_.clear();
-    columns_.reserve(names.size());
+    std::vector<Column> columns;
+    columns.reserve(names.size());
     for (const std::wstring& name : names) {
-        columns_.push_back({.name = name});
+        columns.push_back({.name = name});
     }
+    columns_ = std::move(columns);
 }
 
 void AttributeColumns::AppendDefault() {
@@ -75,9 +77,7 @@ void AttributeColumns::AppendRow(std::string& text, const shr::CParamList& attri
         if (!attributes.Get(column.name, value_)) {
             value_.clear();
         }
-        if (value_.find_first_of(iolib::g_UnsafeCharacters) != std::wstring::npos) {
-            value_ = iolib::ReplaceCertainCharsInString(value_, iolib::g_UnsafeCharacters, L'_');
-        }
+        value_ = iolib::ReplaceCertainCharsInString(value_, iolib::g_UnsafeCharacters, L'_');
         text += '"';
         text += shr::WtoAN(value_);
         text += '"';

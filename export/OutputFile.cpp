@@ -65,8 +65,10 @@ bool OutputFile::Close() {
 void OutputFile::Discard() {
     static_cast<void>(Close());  // the file's contents no longer matter
     if (isUnfinished_) {
+        // When this throws, the file stays unfinished for another try; when it fails, nothing more
+        // can be done about it.
+        static_cast<void>(shr::RemoveFile(path_));
         isUnfinished_ = false;
-        static_cast<void>(shr::RemoveFile(path_));  // nothing more can be done about it
     }
 }
 

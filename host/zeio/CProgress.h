@@ -10,8 +10,8 @@ class IoManager;
 
 class QOLF_HOST_API CProgress : public shr::NonCopyable {
 public:
-    // Calls IoManager::ProgressStart with an empty title, canCancel true and the given flag.
-    explicit CProgress(IoManager& manager, bool hasProportion = true);
+    // Calls IoManager::ProgressStart with an empty title and both flags true.
+    explicit CProgress(IoManager& manager);
     ~CProgress();
 
     // Shows a status line, formatted as shr::FormatString does.

@@ -147,14 +147,14 @@ TEST(OptionsFromAMissingPage, AreAnInternalError) {
     EXPECT_THAT(run.host.calls(), IsEmpty());
 }
 
-TEST(BeginExport, ReadsTheSavedOptionsThenShowsProgress) {
+TEST(BeginExport, ReadsTheSavedOptionsThenStartsTheProgressTwice) {
     ExportRun run;
     EXPECT_EQ(run.Begin(), ExportStatus::Done);
 
     EXPECT_THAT(run.host.calls(),
                 ElementsAre("GetOption AreasToCurves persistent", "GetOption RenderText persistent",
-                            "GetOption RenderMarkers persistent", "ProgressStart cancel",
-                            "Message Exporting data to MIF file out.mif"));
+                            "GetOption RenderMarkers persistent", "ProgressStart cancel proportion",
+                            "ProgressStart cancel", "Message Exporting data to MIF file out.mif"));
 }
 
 TEST(BeginExport, StartsFromTheDefaultsNotFromAnEarlierOptionString) {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
 #include <filesystem>
 #include <functional>
 #include <limits>
@@ -320,7 +321,7 @@ TEST_P(TheRowOf, AnObjectIsDueBehindThisText) {
 
     EXPECT_THROW(GetParam().send(run), zeio::FileWriteError);
 
-    EXPECT_THROW(run.End(), zeio::FileWriteError);
+    ASSERT_EQ(std::fflush(nullptr), 0);  // what the filter has written is in its stream's buffer
     EXPECT_EQ(run.Objects(), GetParam().text);
 }
 

@@ -135,7 +135,45 @@ protected:
         });
     }
 
+    // The allocations of the last object at whose failure the export was ended as written, or left
+    // a file.
+    std::vector<long> AllocationsThatEndAsWritten() {
+        std::vector<long> wrong;
+        for (long number = 1;; ++number) {
+            PlainHost host;
+            const std::unique_ptr<zeio::IoExportFilter> filter(ExportMIF(host.manager));
+            const bool hasFailed = SendAllWithFaultInTheLast(*filter, host.manager, number);
+            const Ending end = EndingOf(
+                [&](zeio::IoManager&) { return filter->EndExport() == zeio::ExportStatus::Done; },
+                host.manager);
+            if (!hasFailed) {
+                return wrong;
+            }
+            if (end != Ending::HostError || folder_.Has("out.mif") || folder_.Has("out.mid")) {
+                wrong.push_back(number);
+            }
+        }
+    }
+
 private:
+    // True when the allocation with that number was reached, and so failed.
+    bool SendAllWithFaultInTheLast(zeio::IoExportFilter& filter, zeio::IoManager& manager,
+                                   long number) {
+        const Objects objects = GetParam().make();
+        static_cast<void>(filter.BeginExport(folder_.PathOf("out.mif")));
+        for (std::size_t i = 0; i + 1 < objects.size(); ++i) {
+            static_cast<void>(filter.ExportObject(*objects[i]));
+        }
+        const FailingAllocations faults(number, Failing::OnlyOne);
+        const Ending ending = EndingOf(
+            [&](zeio::IoManager&) {
+                return filter.ExportObject(*objects.back()) == zeio::ExportStatus::Done;
+            },
+            manager);
+        EXPECT_EQ(ending == Ending::OutOfMemory, FailingAllocations::HasFailed());
+        return ending == Ending::OutOfMemory;
+    }
+
     support::TemporaryFolder folder_;
 };
 
@@ -162,6 +200,11 @@ TEST_P(ExportWithoutMemory, FromABlockOnThrowsAndLeaksNothing) {
 
 INSTANTIATE_TEST_SUITE_P(, ExportWithoutMemory, testing::ValuesIn(ExportRows()),
                          [](const auto& row) { return row.param.name; });
+
+// The host goes on after the error.
+TEST_P(ExportWithoutMemory, InTheMiddleOfAnObjectIsNotSaidToBeWritten) {
+    EXPECT_THAT(AllocationsThatEndAsWritten(), IsEmpty());
+}
 
 TEST(TheFactories, GiveNullWithoutMemoryForAFilter) {
     PlainHost host;
