@@ -42,7 +42,7 @@ bool IsNameCharacter(char character) {
 
 // A name that MIF takes: ASCII letters, digits and underscores, not beginning with a digit.
 std::string SafeName(const std::wstring& name) {
-    std::string safe = shr::WtoAN(name);
+    std::string safe = shr::WtoAN(name, 0);
     std::replace_if(
         safe.begin(), safe.end(), [](char character) { return !IsNameCharacter(character); }, '_');
     if (!safe.empty() && IsDigit(safe.front())) {
@@ -79,7 +79,7 @@ void AttributeColumns::AppendRow(std::string& text, const shr::CParamList& attri
         }
         value_ = iolib::ReplaceCertainCharsInString(value_, iolib::g_UnsafeCharacters, L'_');
         text += '"';
-        text += shr::WtoAN(value_);
+        text += shr::WtoAN(value_, 0);
         text += '"';
         column.width = std::max<std::uint64_t>(column.width, value_.size());
     }

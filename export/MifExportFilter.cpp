@@ -16,8 +16,6 @@ namespace mif {
 
 namespace {
 
-constexpr zeio::FilterIdentity kIdentity{"$ZEIO_FILT$", 100, u"qolf", zeio::FilterKind::Export, {}};
-
 constexpr const wchar_t* kModuleName = L"qolf";
 constexpr const wchar_t* kAreasToCurves = L"AreasToCurves";
 constexpr const wchar_t* kRenderText = L"RenderText";
@@ -82,15 +80,11 @@ MifExportFilter::~MifExportFilter() {
     }
 }
 
-const zeio::FilterIdentity* MifExportFilter::GetFilterIdentity() const {
-    return &kIdentity;
-}
-
 void MifExportFilter::GetPropertyPages(std::vector<zeio::IoPropertyPage*>& pages,
                                        const std::wstring& title) {
     ReadSavedOptions(/*persistent=*/true);
     page_ = std::make_unique<MifExportDlg>(Manager(), *this, title, options_);
-    page_->Describe();
+    page_->Describe(Manager().GetModuleInstance());
     pages.push_back(page_.get());
 }
 
@@ -212,8 +206,7 @@ zeio::ExportStatus MifExportFilter::ExportObject(zeio::TrBase& object) {
     const shr::CTypeInfo* type = object.GetTypeId();
     for (const ObjectKind& kind : kObjectKinds) {
         if (kind.typeId() == type) {
-            isObjectIncomplete_ =
-                kind.isGraphic;  // stays so when an exception leaves the next line
+            isObjectIncomplete_ = kind.isGraphic;  // stays when an exception leaves the handler
             kind.handle(*this, object);
             isObjectIncomplete_ = false;
             return zeio::ExportStatus::Done;

@@ -37,7 +37,7 @@ public:
     explicit MifExportFilter(zeio::IoManager& manager);
     ~MifExportFilter() override;
 
-    const zeio::FilterIdentity* GetFilterIdentity() const override;
+    const zeio::FilterIdentity* GetFilterIdentity() const override;  // module/FilterIdentities.cpp
 
     // Appends the options page. It stays the filter's own, until the next call or BeginExport.
     void GetPropertyPages(std::vector<zeio::IoPropertyPage*>& pages,

@@ -41,7 +41,7 @@ bool OutputFile::Write(std::string_view text) {
 }
 
 bool OutputFile::WriteWide(const std::wstring& text) {
-    return Write(shr::WtoAN(text));
+    return Write(shr::WtoAN(text, 0));
 }
 
 bool OutputFile::SeekTo(std::uint64_t offset) {

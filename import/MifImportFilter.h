@@ -61,7 +61,7 @@ public:
     explicit MifImportFilter(zeio::IoManager& manager);
     ~MifImportFilter() override;
 
-    const zeio::FilterIdentity* GetFilterIdentity() const override;
+    const zeio::FilterIdentity* GetFilterIdentity() const override;  // module/FilterIdentities.cpp
 
     // Options from the host's option string: "Defaults" starts from false instead of from the
     // stored options, "AreasToCurves" and "IgnoreStyles" override, "ForgetOptions" keeps the result

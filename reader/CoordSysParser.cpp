@@ -128,7 +128,7 @@ void ClauseReader::TakeKnownDatum(int code) {
         return;
     }
     constexpr int kFirstKnown = 2;  // below are "not found" and the unknown datum
-    const std::wstring token = shr::AtoW(row->token);
+    const std::wstring token = shr::AtoW(row->token, 0);
     const int index = gcs::GCSKnownDatumsList.FindByToken(token.c_str(), nullptr);
     if (index >= kFirstKnown) {
         gcs::GCSKnownDatumsList.Enum(index, clause_.datum);
