@@ -1,4 +1,4 @@
-// Turns a COORDSYS clause into a projection and a datum.
+// For the module, quirk for quirk: turns a COORDSYS clause into a projection and a datum.
 //
 // Numbers are kept as they stand there: angles in decimal degrees, offsets in the clause's unit.
 #pragma once
