@@ -151,6 +151,7 @@ zeio::ExportStatus MifExportFilter::BeginExport(const std::wstring& path) {
                          shr::CPath(path).GetNameAndExtension().c_str());
     OpenFiles(path);
     WriteFirstLines();
+    isIncomplete_ = false;
     return zeio::ExportStatus::Done;
 }
 
@@ -159,7 +160,7 @@ zeio::ExportStatus MifExportFilter::BeginExport(const std::wstring& path) {
 void MifExportFilter::ForgetRun() {
     isHeaderWritten_ = false;
     failedWrite_ = nullptr;
-    isObjectIncomplete_ = false;
+    isIncomplete_ = true;  // until the next one has begun
     version_ = kFirstVersion;
     plineCount_ = 0;
     regionCount_ = 0;
@@ -206,9 +207,9 @@ zeio::ExportStatus MifExportFilter::ExportObject(zeio::TrBase& object) {
     const shr::CTypeInfo* type = object.GetTypeId();
     for (const ObjectKind& kind : kObjectKinds) {
         if (kind.typeId() == type) {
-            isObjectIncomplete_ = kind.isGraphic;  // stays when an exception leaves the handler
+            isIncomplete_ = kind.isGraphic;  // stays when an exception leaves the handler
             kind.handle(*this, object);
-            isObjectIncomplete_ = false;
+            isIncomplete_ = false;
             return zeio::ExportStatus::Done;
         }
     }

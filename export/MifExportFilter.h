@@ -61,7 +61,8 @@ public:
     // apply to the graphic objects that follow; the first of these fixes the header.
     //
     // Fails with the file-write error when the object can't be written, and from then on for every
-    // object: half an object can't be taken back out of the files.
+    // object: half an object can't be taken back out of the files. Likewise after a BeginExport that
+    // has failed.
     zeio::ExportStatus ExportObject(zeio::TrBase& object) override;
 
     // Completes and closes the files. NothingWritten, with what was opened deleted, when no graphic
@@ -100,7 +101,7 @@ private:
     void WriteFirstLines();
     void WriteRestOfHeader();
     std::string CoordSysClause();
-    bool HasFailed() const { return failedWrite_ != nullptr || isObjectIncomplete_; }
+    bool HasFailed() const { return failedWrite_ != nullptr || isIncomplete_; }
     bool Complete();
     bool PatchPenWidths();
     void WarnOfLimits() const;
@@ -154,7 +155,7 @@ private:
     OutputFile mid_;
     bool isHeaderWritten_ = false;
     const ErrorOrigin* failedWrite_ = nullptr;  // the first since BeginExport; null: none
-    bool isObjectIncomplete_ = false;           // an exception left half an object in the files
+    bool isIncomplete_ = false;  // an exception left half an object, or half a start, in the files
     std::uint32_t objectCount_ = 0;
     std::uint64_t boundsOffset_ = 0;   // of the Bounds line
     std::uint64_t columnsOffset_ = 0;  // of the column block

@@ -265,8 +265,9 @@ TEST_P(ASecondExportThatCanNotOpen, LeavesTheFirstOnesFiles) {
 
 TEST_P(ASecondExportThatCanNotOpen, TakesNoObject) {
     EXPECT_THROW(run.Send(ShortLine()), zeio::FileWriteError);
-    EXPECT_THROW(run.End(), zeio::FileWriteError);
+    EXPECT_THROW(run.Send(zeio::TrPen()), zeio::FileWriteError);
 
+    EXPECT_EQ(run.End(), ExportStatus::NothingWritten);
     EXPECT_FALSE(std::filesystem::is_regular_file(run.folder.path() / "second.mif"));
     EXPECT_FALSE(std::filesystem::is_regular_file(run.folder.path() / "second.mid"));
 }

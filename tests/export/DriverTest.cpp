@@ -238,7 +238,7 @@ TEST(AMidFileThatCannotBeOpened, LeavesTheMifFileToTheFiltersEnd) {
     EXPECT_FALSE(run.HasMif());
 }
 
-TEST(AMidFileThatCannotBeOpened, MakesGraphicObjectsAWriteError) {
+TEST(AMidFileThatCannotBeOpened, MakesEveryObjectAWriteError) {
     ExportRun run;
     std::filesystem::create_directory(run.folder.path() / "out.mid");
     EXPECT_THROW(run.Begin(), zeio::FileOpenError);
@@ -246,7 +246,7 @@ TEST(AMidFileThatCannotBeOpened, MakesGraphicObjectsAWriteError) {
     const std::string error = ErrorOf<zeio::FileWriteError>([&] {
         run.Send(Markers({{1.0, 2.0, 0.0}}));
     });
-    EXPECT_THAT(error, testing::StartsWith("MifExportFilter(451): "));
+    EXPECT_THAT(error, testing::StartsWith("MifExportFilter(402): "));
     EXPECT_THAT(error, testing::EndsWith("out.mif: File write error"));
 }
 

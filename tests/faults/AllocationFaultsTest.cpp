@@ -1,4 +1,5 @@
 // Every allocation in turn fails, in one import and one export of each kind of object.
+#include "host/zeio/Errors.h"
 #include "host/zeio/IoImportFilter.h"
 #include "host/zeio/IoManager.h"
 #include "module/Module.h"
@@ -155,7 +156,38 @@ protected:
         }
     }
 
+    // The allocations of BeginExport after whose failure the export could be ended as written.
+    std::vector<long> BeginningsThatEndAsWritten() {
+        const Objects objects = GetParam().make();
+        std::vector<long> wrong;
+        for (long number = 1;; ++number) {
+            PlainHost host;
+            const std::unique_ptr<zeio::IoExportFilter> filter(ExportMIF(host.manager));
+            if (!FailsToBegin(*filter, number)) {
+                return wrong;
+            }
+            for (const std::unique_ptr<zeio::TrBase>& object : objects) {
+                EXPECT_THROW(filter->ExportObject(*object), zeio::FileWriteError);
+            }
+            if (filter->EndExport() != zeio::ExportStatus::NothingWritten ||
+                folder_.Has("out.mif") || folder_.Has("out.mid")) {
+                wrong.push_back(number);
+            }
+        }
+    }
+
 private:
+    bool FailsToBegin(zeio::IoExportFilter& filter, long number) {
+        const std::wstring path = folder_.PathOf("out.mif");
+        try {
+            const FailingAllocations faults(number, Failing::OnlyOne);
+            static_cast<void>(filter.BeginExport(path));
+        } catch (const std::bad_alloc&) {
+            return true;
+        }
+        return false;
+    }
+
     // True when the allocation with that number was reached, and so failed.
     bool SendAllWithFaultInTheLast(zeio::IoExportFilter& filter, zeio::IoManager& manager,
                                    long number) {
@@ -204,6 +236,12 @@ INSTANTIATE_TEST_SUITE_P(, ExportWithoutMemory, testing::ValuesIn(ExportRows()),
 // The host goes on after the error.
 TEST_P(ExportWithoutMemory, InTheMiddleOfAnObjectIsNotSaidToBeWritten) {
     EXPECT_THAT(AllocationsThatEndAsWritten(), IsEmpty());
+}
+
+// The host goes on with objects and the end: the fuzz target of host calls found a file without its
+// first lines that was called written.
+TEST_P(ExportWithoutMemory, AtItsBeginningIsNotSaidToBeWritten) {
+    EXPECT_THAT(BeginningsThatEndAsWritten(), IsEmpty());
 }
 
 TEST(TheFactories, GiveNullWithoutMemoryForAFilter) {
