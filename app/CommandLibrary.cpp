@@ -1,9 +1,9 @@
 #include "app/CommandLibrary.h"
 
-#include "app/Errors.h"
-#include "app/Module.h"
-#include "app/Paths.h"
-#include "app/platform/System.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/base/platform/System.h"
+#include "app/run/Module.h"
 
 #include <string_view>
 
@@ -13,7 +13,7 @@ namespace {
 const CommandLibrary& Load() {
     const std::filesystem::path path = FindBesideProgram(kCommandLibraryFileName);
     std::string reason;
-    // Never unloaded: objects with code of the library live to the end of the program.
+    // Never unloaded: objects with code of the library live until the end of the program.
     static const auto* const library =
         new std::shared_ptr<void>(LoadSharedLibrary(path, reason, SymbolBinding::AtFirstCall));
     if (*library == nullptr) {

@@ -3,7 +3,7 @@
 // that needs them. Loading some sixty libraries takes several times as long as qolf info does.
 #pragma once
 
-#include "app/Commands.h"
+#include "app/commands/Command.h"
 #include "app/crs/CrsIdentity.h"
 #include "host/gcs/CSDef.h"
 

@@ -2,11 +2,13 @@
 // into one line on stderr and an exit code: 0 done, 1 the data could not be processed, 2 the
 // command line is wrong.
 #include "app/Commands.h"
-#include "app/Errors.h"
-#include "app/Output.h"
-#include "app/platform/System.h"
+#include "app/base/Errors.h"
+#include "app/base/Output.h"
+#include "app/base/platform/System.h"
 #include "host/shr/IError.h"
 #include "standalone/Text.h"
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <cstdlib>
@@ -20,7 +22,7 @@ namespace {
 constexpr int kDataError = 1;
 constexpr int kUsageError = 2;
 
-constexpr const char* kFooter = R"(
+constexpr const char* kProgramFooter = R"(
 Examples:
   qolf info roads.mif                     what the file holds
   qolf convert roads.mif roads.geojson    for a web map
@@ -51,7 +53,7 @@ void AddGlobalOptions(CLI::App& program, GlobalOptions& options, app::CommandCon
     program.set_version_flag("--version", std::string("qolf ") + QOLF_VERSION);
 }
 
-// Null for a name that no command has.
+// Returns null when no command has the name.
 const CLI::App* FindCommand(const CLI::App& program, const std::string& name) {
     for (const CLI::App* command : program.get_subcommands(nullptr)) {
         if (command->get_name() == name) {
@@ -61,13 +63,13 @@ const CLI::App* FindCommand(const CLI::App& program, const std::string& name) {
     return nullptr;
 }
 
-// The program's own help, also when a command was parsed, whose help App::help gives.
+// Returns the program's own help. (App::help returns that of the command which was parsed.)
 std::string HelpOf(const CLI::App& program) {
     return program.get_formatter()->make_help(&program, program.get_name(),
                                               CLI::AppFormatMode::Normal);
 }
 
-// Throws Failure when standard output takes no more.
+// Throws Failure when writing to standard output fails.
 int Print(const std::string& text) {
     app::OutputFile out("-", app::IfExists::Overwrite);
     out.Write(text);
@@ -113,7 +115,7 @@ bool TakesNext(const CLI::App& program, const std::string& argument) {
     return option != nullptr && option->get_items_expected_max() > 0;
 }
 
-// The first argument that is no option; empty when there is none.
+// Returns the first argument that is no option; "" when all are options.
 std::string NamedCommand(const CLI::App& program, const std::vector<std::string>& arguments) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
@@ -145,7 +147,7 @@ int RunCommand(app::CommandContext& context) {
     return kDataError;
 }
 
-// What the parser objects to, and where the answer is.
+// Returns the parser's objection, with the help that explains what is right.
 std::string UsageProblem(const CLI::App& program, const CLI::ParseError& error) {
     constexpr std::string_view kRequired = " is required";
     std::string text = error.what();
@@ -206,8 +208,8 @@ int main(int argc, char** argv) {
         return kDataError;
     }
     AddHelpCommand(program, options, context);
-    program.footer(kFooter);
-    // The parser alone would only say that a command is missing.
+    program.footer(kProgramFooter);
+    // The parser itself would only say that a command is missing.
     if (!command.empty() && FindCommand(program, command) == nullptr) {
         context.reporter.Error("there is no command '" + command + "'; qolf --help lists them");
         return kUsageError;

@@ -1,5 +1,5 @@
 // What qolf check says about a pair of files, and the copy that it repairs.
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 #include "app/check/PairCheck.h"
 #include "app/check/RepairMif.h"
 #include "fuzz/FuzzInput.h"

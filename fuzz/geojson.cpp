@@ -1,7 +1,7 @@
 // GeoJSON input, as the command convert reads it.
-#include "app/Errors.h"
-#include "app/Reporter.h"
-#include "app/convert/GeoJsonReader.h"
+#include "app/base/Errors.h"
+#include "app/base/Reporter.h"
+#include "app/formats/geojson/GeoJsonReader.h"
 #include "fuzz/FuzzInput.h"
 
 #include <cstdint>
@@ -12,12 +12,13 @@ namespace {
 
 void Check(const app::Feature& feature, std::size_t columns) {
     fuzz::Require(feature.values.size() == columns, "a feature has a value a column");
-    if (feature.kind == app::GeometryKind::Region) {
+    const app::Geometry& geometry = feature.geometry;
+    if (geometry.kind == app::GeometryKind::Region) {
         const std::size_t vertices =
-            std::accumulate(feature.partSizes.begin(), feature.partSizes.end(), std::size_t{0});
-        fuzz::Require(vertices == feature.points.size(), "the rings have the region's vertices");
+            std::accumulate(geometry.partSizes.begin(), geometry.partSizes.end(), std::size_t{0});
+        fuzz::Require(vertices == geometry.points.size(), "the rings have the region's vertices");
     }
-    fuzz::Require(feature.kind != app::GeometryKind::Line || feature.points.size() >= 2,
+    fuzz::Require(geometry.kind != app::GeometryKind::Line || geometry.points.size() >= 2,
                   "a line has two vertices");
 }
 

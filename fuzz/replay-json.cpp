@@ -1,7 +1,8 @@
 // Objects from JSON, as the command replay reads them: what is written for an object reads as the
 // same object.
-#include "app/ObjectReader.h"
-#include "app/TraceJson.h"
+#include "app/json/JsonError.h"
+#include "app/trace/ObjectReader.h"
+#include "app/trace/TraceJson.h"
 #include "fuzz/FuzzInput.h"
 
 #include <nlohmann/json.hpp>
@@ -28,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string first;
     try {
         first = Written(*app::ObjectFromJson(json));
-    } catch (const app::ObjectError&) {
+    } catch (const app::JsonError&) {
         return 0;
     }
     const nlohmann::json read = nlohmann::json::parse(first, nullptr, /*allow_exceptions=*/false);

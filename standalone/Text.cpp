@@ -1,7 +1,7 @@
 #include "standalone/Text.h"
 
 #include "host/platform/Utf8.h"
-#include "standalone/shr/CodePages.h"
+#include "standalone/CodePages.h"
 
 namespace standalone {
 
@@ -39,6 +39,16 @@ std::string Narrow(std::wstring_view text) {
         }
     }
     return utf8;
+}
+
+std::optional<std::string> Encode(const std::string& codePage, std::string_view utf8) {
+    const std::wstring text = Widen(utf8);
+    std::string bytes = shr::detail::EncodeNamed(codePage, text);
+    // What the code page lacks has become a question mark.
+    if (shr::detail::DecodeNamed(codePage, bytes) != text) {
+        return std::nullopt;
+    }
+    return bytes;
 }
 
 }  // namespace standalone

@@ -3,6 +3,7 @@
 
 #include "host/platform/Export.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,5 +18,9 @@ QOLF_HOST_API std::string CodePage0();
 // UTF-8 to wide text and back. Invalid UTF-8 becomes U+FFFD; a lone surrogate is written as '?'.
 QOLF_HOST_API std::wstring Widen(std::string_view utf8);
 QOLF_HOST_API std::string Narrow(std::wstring_view text);
+
+// UTF-8 as the bytes of a code page by the name of the system's conversion. Absent when the code
+// page lacks one of the characters, or the system lacks the code page. "CP1252" has all 256 bytes.
+QOLF_HOST_API std::optional<std::string> Encode(const std::string& codePage, std::string_view utf8);
 
 }  // namespace standalone

@@ -1,6 +1,6 @@
 #include "app/batch/AbandonedFolders.h"
 
-#include "app/platform/TempFolder.h"
+#include "app/base/TempFolder.h"
 
 #include <cerrno>
 #include <charconv>
@@ -13,7 +13,8 @@
 namespace app {
 namespace {
 
-// False for names that are not a private folder's, and while its process can't be asked.
+// Returns false for a name that is not a private folder's, and when it is not known whether its
+// process still runs.
 bool IsAbandoned(const std::string& name) {
     const std::string prefix = kPrivateFolderPrefix;
     if (!name.starts_with(prefix)) {

@@ -1,13 +1,13 @@
-// What runs that were killed have left beside their outputs.
+// Private folders that killed runs have left beside their outputs.
 #pragma once
 
 #include <filesystem>
 
 namespace app {
 
-// Removes the private folders in folder whose names say that they were made by a process that is no
-// longer there. Those of processes that run, and everything else, stay. What can't be removed stays
-// without a word: the next run tries again.
+// Removes the private folders in `folder` that were made by processes which no longer run. Folders
+// of running processes, and everything else, stay. A folder that can't be removed stays without a
+// message: the next run tries again.
 void RemoveAbandonedFolders(const std::filesystem::path& folder);
 
 }  // namespace app

@@ -1,8 +1,8 @@
 #include "app/batch/BatchPlan.h"
 
-#include "app/Errors.h"
-#include "app/Paths.h"
-#include "app/platform/TempFolder.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/base/TempFolder.h"
 
 #include <algorithm>
 #include <map>
@@ -18,7 +18,7 @@ bool HasExtension(const path& file, std::span<const std::string_view> extensions
            extensions.end();
 }
 
-// The folder that a run of ours may have left when it was killed.
+// Whether the folder is a private one that a killed run of ours may have left.
 bool IsPrivateFolder(const path& folder) {
     return folder.filename().string().starts_with(kPrivateFolderPrefix);
 }
@@ -87,7 +87,8 @@ private:
     std::vector<BatchItem> items_;
 };
 
-// No time for a file that isn't there.
+// Whether the output is older than the input or does not exist. No output is older than an input
+// that does not exist.
 bool IsOlder(const path& output, const path& input) {
     std::error_code error;
     const auto inputTime = std::filesystem::last_write_time(input, error);

@@ -14,19 +14,20 @@ struct BatchItem {
     std::filesystem::path output;
 };
 
-// A file becomes FOLDER/stem.extension. A folder stands for the files below it that have one of the
-// extensions (".mif", in any case), sorted; each keeps its place relative to it, so
-// maps/north/roads.mif of maps becomes FOLDER/north/roads.extension. An input that is named twice
-// is taken once. Nothing is made yet.
+// Returns the inputs with their outputs, in order; makes no file yet. A file's output is
+// `folder`/stem.`extension`. An input that is a folder stands for all files below it that have one
+// of `inputExtensions` (".mif", in any case), sorted. These keep their places in it: for the input
+// maps, the output of maps/north/roads.mif is `folder`/north/roads.`extension`. An input that is
+// named twice is taken once.
 //
-// Throws Failure for an input that isn't there and a folder without such files; UsageError, naming
-// both, when two inputs have one output, and when an output is one of the inputs.
+// Throws Failure for an input that does not exist and for a folder without such files. Throws
+// UsageError, with both names, when two inputs have the same output or an output is an input.
 std::vector<BatchItem> PlanBatch(std::span<const std::string> inputs,
                                  const std::filesystem::path& folder, const std::string& extension,
                                  std::span<const std::string_view> inputExtensions);
 
-// Whether a run before has done the item: the output is there and no older than the input. Outputs
-// only ever appear whole.
+// Returns whether an earlier run has done the item: the output exists and is not older than the
+// input. That is enough, since outputs appear under their names only when they are complete.
 bool IsDone(const BatchItem& item);
 
 }  // namespace app

@@ -1,7 +1,7 @@
 #include "app/batch/BatchRun.h"
 
-#include "app/Errors.h"
-#include "app/Paths.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
 #include "app/batch/AbandonedFolders.h"
 #include "app/batch/ChildProcesses.h"
 
@@ -42,7 +42,7 @@ void MakeFolderOf(const std::filesystem::path& file) {
     }
 }
 
-// The work of a process. Its messages are plain lines for ForwardMessages.
+// The work of one process. Its messages are plain lines, which ForwardMessages reads.
 int ConvertItem(const BatchOptions& options, const BatchItem& item) {
     Reporter reporter(stderr, /*isTerminal=*/false, /*useColor=*/false);
     const IfExists ifExists = options.resume ? IfExists::Overwrite : options.ifExists;
@@ -56,7 +56,7 @@ int ConvertItem(const BatchOptions& options, const BatchItem& item) {
     return 1;
 }
 
-// The warnings of a process again, as our own. Its error, which may have several lines, as one.
+// Repeats the warnings of a process as our own, and returns its error, whose lines become one.
 std::string ForwardMessages(std::string_view messages, Reporter& reporter) {
     std::string error;
     while (!messages.empty()) {

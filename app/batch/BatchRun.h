@@ -1,8 +1,8 @@
 // Converts many files in processes of their own.
 #pragma once
 
-#include "app/Output.h"
-#include "app/Reporter.h"
+#include "app/base/Output.h"
+#include "app/base/Reporter.h"
 #include "app/batch/BatchPlan.h"
 
 #include <cstddef>
@@ -14,18 +14,18 @@ namespace app {
 struct BatchOptions {
     std::vector<BatchItem> items;
     std::size_t jobs = 0;  // processes at a time; 0: one a processor
-    bool resume = false;   // leave out what is done already, redo the rest, and remove what a
-                           // killed run has left half done
+    bool resume = false;   // skip what is done, redo the rest, and remove what a killed run has
+                           // left behind
     IfExists ifExists = IfExists::Refuse;
 
-    // Converts one file, in a process of its own, and gives the exit code. What it throws is an
-    // error of that file.
+    // Converts one file and returns the exit code. Called in a process of its own; what it throws
+    // counts as that file's error.
     std::function<int(const BatchItem& item, IfExists ifExists, Reporter& reporter)> convert;
 };
 
-// Makes the folders of the outputs and converts the items. A file that fails is one line on the
-// reporter and hinders no other; a note at the end counts. 0 when all were converted, else 1. A
-// signal that ends the program ends the processes first, and then this one. Throws Failure.
+// Makes the folders of the outputs and converts the items. A file that fails gives one line on the
+// reporter, and the others go on; a note at the end counts them. Returns 0 when all were converted,
+// else 1. A signal that ends the program ends its processes first. Throws Failure.
 int RunBatch(const BatchOptions& options, Reporter& reporter);
 
 }  // namespace app

@@ -1,6 +1,6 @@
 #include "app/batch/ChildProcesses.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 
 #include <algorithm>
 #include <array>
@@ -28,7 +28,8 @@ extern "C" void NoteSignal(int signalNumber) {
     pendingSignal = signalNumber;
 }
 
-// While it lives, the signals that end a program are only noted, and only during Wait.
+// Blocks the signals that end a program, as long as the object lives. They arrive only during Wait,
+// and are only noted.
 class SignalWatch {
 public:
     SignalWatch() {
@@ -54,12 +55,12 @@ public:
     SignalWatch(const SignalWatch&) = delete;
     SignalWatch& operator=(const SignalWatch&) = delete;
 
-    // Until a descriptor is ready, or a signal has come.
+    // Waits until a descriptor is ready or a signal has come.
     void Wait(std::vector<pollfd>& descriptors) const {
         static_cast<void>(ppoll(descriptors.data(), descriptors.size(), nullptr, &original_));
     }
 
-    // Puts everything back as it was.
+    // Restores the signals as they were before.
     void Restore() const {
         for (std::size_t i = 0; i < kEndingSignals.size(); ++i) {
             sigaction(kEndingSignals[i], &actions_[i], nullptr);
@@ -83,7 +84,7 @@ class ChildTable {
 public:
     explicit ChildTable(const SignalWatch& watch) : watch_(watch) {}
 
-    // Ends and collects what still runs, as on the way of an exception.
+    // Ends the processes that still run, as after an exception, and waits for them.
     ~ChildTable() {
         PassOn(SIGTERM);
         for (Child& child : running_) {
@@ -121,7 +122,7 @@ public:
         }
     }
 
-    // Waits for messages, ends or a signal, and gives the children that have ended.
+    // Waits for messages, for ends or for a signal, and returns the processes that have ended.
     std::vector<Child> Wait() {
         std::vector<pollfd> descriptors;
         for (const Child& child : running_) {
@@ -130,7 +131,7 @@ public:
         watch_.Wait(descriptors);
         std::vector<Child> ended;
         for (std::size_t i = descriptors.size(); i-- > 0;) {
-            // After a signal the results of the call are not filled in.
+            // After a signal `revents` is not filled in: 0.
             if (descriptors[i].revents != 0 && !ReadMessages(running_[i])) {
                 ended.push_back(std::move(running_[i]));
                 running_.erase(running_.begin() + static_cast<std::ptrdiff_t>(i));
@@ -143,7 +144,8 @@ public:
     }
 
 private:
-    // The life of a copy, which ends here: neither destructors nor exit handlers are its own.
+    // Runs the work in the copy and ends it there, without destructors and exit handlers: these
+    // belong to the original.
     [[noreturn]] void Become(std::size_t number, int errorPipe,
                              const std::function<int(std::size_t)>& work) const noexcept {
         const int nothing = open("/dev/null", O_RDONLY | O_CLOEXEC);
@@ -156,7 +158,7 @@ private:
         _exit(exitCode);
     }
 
-    // False at the end, which comes with the end of the program.
+    // Returns false at the end of the messages, when the process has ended.
     static bool ReadMessages(Child& child) {
         std::array<char, 4096> block{};
         const ssize_t got = read(child.messages, block.data(), block.size());

@@ -1,4 +1,4 @@
-// Does work in processes beside one another and collects what they say on standard error.
+// Does work in parallel processes and collects their messages.
 #pragma once
 
 #include <cstddef>
@@ -13,14 +13,15 @@ struct ChildResult {
     std::string messages;  // its standard error, cut off when it is very long
 };
 
-// Runs count processes, at most parallel at a time. Each is a copy of this one, which must have no
-// other threads: that saves the loading of a program, which takes longer than a small file does.
-// work gets a number from 0 on, runs in the copy with nothing on standard input, and gives its exit
-// code; an exception ends the copy like a crash. onEnd gets the result in this process.
+// Runs `count` processes, at most `parallel` at a time. Each is a copy of this one (a fork), which
+// must have no other threads: loading a program anew takes longer than converting a small file.
+// Each copy calls `work` with its number, from 0, with nothing on standard input; the result is its
+// exit code, and an exception ends it as a crash does. This process calls `onEnd` when a copy has
+// ended.
 //
-// An interrupt, a hang-up or a request to terminate is passed on to the processes that run; once
-// they have ended, the number of that signal is the result. 0 when all have run. Throws Failure
-// when a process can't be started; what has been started is ended first.
+// An interrupt, a hang-up or a request to terminate is passed on to the running copies. Returns the
+// number of that signal once they have ended, and 0 when all have run. Throws Failure when a
+// process can't be started; those that run are ended first.
 int RunChildren(std::size_t count, std::size_t parallel,
                 const std::function<int(std::size_t)>& work,
                 const std::function<void(std::size_t, const ChildResult&)>& onEnd);

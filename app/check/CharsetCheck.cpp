@@ -1,6 +1,7 @@
 #include "app/check/CharsetCheck.h"
 
-#include "app/check/NumberText.h"
+#include "app/mif/Charsets.h"
+#include "app/mif/Words.h"
 
 #include <iconv.h>
 
@@ -11,68 +12,6 @@
 
 namespace app::check {
 namespace {
-
-struct CharsetName {
-    std::string_view mifName;
-    const char* conversionName;  // null when there is no table for it
-};
-
-constexpr std::array kCharsets = {
-    CharsetName{"ISO8859_1", "ISO-8859-1"},
-    CharsetName{"ISO8859_2", "ISO-8859-2"},
-    CharsetName{"ISO8859_3", "ISO-8859-3"},
-    CharsetName{"ISO8859_4", "ISO-8859-4"},
-    CharsetName{"ISO8859_5", "ISO-8859-5"},
-    CharsetName{"ISO8859_6", "ISO-8859-6"},
-    CharsetName{"ISO8859_7", "ISO-8859-7"},
-    CharsetName{"ISO8859_8", "ISO-8859-8"},
-    CharsetName{"ISO8859_9", "ISO-8859-9"},
-    // The first spelling, without an n, is the usual one.
-    CharsetName{"PackedEUCJapaese", "EUC-JP"},
-    CharsetName{"PackedEUCJapanese", "EUC-JP"},
-    CharsetName{"WindowsLatin1", "CP1252"},
-    CharsetName{"WindowsLatin2", "CP1250"},
-    CharsetName{"WindowsArabic", "CP1256"},
-    CharsetName{"WindowsCyrillic", "CP1251"},
-    CharsetName{"WindowsGreek", "CP1253"},
-    CharsetName{"WindowsHebrew", "CP1255"},
-    CharsetName{"WindowsTurkish", "CP1254"},
-    CharsetName{"WindowsBalticRim", "CP1257"},
-    CharsetName{"WindowsVietnamese", "CP1258"},
-    CharsetName{"WindowsThai", "CP874"},
-    CharsetName{"WindowsTradChinese", "CP950"},
-    CharsetName{"WindowsSimpChinese", "CP936"},
-    CharsetName{"WindowsJapanese", "CP932"},
-    CharsetName{"WindowsKorean", "CP949"},
-    CharsetName{"MacRoman", "MACINTOSH"},
-    CharsetName{"MacArabic", nullptr},
-    CharsetName{"MacHebrew", nullptr},
-    CharsetName{"MacGreek", nullptr},
-    CharsetName{"MacCyrillic", "MAC-CYRILLIC"},
-    CharsetName{"MacTurkish", nullptr},
-    CharsetName{"MacCentralEurope", "MAC-CENTRALEUROPE"},
-    CharsetName{"MacJapanese", "SHIFT_JIS"},
-    CharsetName{"CodePage437", "IBM437"},
-    CharsetName{"CodePage850", "IBM850"},
-    CharsetName{"CodePage852", "IBM852"},
-    CharsetName{"CodePage855", "IBM855"},
-    CharsetName{"CodePage857", "IBM857"},
-    CharsetName{"CodePage860", "IBM860"},
-    CharsetName{"CodePage861", "IBM861"},
-    CharsetName{"CodePage863", "IBM863"},
-    CharsetName{"CodePage864", "IBM864"},
-    CharsetName{"CodePage865", "IBM865"},
-    CharsetName{"CodePage869", "IBM869"},
-    CharsetName{"UTF-8", "UTF-8"},
-    CharsetName{"UTF-16", nullptr},
-    CharsetName{"LICS", nullptr},
-    CharsetName{"LMBCS", nullptr},
-};
-
-constexpr std::array<std::string_view, 7> kMultiByte = {
-    "PackedEUCJapaese", "PackedEUCJapanese", "WindowsTradChinese", "WindowsSimpChinese",
-    "WindowsJapanese",  "WindowsKorean",     "MacJapanese",
-};
 
 iconv_t NoConversion() {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): what iconv_open answers on failure
@@ -126,21 +65,19 @@ CharsetTester::CharsetTester(std::string_view declaredName) {
         kind_ = CharsetKind::Neutral;
         return;
     }
-    const auto* const found = std::ranges::find_if(kCharsets, [&](const CharsetName& row) {
-        return EqualsIgnoringCase(row.mifName, declaredName);
-    });
-    if (found == kCharsets.end()) {
+    const Charset* const charset = FindCharset(declaredName);
+    if (charset == nullptr) {
         kind_ = CharsetKind::Unknown;
         return;
     }
-    kind_ = CharsetKind::Untestable;
-    isUtf8_ = found->mifName == "UTF-8";
-    isThai_ = found->mifName == "WindowsThai";
-    isMultiByte_ = std::ranges::find(kMultiByte, found->mifName) != kMultiByte.end();
-    if (isUtf8_) {
-        kind_ = CharsetKind::Known;
-    } else if (found->conversionName != nullptr) {
-        const iconv_t conversion = iconv_open("UTF-8", found->conversionName);
+    isUtf8_ = charset->mifName == "UTF-8";
+    isThai_ = charset->mifName == "WindowsThai";
+    isMultiByte_ = charset->isMultiByte;
+    // A file in UTF-16 is found by its first bytes, not by its name.
+    const bool hasConversion = !charset->iconvName.empty() && charset->mifName != "UTF-16";
+    kind_ = isUtf8_ ? CharsetKind::Known : CharsetKind::Untestable;
+    if (!isUtf8_ && hasConversion) {
+        const iconv_t conversion = iconv_open("UTF-8", std::string(charset->iconvName).c_str());
         if (conversion != NoConversion()) {
             conversion_ = conversion;
             kind_ = CharsetKind::Known;

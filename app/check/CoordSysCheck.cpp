@@ -1,7 +1,9 @@
 #include "app/check/CoordSysCheck.h"
 
-#include "app/Projections.h"
-#include "app/check/NumberText.h"
+#include "app/mif/CoordSysCodes.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Units.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <array>
@@ -11,49 +13,6 @@
 
 namespace app::check {
 namespace {
-
-struct CodeRange {
-    std::int64_t first;
-    std::int64_t last;
-};
-
-constexpr std::array kDatums = {
-    CodeRange{1, 31},      CodeRange{33, 72},     CodeRange{74, 74},     CodeRange{76, 100},
-    CodeRange{103, 110},   CodeRange{112, 112},   CodeRange{114, 145},   CodeRange{147, 150},
-    CodeRange{154, 155},   CodeRange{157, 157},   CodeRange{1000, 1004}, CodeRange{1006, 1008},
-    CodeRange{1010, 1010}, CodeRange{1016, 1016}, CodeRange{1019, 1019},
-};
-
-// Code 0 is found by no one: it is what the reader takes for "none".
-constexpr std::array kEllipsoids = {CodeRange{1, 28}, CodeRange{30, 53}};
-
-bool IsIn(std::span<const CodeRange> ranges, std::int64_t code) {
-    return std::ranges::any_of(
-        ranges, [&](const CodeRange& range) { return code >= range.first && code <= range.last; });
-}
-
-constexpr std::array<std::string_view, 7> kKnownUnits = {
-    "m", "meters", "f", "feet", "survey ft", "survey feet", "us survey ft"};
-
-struct Unit {
-    std::string_view name;
-    double perMetre;
-};
-
-constexpr double kSurveyFeet = 3937.0 / 1200.0;
-constexpr std::array kOtherUnits = {
-    Unit{"mi", 1.0 / 1609.344},
-    Unit{"km", 0.001},
-    Unit{"in", 1.0 / 0.0254},
-    Unit{"ft", 1.0 / 0.3048},
-    Unit{"yd", 1.0 / 0.9144},
-    Unit{"mm", 1000.0},
-    Unit{"cm", 100.0},
-    Unit{"nmi", 1.0 / 1852.0},
-    Unit{"li", kSurveyFeet / 0.66},
-    Unit{"ch", kSurveyFeet / 66.0},
-    Unit{"rd", kSurveyFeet / 16.5},
-};
 
 // The clause as one row of tokens, and how far it was read.
 class Clause {
@@ -66,15 +25,13 @@ public:
 private:
     void TakeLine();
     bool AtEnd() const { return next_ >= tokens_.size(); }
-    bool At(std::string_view word) const {
-        return !AtEnd() && EqualsIgnoringCase(tokens_[next_].text, word);
-    }
+    bool At(std::string_view word) const { return !AtEnd() && tokens_[next_].Is(word); }
     void SkipComma() { next_ += At(",") ? 1U : 0U; }
-    std::string Take() { return AtEnd() ? std::string() : tokens_[next_++].text; }
+    std::string Take() { return AtEnd() ? std::string() : std::string(tokens_[next_++].text); }
     double TakeNumber();
 
     void CheckProjection();
-    bool KnowProjection(std::int64_t code, const Token& token);
+    bool KnowProjection(std::int64_t code, const MifToken& token);
     void CheckDatum();
     void CheckUnits(std::int64_t code);
     void CheckParameters(const Projection& projection);
@@ -87,7 +44,7 @@ private:
     Report& report_;
     CheckedHeader& header_;
     Place place_;
-    std::vector<Token> tokens_;
+    std::vector<MifToken> tokens_;
     std::size_t next_ = 0;
     std::uint64_t behind_ = 0;  // offset behind the clause's last line
     LineEnd lineEnd_ = LineEnd::Lf;
@@ -95,7 +52,7 @@ private:
 };
 
 void Clause::TakeLine() {
-    const Line& line = *lines_.Peek();
+    const MifLine& line = *lines_.Peek();
     place_.line = line.number;
     tokens_.insert(tokens_.end(), line.tokens.begin(), line.tokens.end());
     behind_ = line.next;
@@ -110,7 +67,7 @@ double Clause::TakeNumber() {
         text += Take();
     }
     SkipComma();
-    return ReaderDouble(text);
+    return ReadDouble(text);
 }
 
 void Clause::Check() {
@@ -127,9 +84,9 @@ void Clause::Check() {
         return;
     }
     ++next_;
-    const Line* following = lines_.Peek();
+    const MifLine* following = lines_.Peek();
     if (AtEnd() && following != nullptr && !following->IsBlank() &&
-        EqualsIgnoringCase(following->tokens.front().text, "Projection")) {
+        following->tokens.front().Is("Projection")) {
         TakeLine();
     }
     if (!At("Projection")) {
@@ -146,7 +103,7 @@ void Clause::Check() {
     CheckProjection();
 }
 
-bool Clause::KnowProjection(std::int64_t code, const Token& token) {
+bool Clause::KnowProjection(std::int64_t code, const MifToken& token) {
     if (FindProjection(code) != nullptr) {
         return true;
     }
@@ -168,8 +125,8 @@ bool Clause::KnowProjection(std::int64_t code, const Token& token) {
 }
 
 void Clause::CheckProjection() {
-    const Token token = AtEnd() ? Token{} : tokens_[next_];
-    const std::int64_t code = ReaderInteger(Take());
+    const MifToken token = AtEnd() ? MifToken{} : tokens_[next_];
+    const std::int64_t code = ReadInteger(Take());
     const bool isKnown = KnowProjection(code, token);
     if (!At(",")) {
         if (isKnown) {
@@ -202,9 +159,9 @@ void Clause::CheckProjection() {
 }
 
 void Clause::CheckDatum() {
-    const std::int64_t code = ReaderInteger(Take());
+    const std::int64_t code = ReadInteger(Take());
     if (code != 999 && code != 9999) {
-        if (!IsIn(kDatums, code)) {
+        if (!IsKnownDatum(code)) {
             report_.Add(Code::DatumUnknown, place_,
                         "the reader does not know the datum code " + std::to_string(code) +
                             "; the objects come without a datum");
@@ -212,8 +169,8 @@ void Clause::CheckDatum() {
         return;
     }
     SkipComma();
-    const std::int64_t ellipsoid = ReaderInteger(Take());
-    if (!IsIn(kEllipsoids, ellipsoid)) {
+    const std::int64_t ellipsoid = ReadInteger(Take());
+    if (!IsKnownEllipsoid(ellipsoid)) {
         report_.Add(Code::EllipsoidUnknown, place_,
                     "the reader does not know the ellipsoid code " + std::to_string(ellipsoid) +
                         " and takes Clarke 1866");
@@ -232,18 +189,15 @@ void Clause::CheckUnits(std::int64_t code) {
     if (AtEnd()) {
         return;
     }
-    const Token token = tokens_[next_++];
+    const MifToken token = tokens_[next_++];
     SkipComma();
-    const bool isKnown = std::ranges::any_of(
-        kKnownUnits, [&](std::string_view name) { return EqualsIgnoringCase(name, token.text); });
-    if (isKnown) {
-        if (!EqualsIgnoringCase(token.text, "m") && !EqualsIgnoringCase(token.text, "meters")) {
-            unitsPerMetre_ = kSurveyFeet;
-        }
+    const Unit* const unit = FindUnit(token.text);
+    if (unit != nullptr && unit->isKnownToModule) {
+        unitsPerMetre_ = unit->perMetre;
         return;
     }
-    if (ReaderDouble(token.text) > 0.0) {
-        unitsPerMetre_ = ReaderDouble(token.text);
+    if (ReadDouble(token.text) > 0.0) {
+        unitsPerMetre_ = ReadDouble(token.text);
         report_.Add(Code::UnitIsNumber, place_,
                     "the unit is " + Quoted(token.text) + ", taken as units per metre");
         return;
@@ -254,9 +208,7 @@ void Clause::CheckUnits(std::int64_t code) {
     report_.Add(Code::UnitIgnored, place_,
                 "the reader does not know the unit " + Quoted(token.text) +
                     " and takes the coordinates as metres");
-    const auto* const unit = std::ranges::find_if(
-        kOtherUnits, [&](const Unit& row) { return EqualsIgnoringCase(row.name, token.text); });
-    if (unit == kOtherUnits.end()) {
+    if (unit == nullptr) {
         return;
     }
     unitsPerMetre_ = unit->perMetre;
@@ -266,8 +218,8 @@ void Clause::CheckUnits(std::int64_t code) {
                                    .text = number,
                                    .code = Code::UnitIgnored,
                                    .line = place_.line,
-                                   .what = "the unit \"" + token.text + "\" becomes " + number +
-                                           " units per metre"});
+                                   .what = "the unit \"" + std::string(token.text) + "\" becomes " +
+                                           number + " units per metre"});
 }
 
 void Clause::CheckParameters(const Projection& projection) {
@@ -294,7 +246,7 @@ void Clause::CheckParameters(const Projection& projection) {
 void Clause::CheckRest(const Projection* projection) {
     if (projection != nullptr && projection->hasRange && !AtEnd() && !At("Bounds") &&
         !At("Affine")) {
-        const std::string range = tokens_[next_].text;
+        const std::string range(tokens_[next_].text);
         static_cast<void>(TakeNumber());
         report_.Add(Code::RangeIgnored, place_, "the reader ignores the range " + range);
     }
@@ -328,7 +280,8 @@ void Clause::CheckBlanksInBounds(std::size_t first) {
     for (std::size_t i = first; i + 1 < tokens_.size(); ++i) {
         if (tokens_[i].text == "-" && IsDecimalNumber(tokens_[i + 1].text)) {
             report_.Add(Code::BlankInIgnoredBounds, place_,
-                        "a blank stands between a minus sign and " + tokens_[i + 1].text);
+                        "a blank stands between a minus sign and " +
+                            std::string(tokens_[i + 1].text));
             report_.Change(PairFile::Mif, {.begin = tokens_[i].end,
                                            .end = tokens_[i + 1].begin,
                                            .text = {},
@@ -346,7 +299,7 @@ std::optional<Box> Clause::ReadBounds(std::size_t first) const {
         if (tokens_[i].text == "-") {
             sign = "-";
         } else if (IsDecimalNumber(tokens_[i].text)) {
-            numbers.push_back(ReaderDouble(sign + tokens_[i].text));
+            numbers.push_back(ReadDouble(sign + std::string(tokens_[i].text)));
             sign.clear();
         }
     }
@@ -360,11 +313,11 @@ std::optional<Box> Clause::ReadBounds(std::size_t first) const {
 // The reader looks for more of the clause in the next line. An empty line there is all that it
 // takes.
 void Clause::CheckSwallowing(Code line, Code data, const char* why) {
-    const Line* following = lines_.Peek();
+    const MifLine* following = lines_.Peek();
     if (following == nullptr || following->IsBlank()) {
         return;
     }
-    const std::string word = following->tokens.front().text;
+    const std::string word(following->tokens.front().text);
     const bool isData = EqualsIgnoringCase(word, "Data");
     const Code code = isData ? data : line;
     report_.Add(code, place_,

@@ -2,7 +2,8 @@
 
 #include "app/check/CharsetCheck.h"
 #include "app/check/CoordSysCheck.h"
-#include "app/check/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <array>
 #include <optional>
@@ -18,28 +19,6 @@ constexpr std::array<std::string_view, 10> kKeywords = {
     "version",   "charset", "delimiter", "coordsys", "bounds",
     "transform", "columns", "index",     "unique",   "data"};
 
-struct KindName {
-    std::string_view name;
-    ColumnKind kind;
-};
-
-constexpr std::array kKinds = {
-    KindName{"Char", ColumnKind::Char},         KindName{"Integer", ColumnKind::Integer},
-    KindName{"SmallInt", ColumnKind::SmallInt}, KindName{"LargeInt", ColumnKind::LargeInt},
-    KindName{"Decimal", ColumnKind::Decimal},   KindName{"Float", ColumnKind::Float},
-    KindName{"Date", ColumnKind::Date},         KindName{"Time", ColumnKind::Time},
-    KindName{"DateTime", ColumnKind::DateTime}, KindName{"Logical", ColumnKind::Logical},
-};
-
-ColumnKind KindOf(std::string_view name) {
-    for (const KindName& row : kKinds) {
-        if (EqualsIgnoringCase(row.name, name)) {
-            return row.kind;
-        }
-    }
-    return ColumnKind::Other;
-}
-
 bool IsKeyword(std::string_view text) {
     for (const std::string_view keyword : kKeywords) {
         if (EqualsIgnoringCase(keyword, text)) {
@@ -49,18 +28,18 @@ bool IsKeyword(std::string_view text) {
     return false;
 }
 
-Column ColumnOf(const Line& line) {
+Column ColumnOf(const MifLine& line) {
     Column column;
     column.name = line.tokens[0].text;
     if (line.tokens.size() > 1) {
         column.typeText = line.tokens[1].text;
-        column.kind = KindOf(column.typeText);
+        column.kind = ColumnKindOf(column.typeText);
     }
     std::vector<int> sizes;
     for (std::size_t i = 2; i < line.tokens.size(); ++i) {
-        const std::string& text = line.tokens[i].text;
+        const std::string_view text = line.tokens[i].text;
         if (IsDigits(text) && text.size() < 6) {
-            sizes.push_back(static_cast<int>(ReaderInteger(text)));
+            sizes.push_back(static_cast<int>(ReadInteger(text)));
         }
     }
     column.width = sizes.empty() ? 0 : sizes[0];
@@ -76,17 +55,17 @@ public:
     void Check();
 
 private:
-    void CheckClause(const Line& line, std::size_t keyword);
-    void CheckVersion(const Line& line);
-    void CheckCharset(const Line& line);
-    void CheckDelimiter(const Line& line);
-    void CheckBounds(const Line& line);
-    void CheckTransform(const Line& line);
+    void CheckClause(const MifLine& line, std::size_t keyword);
+    void CheckVersion(const MifLine& line);
+    void CheckCharset(const MifLine& line);
+    void CheckDelimiter(const MifLine& line);
+    void CheckBounds(const MifLine& line);
+    void CheckTransform(const MifLine& line);
     void CheckColumns();
     std::uint64_t TakeColumns(std::uint64_t declared);
-    void CheckData(const Line& line);
-    void CheckRest(const Line& line, std::size_t used);
-    Place At(const Line& line) const { return {PairFile::Mif, line.number, 0}; }
+    void CheckData(const MifLine& line);
+    void CheckRest(const MifLine& line, std::size_t used);
+    Place At(const MifLine& line) const { return {PairFile::Mif, line.number, 0}; }
 
     LineReader& lines_;
     Report& report_;
@@ -111,7 +90,7 @@ enum Keyword : std::size_t {
 
 void HeaderChecker::Check() {
     std::uint64_t last = 0;
-    for (const Line* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
+    for (const MifLine* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
         last = line->number;
         report_.Settle(PairFile::Mif, line->begin);
         if (line->begin > kMaxHeaderBytes && !isTooLong_) {
@@ -136,7 +115,7 @@ void HeaderChecker::Check() {
         }
         if (++seen_[keyword] == 2) {
             report_.Add(Code::ClauseRepeated, At(*line),
-                        "a second " + line->tokens.front().text + " clause");
+                        "a second " + std::string(line->tokens.front().text) + " clause");
         }
         if (keyword == kData) {
             CheckData(*line);
@@ -151,7 +130,7 @@ void HeaderChecker::Check() {
 }
 
 // CoordSys and Columns take their lines themselves, all others have one.
-void HeaderChecker::CheckClause(const Line& line, std::size_t keyword) {
+void HeaderChecker::CheckClause(const MifLine& line, std::size_t keyword) {
     switch (keyword) {
     case kVersion:
         CheckVersion(line);
@@ -184,7 +163,7 @@ void HeaderChecker::CheckClause(const Line& line, std::size_t keyword) {
     lines_.Skip();
 }
 
-void HeaderChecker::CheckRest(const Line& line, std::size_t used) {
+void HeaderChecker::CheckRest(const MifLine& line, std::size_t used) {
     if (line.tokens.size() > used) {
         report_.Add(Code::HeaderRestIgnored, At(line),
                     "the reader skips the rest of the line, from " +
@@ -192,9 +171,9 @@ void HeaderChecker::CheckRest(const Line& line, std::size_t used) {
     }
 }
 
-void HeaderChecker::CheckVersion(const Line& line) {
-    const std::string text = line.tokens.size() > 1 ? line.tokens[1].text : "";
-    const std::int64_t version = ReaderInteger(text);
+void HeaderChecker::CheckVersion(const MifLine& line) {
+    const std::string text(line.tokens.size() > 1 ? line.tokens[1].text : "");
+    const std::int64_t version = ReadInteger(text);
     if (version > 1100 && version < 3000) {
         report_.Add(Code::VersionUnsupported, At(line),
                     "version " + std::to_string(version) + "; the reader warns and goes on");
@@ -205,7 +184,7 @@ void HeaderChecker::CheckVersion(const Line& line) {
     CheckRest(line, 2);
 }
 
-void HeaderChecker::CheckCharset(const Line& line) {
+void HeaderChecker::CheckCharset(const MifLine& line) {
     header_.charset = line.tokens.size() > 1 ? line.tokens[1].text : "";
     if (CharsetTester(header_.charset).Kind() == CharsetKind::Unknown) {
         report_.Add(Code::CharsetUnknown, At(line),
@@ -214,8 +193,8 @@ void HeaderChecker::CheckCharset(const Line& line) {
     CheckRest(line, 2);
 }
 
-void HeaderChecker::CheckDelimiter(const Line& line) {
-    const std::string text = line.tokens.size() > 1 ? line.tokens[1].text : "";
+void HeaderChecker::CheckDelimiter(const MifLine& line) {
+    const std::string text(line.tokens.size() > 1 ? line.tokens[1].text : "");
     if (text.size() > 2) {
         report_.Add(Code::DelimiterIgnored, At(line),
                     "the reader ignores the delimiter " + Quoted(text) +
@@ -237,17 +216,17 @@ void HeaderChecker::CheckDelimiter(const Line& line) {
     }
 }
 
-void HeaderChecker::CheckBounds(const Line& line) {
+void HeaderChecker::CheckBounds(const MifLine& line) {
     constexpr std::array<const char*, 10> kForm = {"(", "", ",", "", ")", "(", "", ",", "", ")"};
     std::array<double, 4> numbers{};
     std::size_t count = 0;
     bool isGood = line.tokens.size() > kForm.size();
     for (std::size_t i = 0; isGood && i < kForm.size(); ++i) {
-        const std::string& text = line.tokens[i + 1].text;
+        const std::string_view text = line.tokens[i + 1].text;
         const std::string_view expected = kForm[i];
         isGood = expected.empty() ? IsDecimalNumber(text) : text == expected;
         if (isGood && expected.empty()) {
-            numbers[count++] = ReaderDouble(text);
+            numbers[count++] = ReadDouble(text);
         }
     }
     if (!isGood) {
@@ -263,7 +242,7 @@ void HeaderChecker::CheckBounds(const Line& line) {
                          std::max(numbers[0], numbers[2]), std::max(numbers[1], numbers[3])};
 }
 
-void HeaderChecker::CheckTransform(const Line& line) {
+void HeaderChecker::CheckTransform(const MifLine& line) {
     report_.Add(Code::TransformIgnored, At(line),
                 "the reader does not apply the Transform clause to the coordinates");
     // The declared bounds may be those after the transformation.
@@ -273,7 +252,7 @@ void HeaderChecker::CheckTransform(const Line& line) {
 // Takes the columns that really stand there; answers how many.
 std::uint64_t HeaderChecker::TakeColumns(std::uint64_t declared) {
     std::uint64_t found = 0;
-    for (const Line* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
+    for (const MifLine* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
         if (line->IsBlank()) {
             if (found >= declared) {
                 break;
@@ -307,10 +286,10 @@ std::uint64_t HeaderChecker::TakeColumns(std::uint64_t declared) {
 }
 
 void HeaderChecker::CheckColumns() {
-    const Line line = *lines_.Peek();
+    const MifLine line = *lines_.Peek();
     lines_.Skip();
-    const std::string text = line.tokens.size() > 1 ? line.tokens[1].text : "";
-    const std::int64_t number = ReaderInteger(text);
+    const std::string text(line.tokens.size() > 1 ? line.tokens[1].text : "");
+    const std::int64_t number = ReadInteger(text);
     const std::uint64_t declared = number > 0 ? static_cast<std::uint64_t>(number) : 0;
     const std::uint64_t found = TakeColumns(declared);
     if (found == declared && IsDigits(text)) {
@@ -330,7 +309,7 @@ void HeaderChecker::CheckColumns() {
     }
 }
 
-void HeaderChecker::CheckData(const Line& line) {
+void HeaderChecker::CheckData(const MifLine& line) {
     if (seen_[kVersion] == 0) {
         report_.Add(Code::VersionMissing, At(line), "no Version clause; the import stops");
     }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/check/HeaderFacts.h"
-#include "app/check/LineReader.h"
 #include "app/check/Report.h"
+#include "app/mif/LineReader.h"
 
 namespace app::check {
 

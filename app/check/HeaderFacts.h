@@ -1,7 +1,7 @@
 // What the check of a header found out for the checks of the objects and the rows.
 #pragma once
 
-#include "app/HeaderScan.h"
+#include "app/mif/HeaderScan.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,10 +1,10 @@
 // The part of the pair check that runs the module.
 #include "app/check/PairCheck.h"
 
-#include "app/Errors.h"
-#include "app/ImportRun.h"
-#include "app/Module.h"
-#include "app/Paths.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/run/ImportRun.h"
+#include "app/run/Module.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,6 +1,7 @@
 #include "app/check/NumberLine.h"
 
-#include "app/check/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <cmath>
@@ -86,7 +87,7 @@ std::vector<Word> SplitAtCommas(const std::vector<Word>& words) {
 
 }  // namespace
 
-std::vector<Word> WordsOf(const Line& line, std::uint64_t from) {
+std::vector<Word> WordsOf(const MifLine& line, std::uint64_t from) {
     std::vector<Word> words;
     std::size_t pos = static_cast<std::size_t>(from - line.begin);
     const std::string_view raw = line.raw;
@@ -102,18 +103,11 @@ std::vector<Word> WordsOf(const Line& line, std::uint64_t from) {
     return words;
 }
 
-bool HasDecimalComma(std::string_view text) {
-    const std::size_t comma = text.find(',');
-    return comma != std::string_view::npos && IsWholeNumber(text.substr(0, comma)) &&
-           IsDecimalNumber(text.substr(comma + 1)) && IsDigits(text.substr(comma + 1, 1)) &&
-           text.find('.') == std::string_view::npos;
-}
-
-std::size_t CountNumbers(const Line& line, std::uint64_t from) {
+std::size_t CountNumbers(const MifLine& line, std::uint64_t from) {
     return JoinMinus(WordsOf(line, from)).words.size();
 }
 
-std::vector<double> ReadNumbers(const Line& line, std::uint64_t from, std::size_t count,
+std::vector<double> ReadNumbers(const MifLine& line, std::uint64_t from, std::size_t count,
                                 const Place& place, Report& report) {
     const JoinedWords joined = JoinMinus(WordsOf(line, from));
     ReportGaps(joined, place, report);
@@ -131,9 +125,9 @@ std::vector<double> ReadNumbers(const Line& line, std::uint64_t from, std::size_
         if (!IsDecimalNumber(words[i].text)) {
             report.Add(Code::NumberUnreadable, place,
                        Quoted(words[i].text) + " is no number; the reader takes " +
-                           NumberAsText(ReaderDouble(words[i].text)));
+                           NumberAsText(ReadDouble(words[i].text)));
         }
-        numbers[i] = ReaderDouble(words[i].text);
+        numbers[i] = ReadDouble(words[i].text);
         if (IsDecimalNumber(words[i].text) && !std::isfinite(numbers[i])) {
             report.Add(Code::NumberUnreadable, place, Quoted(words[i].text) + " is too large");
         }

@@ -1,8 +1,8 @@
 // Checks a line that should hold a known number of coordinates.
 #pragma once
 
-#include "app/check/LineReader.h"
 #include "app/check/Report.h"
+#include "app/mif/LineReader.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,17 +20,14 @@ struct Word {
 };
 
 // The words of the line that begin at the offset from or behind it. Quotes have no meaning.
-std::vector<Word> WordsOf(const Line& line, std::uint64_t from);
-
-// Digits, comma, digits, with a sign or without.
-bool HasDecimalComma(std::string_view text);
+std::vector<Word> WordsOf(const MifLine& line, std::uint64_t from);
 
 // How many numbers a line holds when decimal commas and blanks after a minus are taken as meant.
-std::size_t CountNumbers(const Line& line, std::uint64_t from);
+std::size_t CountNumbers(const MifLine& line, std::uint64_t from);
 
 // Reads exactly count numbers from the offset from on, as they were meant; what could not be read
 // is 0. Reports what is wrong, and offers the edits that have one right form.
-std::vector<double> ReadNumbers(const Line& line, std::uint64_t from, std::size_t count,
+std::vector<double> ReadNumbers(const MifLine& line, std::uint64_t from, std::size_t count,
                                 const Place& place, Report& report);
 
 }  // namespace app::check

@@ -2,9 +2,10 @@
 
 #include "app/check/ArcPoints.h"
 #include "app/check/NumberLine.h"
-#include "app/check/NumberText.h"
 #include "app/check/RingCheck.h"
 #include "app/check/StyleCheck.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <array>
@@ -26,29 +27,31 @@ bool IsObject(std::string_view word) {
         kObjects, [&](std::string_view object) { return EqualsIgnoringCase(object, word); });
 }
 
-bool Is(const Line& line, std::string_view word) {
-    return !line.IsBlank() && EqualsIgnoringCase(line.tokens.front().text, word);
+bool Is(const MifLine& line, std::string_view word) {
+    return !line.IsBlank() && line.tokens.front().Is(word);
 }
 
-bool EndsVertices(const Line& line) {
-    const Token& first = line.tokens.front();
-    return first.isQuoted || IsObject(first.text) || IsClause(first.text);
+bool EndsVertices(const MifLine& line) {
+    const MifToken& first = line.tokens.front();
+    return first.IsQuoted() || IsObject(first.text) || IsClause(first.text);
 }
 
-bool LooksNumeric(const Line& line) {
+bool LooksNumeric(const MifLine& line) {
     const char c = line.raw[static_cast<std::size_t>(line.tokens.front().begin - line.begin)];
     return (c >= '0' && c <= '9') || c == '-' || c == '+' || c == '.';
 }
 
 // A line with nothing but one whole number.
-bool IsCountLine(const Line& line) {
+bool IsCountLine(const MifLine& line) {
     return line.tokens.size() == 1 && IsDigits(line.tokens.front().text);
 }
 
 // A count as it stands in the file.
 struct Count {
     std::uint64_t declared = 0;  // 0: none that the reader takes
-    Token token;
+    std::string text;
+    std::uint64_t begin = 0;  // offsets of the text
+    std::uint64_t end = 0;
     std::uint64_t line = 0;
     bool isWhole = false;
 };
@@ -77,17 +80,17 @@ private:
     void CheckClauses();
 
     Count TakeCount(std::size_t tokenAt, const char* what);
-    Count CountIn(const Line& line, std::size_t tokenAt) const;
+    Count CountIn(const MifLine& line, std::size_t tokenAt) const;
     void CheckSections(const Count& sections, const char* what, Shape shape);
     void CheckVertices(const Count& count, Shape shape, bool isMoreToCome);
     bool SkipBlankLines();
-    bool TakesVertex(const Line& line, std::uint64_t taken, std::uint64_t declared,
+    bool TakesVertex(const MifLine& line, std::uint64_t taken, std::uint64_t declared,
                      bool isMoreToCome);
     void ReportCount(const Count& count, std::uint64_t found, const std::string& message);
     void CheckShape(const std::vector<Vertex>& vertices, Shape shape, std::uint64_t line);
     void CheckPlace(const Vertex& vertex, std::uint64_t line);
-    void OfferPolyline(const Line& first, const Line& last, const std::vector<double>& numbers,
-                       const std::vector<double>& angles);
+    void OfferPolyline(const MifLine& first, const MifLine& last,
+                       const std::vector<double>& numbers, const std::vector<double>& angles);
 
     Place At(std::uint64_t line) const { return {PairFile::Mif, line, object_}; }
 
@@ -101,7 +104,7 @@ private:
 };
 
 ObjectCounts ObjectChecker::Check() {
-    for (const Line* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
+    for (const MifLine* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
         report_.Settle(PairFile::Mif, line->begin);
         if (line->IsBlank()) {
             lines_.Skip();
@@ -116,7 +119,7 @@ ObjectCounts ObjectChecker::Check() {
 }
 
 void ObjectChecker::CheckObject(int depth) {
-    const Line& line = *lines_.Peek();
+    const MifLine& line = *lines_.Peek();
     if (Is(line, "collection")) {
         CheckCollection(depth);
         return;
@@ -151,11 +154,11 @@ void ObjectChecker::CheckObject(int depth) {
 }
 
 void ObjectChecker::CheckUnknown() {
-    const Line& line = *lines_.Peek();
+    const MifLine& line = *lines_.Peek();
     report_.Add(Code::ObjectUnknown, {PairFile::Mif, line.number, object_ + 1},
                 Quoted(line.tokens.front().text) + " is no object; the import stops");
     for (lines_.Skip(); lines_.Peek() != nullptr; lines_.Skip()) {
-        const Line& next = *lines_.Peek();
+        const MifLine& next = *lines_.Peek();
         report_.Settle(PairFile::Mif, next.begin);
         if (!next.IsBlank() && IsObject(next.tokens.front().text)) {
             return;
@@ -165,7 +168,7 @@ void ObjectChecker::CheckUnknown() {
 
 // Point, Line, Rect, Ellipse: everything stands on one line.
 void ObjectChecker::CheckNumbers(std::size_t count) {
-    const Line& line = *lines_.Peek();
+    const MifLine& line = *lines_.Peek();
     const std::vector<double> numbers =
         ReadNumbers(line, line.tokens.front().end, count, At(line.number), report_);
     for (std::size_t i = 0; i + 1 < numbers.size(); i += 2) {
@@ -175,10 +178,10 @@ void ObjectChecker::CheckNumbers(std::size_t count) {
 }
 
 void ObjectChecker::CheckRoundRect() {
-    const Line& line = *lines_.Peek();
+    const MifLine& line = *lines_.Peek();
     const bool isOneLine = CountNumbers(line, line.tokens.front().end) >= 5;
     CheckNumbers(isOneLine ? 5 : 4);
-    const Line* next = lines_.Peek();
+    const MifLine* next = lines_.Peek();
     if (!isOneLine && next != nullptr && !next->IsBlank() && !EndsVertices(*next)) {
         static_cast<void>(ReadNumbers(*next, next->begin, 1, At(next->number), report_));
         lines_.Skip();
@@ -189,7 +192,7 @@ void ObjectChecker::CheckRoundRect() {
 }
 
 void ObjectChecker::CheckArc() {
-    const Line first = *lines_.Peek();
+    const MifLine first = *lines_.Peek();
     const std::uint64_t from = first.tokens.front().end;
     const bool isOneLine = CountNumbers(first, from) >= 6;
     std::vector<double> numbers =
@@ -203,7 +206,7 @@ void ObjectChecker::CheckArc() {
         OfferPolyline(first, first, numbers, {numbers[4], numbers[5]});
         return;
     }
-    const Line* next = lines_.Peek();
+    const MifLine* next = lines_.Peek();
     if (next == nullptr || next->IsBlank() || EndsVertices(*next)) {
         report_.Add(Code::NumberMissing, At(first.number), "the angles of the arc are missing");
         return;
@@ -214,7 +217,7 @@ void ObjectChecker::CheckArc() {
     lines_.Skip();
 }
 
-void ObjectChecker::OfferPolyline(const Line& first, const Line& last,
+void ObjectChecker::OfferPolyline(const MifLine& first, const MifLine& last,
                                   const std::vector<double>& numbers,
                                   const std::vector<double>& angles) {
     const auto isFinite = [](double number) { return std::isfinite(number); };
@@ -235,14 +238,14 @@ void ObjectChecker::OfferPolyline(const Line& first, const Line& last,
 
 // The reader takes the text from the next line when there is none behind the keyword.
 void ObjectChecker::CheckText() {
-    const Line first = *lines_.Peek();
+    const MifLine first = *lines_.Peek();
     lines_.Skip();
-    Token text = first.tokens.size() > 1 ? first.tokens[1] : Token{};
+    MifToken text = first.tokens.size() > 1 ? first.tokens[1] : MifToken{};
     std::uint64_t where = first.number;
-    const Line* next = lines_.Peek();
+    const MifLine* next = lines_.Peek();
     const bool isOnNextLine =
         first.tokens.size() == 1 && next != nullptr && !next->IsBlank() &&
-        (next->tokens.front().isQuoted || (!LooksNumeric(*next) && !EndsVertices(*next)));
+        (next->tokens.front().IsQuoted() || (!LooksNumeric(*next) && !EndsVertices(*next)));
     if (isOnNextLine) {
         text = next->tokens.front();
         where = next->number;
@@ -269,13 +272,16 @@ void ObjectChecker::CheckText() {
     }
 }
 
-Count ObjectChecker::CountIn(const Line& line, std::size_t tokenAt) const {
+Count ObjectChecker::CountIn(const MifLine& line, std::size_t tokenAt) const {
     Count count;
     count.line = line.number;
     if (tokenAt < line.tokens.size()) {
-        count.token = line.tokens[tokenAt];
-        count.isWhole = IsDigits(count.token.text);
-        const std::int64_t number = ReaderInteger(count.token.text);
+        const MifToken& token = line.tokens[tokenAt];
+        count.text = token.text;
+        count.begin = token.begin;
+        count.end = token.end;
+        count.isWhole = IsDigits(count.text);
+        const std::int64_t number = ReadInteger(count.text);
         count.declared = number > 0 ? static_cast<std::uint64_t>(number) : 0;
     }
     return count;
@@ -283,17 +289,17 @@ Count ObjectChecker::CountIn(const Line& line, std::size_t tokenAt) const {
 
 // The count at that token of the next line, or alone on the line behind it. Takes the lines away.
 Count ObjectChecker::TakeCount(std::size_t tokenAt, const char* what) {
-    const Line line = *lines_.Peek();
+    const MifLine line = *lines_.Peek();
     lines_.Skip();
     Count count = CountIn(line, tokenAt);
-    const Line* next = lines_.Peek();
+    const MifLine* next = lines_.Peek();
     if (line.tokens.size() == tokenAt && next != nullptr && IsCountLine(*next)) {
         count = CountIn(*next, 0);
         report_.Add(Code::CountOnNextLine, At(line.number),
                     std::string("the count of ") + what +
                         " stands on the next line; the reader takes it as 0");
         report_.Change(PairFile::Mif, {.begin = line.tokens.back().end,
-                                       .end = count.token.begin,
+                                       .end = count.begin,
                                        .text = " ",
                                        .code = Code::CountOnNextLine,
                                        .line = line.number,
@@ -302,9 +308,8 @@ Count ObjectChecker::TakeCount(std::size_t tokenAt, const char* what) {
     }
     if (count.declared == 0 || !count.isWhole) {
         report_.Add(Code::CountInvalid, At(count.line),
-                    std::string("the count of ") + what + " is " + Quoted(count.token.text) +
-                        "; the reader takes it as " +
-                        std::to_string(ReaderInteger(count.token.text)));
+                    std::string("the count of ") + what + " is " + Quoted(count.text) +
+                        "; the reader takes it as " + std::to_string(ReadInteger(count.text)));
     }
     return count;
 }
@@ -312,7 +317,7 @@ Count ObjectChecker::TakeCount(std::size_t tokenAt, const char* what) {
 // Blank lines inside an object. True when the object goes on behind them.
 bool ObjectChecker::SkipBlankLines() {
     std::size_t blanks = 0;
-    const Line* line = lines_.Peek(0);
+    const MifLine* line = lines_.Peek(0);
     while (line != nullptr && line->IsBlank() && blanks < 64) {
         line = lines_.Peek(++blanks);
     }
@@ -326,7 +331,7 @@ bool ObjectChecker::SkipBlankLines() {
         return false;
     }
     for (; blanks > 0; --blanks) {
-        const Line& blank = *lines_.Peek();
+        const MifLine& blank = *lines_.Peek();
         report_.Add(Code::EmptyLineInObject, At(blank.number),
                     "an empty line stands inside the object");
         report_.Change(PairFile::Mif, {.begin = blank.begin,
@@ -340,14 +345,14 @@ bool ObjectChecker::SkipBlankLines() {
     return true;
 }
 
-bool ObjectChecker::TakesVertex(const Line& line, std::uint64_t taken, std::uint64_t declared,
+bool ObjectChecker::TakesVertex(const MifLine& line, std::uint64_t taken, std::uint64_t declared,
                                 bool isMoreToCome) {
     if (EndsVertices(line)) {
         return false;
     }
     if (IsCountLine(line) && (isMoreToCome || taken >= declared)) {
         // The count of the next section, unless vertices are still due and no vertex follows.
-        const Line* next = lines_.Peek(1);
+        const MifLine* next = lines_.Peek(1);
         return taken < declared && (next == nullptr || next->tokens.size() < 2);
     }
     return LooksNumeric(line) || taken < declared;
@@ -358,13 +363,13 @@ void ObjectChecker::ReportCount(const Count& count, std::uint64_t found,
     report_.Add(Code::CountMismatch, At(count.line), message);
     if (count.isWhole && found > 0 &&
         (found + 1 == count.declared || found == count.declared + 1)) {
-        report_.Change(PairFile::Mif, {.begin = count.token.begin,
-                                       .end = count.token.end,
-                                       .text = std::to_string(found),
-                                       .code = Code::CountMismatch,
-                                       .line = count.line,
-                                       .what = "the count " + count.token.text + " becomes " +
-                                               std::to_string(found)});
+        report_.Change(PairFile::Mif,
+                       {.begin = count.begin,
+                        .end = count.end,
+                        .text = std::to_string(found),
+                        .code = Code::CountMismatch,
+                        .line = count.line,
+                        .what = "the count " + count.text + " becomes " + std::to_string(found)});
     }
 }
 
@@ -372,7 +377,7 @@ void ObjectChecker::CheckVertices(const Count& count, Shape shape, bool isMoreTo
     std::vector<Vertex> vertices;
     while (SkipBlankLines() &&
            TakesVertex(*lines_.Peek(), vertices.size(), count.declared, isMoreToCome)) {
-        const Line& line = *lines_.Peek();
+        const MifLine& line = *lines_.Peek();
         const std::vector<double> numbers =
             ReadNumbers(line, line.begin, 2, At(line.number), report_);
         vertices.push_back({numbers[0], numbers[1]});
@@ -407,8 +412,8 @@ void ObjectChecker::CheckSections(const Count& sections, const char* what, Shape
 }
 
 void ObjectChecker::CheckPolyline() {
-    const Line& line = *lines_.Peek();
-    if (line.tokens.size() > 1 && EqualsIgnoringCase(line.tokens[1].text, "multiple")) {
+    const MifLine& line = *lines_.Peek();
+    if (line.tokens.size() > 1 && line.tokens[1].Is("multiple")) {
         CheckSections(TakeCount(2, "sections"), "section(s)", Shape::Polyline);
     } else {
         CheckVertices(TakeCount(1, "vertices"), Shape::Polyline, false);
@@ -452,7 +457,7 @@ void ObjectChecker::CheckCollection(int depth) {
 
 void ObjectChecker::CheckClauses() {
     while (SkipBlankLines() && IsClause(lines_.Peek()->tokens.front().text)) {
-        const Line& line = *lines_.Peek();
+        const MifLine& line = *lines_.Peek();
         CheckClauseLine(line, At(line.number), report_);
         lines_.Skip();
     }

@@ -1,16 +1,17 @@
 #include "app/check/PairCheck.h"
 
-#include "app/Paths.h"
+#include "app/base/InputFile.h"
+#include "app/base/Paths.h"
 #include "app/check/CharsetCheck.h"
-#include "app/check/LineReader.h"
-#include "app/check/NumberText.h"
 #include "app/check/ObjectCheck.h"
 #include "app/check/RowCheck.h"
+#include "app/mif/LineReader.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
 #include <memory>
 #include <string>
 
@@ -24,7 +25,7 @@ public:
                const std::uint64_t& object)
         : file_(file), report_(report), charset_(charset), object_(object) {}
 
-    void See(const Line& line) {
+    void See(const MifLine& line) {
         const Place place{file_, line.number, object_};
         if (line.raw.find('\0') != std::string::npos) {
             report_.Add(Code::NulByte, place, "the line holds a NUL byte; the reader stops there");
@@ -45,7 +46,7 @@ public:
     }
 
 private:
-    void SeeLineEnd(const Line& line, const Place& place) {
+    void SeeLineEnd(const MifLine& line, const Place& place) {
         if (line.lineEnd == LineEnd::LoneCr) {
             if (!isReturnReported_) {
                 isReturnReported_ = true;
@@ -61,8 +62,8 @@ private:
                                    .what = "the carriage return becomes a line end"});
         }
         if (line.lineEnd == LineEnd::None) {
-            const bool isLost = file_ == PairFile::Mif && line.tokens.size() == 1 &&
-                                EqualsIgnoringCase(line.tokens.front().text, "none");
+            const bool isLost =
+                file_ == PairFile::Mif && line.tokens.size() == 1 && line.tokens.front().Is("none");
             const Code code = isLost ? Code::LastObjectLost : Code::FinalLineEndMissing;
             report_.Add(code, place, "the last line has no line end");
             report_.Change(file_, {.begin = line.end,
@@ -75,7 +76,7 @@ private:
         lastLineEnd_ = line.lineEnd;
     }
 
-    void SeeCharacters(const Line& line, const Place& place) {
+    void SeeCharacters(const MifLine& line, const Place& place) {
         if (IsAscii(line.raw)) {
             return;
         }
@@ -128,7 +129,7 @@ bool CheckStart(const LineReader& lines, PairFile file, Report& report) {
 }
 
 // Opens the file. Says why not, or nothing when all is well.
-std::string OpenProblem(const std::filesystem::path& path, std::ifstream& stream) {
+std::string OpenProblem(const std::filesystem::path& path, InputFile& stream) {
     std::error_code error;
     if (std::filesystem::is_directory(path, error)) {
         return "this is a folder; name the files in it";
@@ -139,8 +140,9 @@ std::string OpenProblem(const std::filesystem::path& path, std::ifstream& stream
     if (!std::filesystem::is_regular_file(path, error)) {
         return "this is no file that can be read twice";
     }
-    stream.open(path, std::ios::binary);
-    return stream.is_open() ? "" : std::string("the file can't be opened: ") + std::strerror(errno);
+    stream = OpenInput(path);
+    return stream != nullptr ? ""
+                             : std::string("the file can't be opened: ") + std::strerror(errno);
 }
 
 void CompareRows(std::uint64_t rows, const ObjectCounts& counts, Report& report) {
@@ -161,15 +163,15 @@ void CompareRows(std::uint64_t rows, const ObjectCounts& counts, Report& report)
 
 void CheckMid(const std::filesystem::path& mid, const CheckedHeader& header,
               const ObjectCounts& counts, TabRewriting rewriting, Report& report) {
-    std::ifstream stream;
+    InputFile stream;
     if (const std::string problem = OpenProblem(mid, stream); !problem.empty()) {
         report.Add(Code::FileUnreadable, {PairFile::Mid, 0, 0}, problem);
         return;
     }
     std::uint64_t row = 0;
     LineChecks checks(PairFile::Mid, report, header.charset, row);
-    LineReader lines(stream, LineReader::Cut::NotAtAll,
-                     [&](const Line& line) { checks.See(line); });
+    LineReader lines(stream.get(), LineReader::Cut::NotAtAll,
+                     [&](const MifLine& line) { checks.See(line); });
     if (!CheckStart(lines, PairFile::Mid, report)) {
         return;
     }
@@ -209,7 +211,7 @@ CodeCounts CheckPair(const std::filesystem::path& mif, const PairCheckOptions& o
     std::filesystem::path shown = mif;
     shown.replace_extension(".mid");
     Report report(sink, mif, found.empty() ? shown : found, options.maxPerCode);
-    std::ifstream stream;
+    InputFile stream;
     if (const std::string problem = OpenProblem(AsOnDisk(mif), stream); !problem.empty()) {
         report.Add(Code::FileUnreadable, {PairFile::Mif, 0, 0}, problem);
         return report.Counts();
@@ -217,8 +219,8 @@ CodeCounts CheckPair(const std::filesystem::path& mif, const PairCheckOptions& o
     CheckedHeader header;
     std::uint64_t object = 0;
     LineChecks checks(PairFile::Mif, report, header.charset, object);
-    LineReader lines(stream, LineReader::Cut::IntoTokens,
-                     [&](const Line& line) { checks.See(line); });
+    LineReader lines(stream.get(), LineReader::Cut::IntoTokens,
+                     [&](const MifLine& line) { checks.See(line); });
     if (!CheckStart(lines, PairFile::Mif, report)) {
         return report.Counts();
     }

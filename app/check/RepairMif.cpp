@@ -1,7 +1,7 @@
 #include "app/check/RepairMif.h"
 
-#include "app/Errors.h"
-#include "app/Paths.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
 #include "app/check/PairCheck.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Writes repaired copies of MIF files.
 #pragma once
 
-#include "app/Output.h"
+#include "app/base/Output.h"
 #include "app/check/FindingCodes.h"
 #include "app/check/Report.h"
 

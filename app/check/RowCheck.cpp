@@ -1,7 +1,8 @@
 #include "app/check/RowCheck.h"
 
 #include "app/check/NumberLine.h"
-#include "app/check/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <limits>
@@ -69,7 +70,7 @@ bool HasOpenQuote(std::string_view row) {
 }
 
 bool IsWholeWithin(std::string_view text, std::int64_t least, std::int64_t most) {
-    const std::int64_t number = ReaderInteger(text);
+    const std::int64_t number = ReadInteger(text);
     return IsWholeNumber(text) && number >= least && number <= most;
 }
 
@@ -82,8 +83,8 @@ bool IsDateText(std::string_view text) {
     if (!IsDigits(text) || text.size() != 8) {
         return false;
     }
-    const std::int64_t month = ReaderInteger(text.substr(4, 2));
-    const std::int64_t day = ReaderInteger(text.substr(6, 2));
+    const std::int64_t month = ReadInteger(text.substr(4, 2));
+    const std::int64_t day = ReadInteger(text.substr(6, 2));
     return month >= 1 && month <= 12 && day >= 1 && day <= 31;
 }
 
@@ -95,8 +96,8 @@ bool IsTimeText(std::string_view text) {
     const std::size_t digits = text.size() == 6 ? 6 : 9;
     const std::string time = std::string(digits - text.size(), '0') + std::string(text);
     const std::string_view view = time;
-    return ReaderInteger(view.substr(0, 2)) < 24 && ReaderInteger(view.substr(2, 2)) < 60 &&
-           ReaderInteger(view.substr(4, 2)) < 60;
+    return ReadInteger(view.substr(0, 2)) < 24 && ReadInteger(view.substr(2, 2)) < 60 &&
+           ReadInteger(view.substr(4, 2)) < 60;
 }
 
 bool IsOfKind(std::string_view text, ColumnKind kind) {
@@ -163,7 +164,7 @@ private:
 std::uint64_t RowChecker::Check() {
     row_ = 0;
     std::uint64_t rows = 0;
-    for (const Line* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
+    for (const MifLine* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
         report_.Settle(PairFile::Mid, line->begin);
         if (!line->raw.empty()) {
             row_ = ++rows;
@@ -190,16 +191,17 @@ std::uint64_t RowChecker::Check() {
 
 // The next row with the lines that a quoted value spreads over.
 std::string RowChecker::JoinedRow() {
-    const Line& line = *lines_.Peek();
+    const MifLine& line = *lines_.Peek();
     lineCount_ = 1;
     end_ = line.end;
     if (!HasOpenQuote(line.raw) || header_.delimiter.empty()) {
-        return line.raw;
+        return std::string(line.raw);
     }
-    std::string joined = line.raw;
+    std::string joined(line.raw);
     for (std::size_t i = 1; i <= kMaxJoinedLines && lines_.Peek(i) != nullptr; ++i) {
-        const Line& next = *lines_.Peek(i);
-        joined += std::string(static_cast<std::size_t>(next.begin - end_), ' ') + next.raw;
+        const MifLine& next = *lines_.Peek(i);
+        joined +=
+            std::string(static_cast<std::size_t>(next.begin - end_), ' ') + std::string(next.raw);
         end_ = next.end;
         if (joined.size() > LineReader::kMaxLineBytes || next.isCut) {
             break;
@@ -212,7 +214,7 @@ std::string RowChecker::JoinedRow() {
         }
     }
     end_ = line.end;
-    return line.raw;
+    return std::string(line.raw);
 }
 
 void RowChecker::CheckRow() {
@@ -223,7 +225,7 @@ void RowChecker::CheckRow() {
         report_.Add(Code::RowQuoteUnclosed, Here(), "the row has a quote without its partner");
     }
     for (std::size_t i = 0; i + 1 < lineCount_; ++i) {
-        const Line& line = *lines_.Peek(i);
+        const MifLine& line = *lines_.Peek(i);
         if (i == 0) {
             report_.Add(Code::LineBreakInValue, Here(),
                         "a quoted value goes on on the next line; the reader ends the row there");

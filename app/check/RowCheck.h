@@ -4,8 +4,8 @@
 #include "app/check/CharsetCheck.h"
 #include "app/check/HeaderCheck.h"
 #include "app/check/HeaderFacts.h"
-#include "app/check/LineReader.h"
 #include "app/check/Report.h"
+#include "app/mif/LineReader.h"
 
 #include <cstdint>
 

@@ -1,6 +1,7 @@
 #include "app/check/StyleCheck.h"
 
-#include "app/check/NumberText.h"
+#include "app/mif/Numbers.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <array>
@@ -33,11 +34,11 @@ const ClauseForm* FindClause(std::string_view word) {
     return found == kClauses.end() ? nullptr : found;
 }
 
-std::vector<Token> ValuesOf(const Line& line) {
-    std::vector<Token> values;
+std::vector<MifToken> ValuesOf(const MifLine& line) {
+    std::vector<MifToken> values;
     for (std::size_t i = 1; i < line.tokens.size(); ++i) {
-        const std::string& text = line.tokens[i].text;
-        if (line.tokens[i].isQuoted || (text != "(" && text != ")" && text != ",")) {
+        const std::string_view text = line.tokens[i].text;
+        if (line.tokens[i].IsQuoted() || (text != "(" && text != ")" && text != ",")) {
             values.push_back(line.tokens[i]);
         }
     }
@@ -50,7 +51,7 @@ bool IsClause(std::string_view word) {
     return FindClause(word) != nullptr;
 }
 
-void CheckClauseLine(const Line& line, const Place& place, Report& report) {
+void CheckClauseLine(const MifLine& line, const Place& place, Report& report) {
     const ClauseForm& form = *FindClause(line.tokens.front().text);
     const std::string name(form.word);
     if (form.checks == Checks::NoEffect) {
@@ -60,7 +61,7 @@ void CheckClauseLine(const Line& line, const Place& place, Report& report) {
     if (form.checks == Checks::None) {
         return;
     }
-    const std::vector<Token> values = ValuesOf(line);
+    const std::vector<MifToken> values = ValuesOf(line);
     if (values.size() < form.leastValues) {
         report.Add(Code::StyleIncomplete, place,
                    "the clause " + name + " has " + Counted(values.size(), "value", "values") +
@@ -71,18 +72,17 @@ void CheckClauseLine(const Line& line, const Place& place, Report& report) {
             continue;
         }
         if (form.checks == Checks::Angle && IsDecimalNumber(values[i].text)) {
-            if (ReaderDouble(values[i].text) !=
-                static_cast<double>(ReaderInteger(values[i].text))) {
+            if (ReadDouble(values[i].text) != static_cast<double>(ReadInteger(values[i].text))) {
                 report.Add(Code::AngleTruncated, place,
-                           "the reader takes the angle " + values[i].text + " as " +
-                               std::to_string(ReaderInteger(values[i].text)));
+                           "the reader takes the angle " + std::string(values[i].text) + " as " +
+                               std::to_string(ReadInteger(values[i].text)));
             }
             continue;
         }
         report.Add(Code::StyleUnreadable, place,
                    "the value " + Quoted(values[i].text) + " of the clause " + name +
                        " is no whole number; the reader takes " +
-                       std::to_string(ReaderInteger(values[i].text)));
+                       std::to_string(ReadInteger(values[i].text)));
     }
 }
 

@@ -1,8 +1,8 @@
 // Checks the clauses behind an object: pens, brushes, symbols, fonts.
 #pragma once
 
-#include "app/check/LineReader.h"
 #include "app/check/Report.h"
+#include "app/mif/LineReader.h"
 
 #include <string_view>
 
@@ -11,6 +11,6 @@ namespace app::check {
 bool IsClause(std::string_view word);
 
 // line begins with a clause.
-void CheckClauseLine(const Line& line, const Place& place, Report& report);
+void CheckClauseLine(const MifLine& line, const Place& place, Report& report);
 
 }  // namespace app::check

@@ -1,29 +1,21 @@
 #include "app/convert/BatchConvert.h"
 
-#include "app/Errors.h"
-#include "app/Paths.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
 #include "app/batch/BatchRun.h"
 #include "app/convert/ConvertRun.h"
-
-#include <array>
-#include <string_view>
+#include "app/formats/Formats.h"
 
 namespace app {
-
-namespace {
-
-constexpr std::array<std::string_view, 1> kMifExtensions = {".mif"};
-
-}  // namespace
 
 int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
     if (options.format.empty()) {
         throw UsageError("--output-dir needs --to, which names the format of the outputs");
     }
-    const Format format = FormatOfName(options.format);
+    const std::string_view extension = FormatOfName(options.format).extensions.front();
     BatchOptions batch;
     batch.items = PlanBatch(options.paths, PathFromArgument(options.outputFolder),
-                            ExtensionOf(format) + 1, kMifExtensions);
+                            std::string(extension.substr(1)), FormatOfName("mif").extensions);
     batch.jobs = options.jobs;
     batch.resume = options.resume;
     batch.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;

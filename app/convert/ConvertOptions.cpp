@@ -1,65 +1,32 @@
 #include "app/convert/ConvertOptions.h"
 
-#include "app/Errors.h"
-#include "app/Paths.h"
-
-#include <array>
-#include <string_view>
+#include "app/convert/SystemPlan.h"
 
 namespace app {
 
-namespace {
-
-struct FormatRow {
-    std::string_view name;
-    const char* extension;
-    Format format;
-};
-
-// The first row of a format is the one that is written.
-constexpr std::array kFormats = {
-    FormatRow{"mif", ".mif", Format::Mif},
-    FormatRow{"geojson", ".geojson", Format::GeoJson},
-    FormatRow{"json", ".json", Format::GeoJson},
-    FormatRow{"geojsonl", ".geojsonl", Format::GeoJsonLines},
-    FormatRow{"ndjson", ".ndjson", Format::GeoJsonLines},
-    FormatRow{"geojsons", ".geojsons", Format::GeoJsonSequence},
-    FormatRow{"gpkg", ".gpkg", Format::GeoPackage},
-};
-
-}  // namespace
-
-Format FormatOfName(const std::string& name) {
-    for (const FormatRow& row : kFormats) {
-        if (row.name == name) {
-            return row.format;
-        }
+SourceOptions SourceOptionsOf(const ConvertOptions& options, Reporter& reporter) {
+    SourceOptions result;
+    result.asIs = options.asIs;
+    result.noStore = options.noStore;
+    result.encoding = options.encoding;
+    if (!options.assumedCrs.empty()) {
+        result.assumedSystem = SystemOfDefinition("--assume-crs", options.assumedCrs, reporter);
     }
-    throw UsageError("--to " + name +
-                     ": the formats are mif, geojson, geojsonl, geojsons and gpkg");
+    result.modulePath = options.modulePath;
+    result.repair = options.repair;
+    return result;
 }
 
-Format FormatOfPath(const std::string& path) {
-    if (path == "-") {
-        return Format::GeoJson;
-    }
-    const std::string extension = LowerExtension(PathFromArgument(path));
-    for (const FormatRow& row : kFormats) {
-        if (extension == row.extension) {
-            return row.format;
-        }
-    }
-    throw UsageError(path + ": the extension tells the format, and it must be .mif, .geojson, "
-                            ".geojsonl, .geojsons or .gpkg");
-}
-
-const char* ExtensionOf(Format format) {
-    for (const FormatRow& row : kFormats) {
-        if (row.format == format) {
-            return row.extension;
-        }
-    }
-    return "";
+TargetOptions TargetOptionsOf(const ConvertOptions& options) {
+    TargetOptions result;
+    result.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
+    result.asIs = options.asIs;
+    result.encoding = options.outputEncoding;
+    result.withStyles = options.withStyles;
+    result.noStore = options.noStore;
+    result.optionString = ExportOptionString(options);
+    result.modulePath = options.modulePath;
+    return result;
 }
 
 std::optional<std::string> ExportOptionString(const ConvertOptions& options) {

@@ -1,5 +1,9 @@
-// What the command line of qolf convert says.
+// The options of qolf convert as plain data, and what they mean for sources and targets.
 #pragma once
+
+#include "app/base/Reporter.h"
+#include "app/feature/Source.h"
+#include "app/feature/Target.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -11,7 +15,7 @@ namespace app {
 
 struct ConvertOptions {
     std::vector<std::string> paths;  // inputs, then the output unless there is an output folder
-    std::string format;              // --to: of the output; empty: by its extension
+    std::string format;              // --to, of the output; empty: by its extension
     std::string outputFolder;        // --output-dir: a file for each input; empty: one output
     std::size_t jobs = 1;
     bool resume = false;
@@ -20,11 +24,16 @@ struct ConvertOptions {
     bool asIs = false;
     bool noStore = false;
     bool withStyles = false;
-    int segments = 64;        // edges of a full turn, for ellipses and rounded corners
-    std::string crs;          // empty: what suits the output; "keep"; or a definition for PROJ
-    std::string assumedCrs;   // --assume-crs: of a MIF input, whatever its header says
-    bool isRepaired = false;  // --fix: a MIF input is read with its faults repaired
-    std::string encoding;
+    int segments = 64;       // edges of a full turn, for ellipses and rounded corners
+    std::string crs;         // empty: what suits the output; "keep"; or a definition for PROJ
+    std::string assumedCrs;  // --assume-crs: of a MIF input, whatever its header says
+
+    // --fix: a MIF input is read with its faults repaired (SourceOptions::repair); empty without.
+    decltype(SourceOptions::repair) repair;
+    std::string encoding;        // of a MIF input, and of a MIF output from another format
+    std::string outputEncoding;  // of a MIF output; empty: `encoding`, or what suits it
+    std::optional<int>
+        precision;  // --precision: decimals of coordinates; absent: all that they have
     std::string layer;
     std::vector<std::string> select;
     std::vector<double> box;  // empty, or four numbers
@@ -40,19 +49,14 @@ struct ConvertOptions {
     std::string modulePath;
 };
 
-// The formats that convert reads and writes.
-enum class Format { Mif, GeoJson, GeoJsonLines, GeoJsonSequence, GeoPackage };
+// What the options mean for every input and for the output. SourceOptionsOf finds the system of
+// --assume-crs: it throws Failure for one that MIF can't express, and warns of what will differ.
+SourceOptions SourceOptionsOf(const ConvertOptions& options, Reporter& reporter);
+TargetOptions TargetOptionsOf(const ConvertOptions& options);
 
-// By the name that --to takes, or by a path's extension; "-" is GeoJSON. Throws UsageError, with
-// the choices, for others.
-Format FormatOfName(const std::string& name);
-Format FormatOfPath(const std::string& path);
-
-// The extension of the format's files, with its full stop.
-const char* ExtensionOf(Format format);
-
-// What the export filter's option string says for these options. Options of one command are not
-// remembered for the next.
+// Returns the option string for the export filter: the user's own with the options of this command
+// behind it. Without a string of the user's own, the filter is told to forget the options
+// afterwards. Absent when there is nothing to tell the filter.
 std::optional<std::string> ExportOptionString(const ConvertOptions& options);
 
 }  // namespace app

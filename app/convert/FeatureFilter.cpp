@@ -1,6 +1,6 @@
 #include "app/convert/FeatureFilter.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 
 #include <algorithm>
 #include <utility>
@@ -45,22 +45,12 @@ bool FeatureFilter::Wants(const Feature& feature) const {
         return true;
     }
     const shr::Box2d& wanted = *settings_.box;
-    shr::Box2d box = feature.box;
-    if (feature.kind != GeometryKind::Rectangle && feature.kind != GeometryKind::Ellipse) {
-        if (feature.points.empty()) {
-            return false;
-        }
-        const shr::Vec2d& first = feature.points.front();
-        box = {first.x, first.y, first.x, first.y};
-        for (const shr::Vec2d& point : feature.points) {
-            box.minX = std::min(box.minX, point.x);
-            box.minY = std::min(box.minY, point.y);
-            box.maxX = std::max(box.maxX, point.x);
-            box.maxY = std::max(box.maxY, point.y);
-        }
-    }
-    return box.minX <= wanted.maxX && box.maxX >= wanted.minX && box.minY <= wanted.maxY &&
-           box.maxY >= wanted.minY;
+    const auto meets = [&wanted](const Geometry& geometry) {
+        const shr::Box2d box = BoxOf(geometry);
+        return box.minX <= wanted.maxX && box.maxX >= wanted.minX && box.minY <= wanted.maxY &&
+               box.maxY >= wanted.minY;
+    };
+    return meets(feature.geometry) || std::ranges::any_of(feature.members, meets);
 }
 
 void FeatureFilter::SelectValues(Feature& feature) const {

@@ -1,7 +1,7 @@
-// Which features, and which of their columns, a conversion lets through.
+// Which features, and which of their values, a conversion lets through.
 #pragma once
 
-#include "app/Feature.h"
+#include "app/feature/Feature.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -23,19 +23,22 @@ class FeatureFilter {
 public:
     explicit FeatureFilter(FilterSettings settings) : settings_(std::move(settings)) {}
 
-    // The columns that are left of a layer's. Throws Failure, with subject and the names there are,
-    // for one that is not among them.
+    // Returns those of a layer's columns that are selected, and remembers their places. Throws
+    // Failure, with `subject` and the names there are, for a selected column that the layer lacks.
     std::vector<LayerColumn> SelectColumns(const std::vector<LayerColumn>& columns,
                                            const std::string& subject);
 
-    // Whether the feature's box meets the one that is asked for.
+    // Returns whether the box of the feature, or of one of its members, touches the wanted box. A
+    // feature without geometry touches no box.
     bool Wants(const Feature& feature) const;
 
-    // Leaves the selected values in the feature.
+    // Leaves only the selected values in the feature, in the order of the selection.
     void SelectValues(Feature& feature) const;
 
-    // Counts a feature that was written. True when that was the last one.
+    // Counts a written feature. Returns true when it was the last one that the limit allows.
     bool CountIsLast() { return settings_.limit && ++count_ >= *settings_.limit; }
+
+    // Whether the limit lets nothing through at all.
     bool IsEmpty() const { return settings_.limit && *settings_.limit == 0; }
 
 private:

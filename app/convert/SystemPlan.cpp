@@ -1,6 +1,6 @@
 #include "app/convert/SystemPlan.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 #include "app/crs/GcsFromCrs.h"
 
 #include <utility>
@@ -11,26 +11,21 @@ namespace {
 
 constexpr const char* kKeep = "keep";
 
-bool IsGeoJson(Format format) {
-    return format == Format::GeoJson || format == Format::GeoJsonLines ||
-           format == Format::GeoJsonSequence;
-}
-
 std::unique_ptr<gcs::CSDef> CopyOf(const gcs::CSDef* system) {
     return system == nullptr ? nullptr : system->Clone();
 }
 
-// Null: the input's own.
-std::unique_ptr<gcs::CSDef> WantedSystem(Format format, const std::string& crs,
+// Returns the system that the output should have; null when it keeps the input's own.
+std::unique_ptr<gcs::CSDef> WantedSystem(SystemRule rule, const std::string& crs,
                                          Reporter& reporter) {
-    if (crs == kKeep || (crs.empty() && format == Format::Mif)) {
+    if (crs == kKeep || (crs.empty() && rule == SystemRule::AsInput)) {
         return nullptr;
     }
     if (crs.empty()) {
         return std::make_unique<gcs::GCSDef>(Wgs84System());
     }
     std::unique_ptr<gcs::CSDef> system = SystemOfDefinition("--crs", crs, reporter);
-    if (IsGeoJson(format) && !IsWgs84(system.get())) {
+    if (rule == SystemRule::Wgs84Only && !IsWgs84(system.get())) {
         throw UsageError("--crs " + crs +
                          ": GeoJSON is longitude and latitude of WGS 84; "
                          "use --crs keep, or another format");
@@ -40,13 +35,13 @@ std::unique_ptr<gcs::CSDef> WantedSystem(Format format, const std::string& crs,
 
 }  // namespace
 
-SystemPlan PlanSystems(const gcs::CSDef* source, Format format, const std::string& crs,
+SystemPlan PlanSystems(const gcs::CSDef* source, SystemRule rule, const std::string& crs,
                        const std::string& subject, Reporter& reporter) {
-    std::unique_ptr<gcs::CSDef> wanted = WantedSystem(format, crs, reporter);
+    std::unique_ptr<gcs::CSDef> wanted = WantedSystem(rule, crs, reporter);
     SystemPlan plan;
     if (wanted == nullptr || source == nullptr) {
         plan.output = CopyOf(source);
-        if (IsGeoJson(format) && !IsWgs84(source)) {
+        if (rule == SystemRule::Wgs84Only && !IsWgs84(source)) {
             reporter.Note(subject + ": the coordinates are written as they are, which is not the "
                                     "longitude and latitude that GeoJSON readers expect");
         } else if (wanted != nullptr) {
@@ -86,25 +81,6 @@ std::unique_ptr<gcs::CSDef> SystemOfDefinition(const std::string& option,
         reporter.Warning(prefix + warning);
     }
     return std::move(found.system);
-}
-
-std::unique_ptr<gcs::CSDef> ForExport(const gcs::CSDef& system) {
-    std::unique_ptr<gcs::CSDef> copy = system.Clone();
-    auto* earth = dynamic_cast<gcs::GCSDef*>(copy.get());
-    if (earth == nullptr) {
-        return copy;
-    }
-    using enum gcs::ProjectionParameterID;
-    gcs::ProjectionDef projection = earth->GetProjection();
-    const gcs::ProjectionMethod method = projection.GetMethod();
-    const bool isAzimuthal = method == gcs::ProjectionMethod::AzimuthalEquidistant ||
-                             method == gcs::ProjectionMethod::LambertAzimuthalEqualArea;
-    if (isAzimuthal && projection.HasParameter(StandardParallel1) &&
-        !projection.HasParameter(LatitudeOfOrigin)) {
-        projection.SetParameter(LatitudeOfOrigin, projection.GetParameter(StandardParallel1));
-        earth->SetProjection(projection);
-    }
-    return copy;
 }
 
 }  // namespace app

@@ -1,12 +1,12 @@
 #include "app/draw/DrawRun.h"
 
-#include "app/Errors.h"
-#include "app/ImportRun.h"
-#include "app/Paths.h"
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/base/platform/System.h"
 #include "app/crs/GcsFromCrs.h"
 #include "app/draw/ExtentCollector.h"
 #include "app/draw/LayerSystems.h"
-#include "app/platform/System.h"
+#include "app/run/ImportRun.h"
 
 #include <algorithm>
 #include <array>
@@ -18,9 +18,6 @@
 namespace app {
 
 namespace {
-
-// Sent through an import that has told all that is asked of it.
-struct EnoughRead {};
 
 ImportSettings SettingsFor(const std::string& file, const DrawOptions& options) {
     ImportSettings settings;
@@ -44,18 +41,12 @@ void SettleSystem(const DrawOptions& options, Reporter& reporter, LayerSystems& 
         if (systems.HasTarget()) {
             return;
         }
-        try {
-            RunImport(SettingsFor(file, options), reporter, [&systems](const zeio::TrBase& object) {
+        ImportRun(SettingsFor(file, options), reporter)
+            .ImportHeader(reporter, [&systems](const zeio::TrBase& object) {
                 if (const gcs::CSDef* system = SystemIn(object)) {
                     static_cast<void>(systems.TransformFrom(*system));
-                    throw EnoughRead();
-                }
-                if (IsGraphics(object)) {
-                    throw EnoughRead();
                 }
             });
-        } catch (const EnoughRead&) {
-        }
     }
 }
 
@@ -72,12 +63,11 @@ public:
             const std::string& file = options_.inputs[layer];
             bool isPlaced = false;
             target.BeginLayer(layer);
-            const MifHeader header = ScanHeader(PathFromArgument(file));
-            if (header.ownBounds) {
-                const MifHeader::Bounds& bounds = *header.ownBounds;
-                target.SetBounds({bounds.minX, bounds.minY, bounds.maxX, bounds.maxY});
+            ImportRun run(SettingsFor(file, options_), reporter);
+            if (run.Header().ownBounds) {
+                target.SetBounds(*run.Header().ownBounds);
             }
-            RunImport(SettingsFor(file, options_), reporter, [&](const zeio::TrBase& object) {
+            run.Import(reporter, [&](const zeio::TrBase& object) {
                 if (const gcs::CSDef* system = SystemIn(object)) {
                     isPlaced = true;
                     target.SetTransform(TransformOf(file, *system, reporter));

@@ -1,8 +1,8 @@
 // Draws a picture of one or more MIF files, one over the other.
 #pragma once
 
-#include "app/Output.h"
-#include "app/Reporter.h"
+#include "app/base/Output.h"
+#include "app/base/Reporter.h"
 #include "app/draw/Canvas.h"
 #include "app/draw/MapPainter.h"
 

@@ -1,6 +1,6 @@
 #include "app/options/NewtPresenter.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 #include "standalone/Text.h"
 
 #include <newt.h>
@@ -20,7 +20,7 @@ namespace {
 using platform::ControlKind;
 using standalone::DialogModel;
 
-// The label without the mark of its short cut.
+// Returns the label without the mark of its keyboard shortcut.
 std::string LabelOf(const std::wstring& text) {
     std::wstring label = text;
     label.erase(std::remove(label.begin(), label.end(), L'&'), label.end());
@@ -46,7 +46,7 @@ public:
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
 
-    // Waits for one thing that the user does and does it. False for Escape.
+    // Waits for one action of the user and carries it out. Returns false for Escape.
     bool RunOnce(const std::function<void()>& help) {
         newtExitStruct exit{};
         newtFormRun(form_, &exit);
@@ -125,7 +125,7 @@ private:
         newtFormAddComponent(form_, box.component);
     }
 
-    // The library is C: what a dialog procedure throws must not pass through it.
+    // The library is written in C: exceptions of a dialog procedure must not pass through it.
     static void OnChanged(newtComponent, void* data) {
         Box& box = *static_cast<Box*>(data);
         const DialogModel::Control* control = box.window->dialog_.FindControl(box.id);
@@ -193,7 +193,7 @@ void NewtPresenter::ShowDialog(DialogModel& dialog) {
 }
 
 void NewtPresenter::ShowSheet(standalone::PropertySheet& sheet) {
-    // The filter has one page; a second would want a list to choose from.
+    // The filter has one page; with several there would have to be a list.
     DialogModel& page = sheet.Page(0);
     std::vector<Button> buttons = ButtonsOf(page);
     buttons.push_back({"OK", [&sheet] { sheet.PressOk(); }});

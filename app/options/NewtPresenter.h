@@ -8,7 +8,8 @@
 
 namespace app {
 
-// Takes the whole terminal while it lives. Tab moves, blank checks, F1 is help, Escape cancels.
+// Takes the whole terminal as long as it lives. Tab moves, the space bar checks a box, F1 asks for
+// help, Escape cancels.
 class NewtPresenter : public standalone::DialogPresenter {
 public:
     // Throws Failure when standard input or output is no terminal.
@@ -18,7 +19,7 @@ public:
     void ShowDialog(standalone::DialogModel& dialog) override;
     void ShowSheet(standalone::PropertySheet& sheet) override;
 
-    // A text with a button to close it.
+    // Shows a text with a button to close it.
     static void ShowMessage(const std::string& title, const std::string& text);
 };
 

@@ -1,4 +1,4 @@
-// Shows the filters' options pages: in the terminal, or where there are windows in those.
+// Shows the filters' own options pages: in the terminal, or in windows on a system that has them.
 #pragma once
 
 #include "host/zeio/IoExportFilter.h"
@@ -21,12 +21,12 @@ private:
     void* library_;  // not owned
 };
 
-// True when the user accepted, and the options were stored. Throws Failure when there is nowhere
-// to show a page.
+// Show a page until the user closes it. Return true when the user accepted: the filter has then
+// stored the options. Throw Failure when there is no terminal or window to show it in.
 bool ShowImportOptions(zeio::IoImportFilter& filter);
 bool ShowExportOptions(zeio::IoExportFilter& filter);
 
-// The words that a help topic stands for.
+// Returns the text of a help topic.
 std::string HelpText(const std::wstring& topic);
 
 }  // namespace app

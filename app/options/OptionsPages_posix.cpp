@@ -1,4 +1,4 @@
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 #include "app/options/NewtPresenter.h"
 #include "app/options/OptionsPages.h"
 #include "host/platform/OptionsDialogOwner.h"

@@ -2,8 +2,8 @@
 
 #include "host/platform/Stdio.h"
 #include "host/platform/Utf8.h"
+#include "standalone/CodePages.h"
 #include "standalone/platform/CodePage.h"
-#include "standalone/shr/CodePages.h"
 
 #include <algorithm>
 #include <array>
@@ -152,6 +152,14 @@ bool SetHostCodePage(const std::string& name) {
 
 const std::string& HostCodePage() {
     return HostPage().name;
+}
+
+std::string EncodeNamed(const std::string& name, const std::wstring& text) {
+    return Is1252(name) ? Encode1252(text) : standalone::EncodeCodePage(name, text);
+}
+
+std::wstring DecodeNamed(const std::string& name, const std::string& bytes) {
+    return Is1252(name) ? Decode1252(bytes) : standalone::DecodeCodePage(name, bytes);
 }
 
 }  // namespace detail

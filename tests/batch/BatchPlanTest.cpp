@@ -1,7 +1,7 @@
 // Which files a conversion of many reads and writes, and what it has done already.
 #include "app/batch/BatchPlan.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // Runs of a stand-in for the command: what is reported, counted, left out and redone.
 #include "app/batch/BatchRun.h"
 
-#include "app/Errors.h"
-#include "app/platform/TempFolder.h"
+#include "app/base/Errors.h"
+#include "app/base/TempFolder.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

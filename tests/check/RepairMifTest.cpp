@@ -1,6 +1,6 @@
 // Repairs of the broken files in tests/data/check, against tests/data/check/repaired.
 #include "app/check/RepairMif.h"
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 #include "tests/check/KeptFindings.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,10 +1,9 @@
 // A file whose names and values aim at what reads them: the disk, the terminal, SQL and markup.
 #include "tests/cli/CliRun.h"
+#include "tests/cli/OpenWatch.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <sys/inotify.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
@@ -98,28 +97,6 @@ bool IsTerminalControl(char c) {
     return (byte < 0x20 && c != '\n' && c != '\t') || byte == 0x7F;
 }
 
-// Tells whether a file was opened since the object was made.
-class OpenWatch {
-public:
-    explicit OpenWatch(const std::filesystem::path& file)
-        : notify_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
-        if (inotify_add_watch(notify_, file.c_str(), IN_OPEN) < 0) {
-            throw std::runtime_error("the file can't be watched");
-        }
-    }
-    ~OpenWatch() { close(notify_); }
-    OpenWatch(const OpenWatch&) = delete;
-    OpenWatch& operator=(const OpenWatch&) = delete;
-
-    bool IsOpened() const {
-        char events[4096];
-        return read(notify_, events, sizeof(events)) > 0;
-    }
-
-private:
-    int notify_;
-};
-
 class HostileFile : public testing::TestWithParam<WorkRow> {};
 
 }  // namespace
@@ -128,13 +105,13 @@ TEST_P(HostileFile, OpensNoFileThatItNames) {
     const Sandbox sandbox;
     WriteHostilePair(sandbox);
     const std::filesystem::path bait = sandbox.Write("bait", "bait");
-    const OpenWatch watch(bait);
+    const cli::OpenWatch watch(bait);
 
     sandbox.Qolf(GetParam().arguments);
 
-    EXPECT_FALSE(watch.IsOpened());
+    EXPECT_EQ(watch.Count(), 0);
     std::ifstream reader(bait);
-    EXPECT_TRUE(watch.IsOpened()) << "the watch sees nothing";
+    EXPECT_EQ(watch.Count(), 1) << "the watch sees nothing";
 }
 
 TEST_P(HostileFile, WritesNothingBesideTheOutput) {

@@ -1,7 +1,7 @@
 // Whole runs: files in, pictures out, through the module.
 #include "app/draw/DrawRun.h"
 
-#include "app/Errors.h"
+#include "app/base/Errors.h"
 #include "tests/draw/Picture.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
 // Control characters out of files can't drive the terminal.
-#include "app/Json.h"
-#include "app/Reporter.h"
+#include "app/base/Reporter.h"
+#include "app/json/JsonText.h"
 
 #include <gtest/gtest.h>
 

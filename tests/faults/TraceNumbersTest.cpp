@@ -1,8 +1,8 @@
 // Objects written as JSON lines read as the same objects, and the line of an error that no file
 // causes.
-#include "app/ObjectReader.h"
-#include "app/TraceHost.h"
-#include "app/TraceJson.h"
+#include "app/trace/ObjectReader.h"
+#include "app/trace/TraceHost.h"
+#include "app/trace/TraceJson.h"
 #include "host/zeio/Errors.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,5 +1,6 @@
 // Random bytes never crash the reader: headers and rows with seeded changes, from both sources.
 #include "tests/reader/Sources.h"
+#include "tests/support/MutatedText.h"
 
 #include <gtest/gtest.h>
 
@@ -11,65 +12,7 @@ namespace {
 
 using readertest::Source;
 
-constexpr std::string_view kHeader =
-    "Version 650\r\nCharset \"WindowsLatin1\"\nDelimiter \";\"\nUnique 1\nIndex 2\n"
-    "CoordSys Earth Projection 7, 9999, 10, 1, 2, 3, 4, 5, 6, 7, 8, \"m\", 9, 0, 5, 1, 2, 3\n"
-    "CoordSys Earth\n  Projection 3, 104, \"survey ft\", 1, 2, 3, 4, 5, 6\n"
-    "CoordSys Nonearth Units \"m\" Bounds (0, 0) (1, 1)\nBounds (-1.5e3,2) (3,4)\n"
-    "Transform 1 1 0 0\nColumns 3\n  ID Integer\n  NAME Char(20)\n  \"A\" Decimal(8,2)\n"
-    "Data\n\nPline 2\n1 2\n3 4\n    Pen (1,2,0)\n";
 constexpr std::string_view kRows = "1;\"Main St; North\";  5\r\n;;\n\"\"\"a;b\n2;x";
-
-// A few changes of the text: bytes replaced, dropped, repeated, keywords put somewhere, an end.
-std::string Mutate(std::string_view original, std::mt19937& random) {
-    static constexpr std::string_view kPieces[] = {"\"",
-                                                   "\n",
-                                                   "\r",
-                                                   ",",
-                                                   "(",
-                                                   ")",
-                                                   "\t",
-                                                   "Columns 2147483647\n",
-                                                   "Version ",
-                                                   "Data\n",
-                                                   "CoordSys Earth Projection 1, 104\n",
-                                                   "-2147483648",
-                                                   "1e999",
-                                                   "Delimiter \"\"\n"};
-    std::string text(original);
-    for (unsigned change = random() % 8; change-- > 0 && !text.empty();) {
-        const std::size_t place = random() % text.size();
-        switch (random() % 5) {
-        case 0:
-            text[place] = static_cast<char>(random());
-            break;
-        case 1:
-            text.erase(place, random() % 20);
-            break;
-        case 2:
-            text.insert(place, text.substr(random() % text.size(), random() % 40));
-            break;
-        case 3:
-            text.insert(place, kPieces[random() % std::size(kPieces)]);
-            break;
-        default:
-            text.resize(random() % 4 == 0 ? place : text.size());
-        }
-    }
-    return text;
-}
-
-std::string RandomBytes(std::mt19937& random) {
-    std::string text(random() % 400, '\0');
-    for (char& character : text) {
-        character = static_cast<char>(random());
-    }
-    return text;
-}
-
-std::string RandomText(std::string_view original, std::mt19937& random) {
-    return random() % 10 == 0 ? RandomBytes(random) : Mutate(original, random);
-}
 
 // Reads what the header left, in a changing mix of operations, and some rows. Returns how many
 // steps it took; a reader that stops moving would never get to the end.
@@ -113,8 +56,9 @@ TEST(ChangedFiles, AreReadToTheirEnd) {
     for (int run = 0; run < kRuns; ++run) {
         mif::CMifReader reader;
         std::wstring warnings;
-        const std::wstring path = folder.Write("changed.mif", RandomText(kHeader, random));
-        static_cast<void>(folder.Write("changed.mid", RandomText(kRows, random)));
+        const std::wstring path =
+            folder.Write("changed.mif", support::MutatedText(support::kHeaderToMutate, random));
+        static_cast<void>(folder.Write("changed.mid", support::MutatedText(kRows, random)));
         static_cast<void>(reader.Open(path, warnings));
         longest = std::max(longest, ReadToTheEnd(reader, random));
     }
@@ -130,7 +74,8 @@ TEST(ChangedBlocks, AreReadToTheirEnd) {
     for (int run = 0; run < kRuns; ++run) {
         mif::CMifReader reader;
         std::wstring message;
-        reader.OpenMemory(readertest::BlockOf(RandomText(kHeader, random)));
+        reader.OpenMemory(
+            readertest::BlockOf(support::MutatedText(support::kHeaderToMutate, random)));
         static_cast<void>(reader.ReadHeader(message));
         longest = std::max(longest, ReadToTheEnd(reader, random));
     }
@@ -144,7 +89,7 @@ TEST(ChangedBlocks, GiveTheSameTokensAsAStream) {
     int differences = 0;
 
     for (int run = 0; run < kRuns; ++run) {
-        const std::string text = RandomText(kHeader, random);
+        const std::string text = support::MutatedText(support::kHeaderToMutate, random);
         readertest::OpenText stream(Source::Stream, text);
         readertest::OpenText memory(Source::Memory, text);
         differences += stream.Tokens() != memory.Tokens() ? 1 : 0;

@@ -1,6 +1,7 @@
 // Numbers as text: against the C library, in the C locale and in one with a decimal comma.
 #include "reader/Numbers.h"
 #include "tests/support/DecimalCommaLocale.h"
+#include "tests/support/NumberTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -33,72 +34,14 @@ double ReadExactly(const std::string& text) {
     return mif::ReadDouble({buffer.get(), text.size()});
 }
 
-struct DoubleRow {
-    std::string name;
-    std::string text;
-};
-void PrintTo(const DoubleRow& row, std::ostream* out) {
-    *out << row.text;
-}
-
-class ReadDouble : public testing::TestWithParam<DoubleRow> {};
+class ReadDouble : public testing::TestWithParam<support::NumberText> {};
 
 TEST_P(ReadDouble, GivesTheBitsOfAtof) {
     EXPECT_EQ(BitsOf(ReadExactly(GetParam().text)), BitsOf(std::atof(GetParam().text.c_str())));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    , ReadDouble,
-    testing::Values(
-        DoubleRow{"Empty", ""}, DoubleRow{"Integer", "42"}, DoubleRow{"Coordinate", "-123.456789"},
-        DoubleRow{"Zero", "0"}, DoubleRow{"MinusZero", "-0"}, DoubleRow{"MinusZeroPoint", "-0.0"},
-        DoubleRow{"NoDigitBeforeThePoint", ".5"}, DoubleRow{"MinusPointFive", "-.5"},
-        DoubleRow{"NoDigitBehindThePoint", "5."}, DoubleRow{"Point", "."},
-        DoubleRow{"MinusPoint", "-."}, DoubleRow{"Minus", "-"}, DoubleRow{"MinusWord", "-x"},
-        DoubleRow{"Plus", "+1.5"}, DoubleRow{"PlusAlone", "+"}, DoubleRow{"PlusMinus", "+-1"},
-        DoubleRow{"MinusPlus", "-+1"}, DoubleRow{"TwoPoints", "1.2.3"}, DoubleRow{"Comma", "1,5"},
-        DoubleRow{"TrailingJunk", "12.5km"}, DoubleRow{"LeadingBlanks", " \t\n\v\f\r12"},
-        DoubleRow{"BlankBehindTheSign", "- 1"},
-        DoubleRow{"OtherLeadingSpace", "\xA0"
-                                       "1"},
-        DoubleRow{"Word", "pline"}, DoubleRow{"Exponent", "1e3"},
-        DoubleRow{"UpperExponent", "1E+3"}, DoubleRow{"MinusExponent", "12.5e-7"},
-        DoubleRow{"NoExponentDigits", "1e"}, DoubleRow{"NoExponentDigitsBehindTheSign", "1e+x"},
-        DoubleRow{"ExponentAlone", "e5"}, DoubleRow{"OtherExponentLetter", "1d5"},
-        DoubleRow{"FifteenDigits", "123456789012345"},
-        DoubleRow{"FourteenDecimals", "0.12345678901234"},
-        DoubleRow{"SeventeenDigits", "12345.678901234567"},
-        DoubleRow{"EighteenDigits", "-0.123456789012345678"},
-        DoubleRow{"ManyDigits", "3.14159265358979323846264338327950288419716939937510"},
-        DoubleRow{"HalfWay", "9007199254740993"},
-        DoubleRow{"BarelyMoreThanHalfWay", "9007199254740993.0000000000000000000000000001"},
-        DoubleRow{"Largest", "1.7976931348623157e308"},
-        DoubleRow{"JustTooLarge", "1.7976931348623159e308"}, DoubleRow{"TooLarge", "1e309"},
-        DoubleRow{"MinusTooLarge", "-1e999"}, DoubleRow{"HugeExponent", "1e99999999999999999999"},
-        DoubleRow{"SmallestNormal", "2.2250738585072014e-308"},
-        DoubleRow{"BelowNormal", "2.2250738585072011e-308"},
-        DoubleRow{"Smallest", "4.9406564584124654e-324"}, DoubleRow{"HalfOfSmallest", "2e-324"},
-        DoubleRow{"OverHalfOfSmallest", "3e-324"}, DoubleRow{"TooSmall", "1e-400"},
-        DoubleRow{"MinusTooSmall", "-1e-400"}, DoubleRow{"TinyExponent", "1e-99999999999999999999"},
-        DoubleRow{"ZeroWithAHugeExponent", "0e999999"},
-        DoubleRow{"ZerosAndAHugeExponent", "0.00e99999"},
-        DoubleRow{"LongAndTooLarge", "1" + std::string(400, '0')},
-        DoubleRow{"LongAndTooLargeWithAPoint", "1" + std::string(400, '0') + ".5"},
-        DoubleRow{"LongAndTooSmall", "0." + std::string(400, '0') + "1"},
-        DoubleRow{"LongButInRange", "0." + std::string(400, '0') + "1e400"},
-        DoubleRow{"LongZerosInFront", std::string(400, '0') + "1.5"}, DoubleRow{"Infinity", "inf"},
-        DoubleRow{"MinusInfinity", "-INFINITY"}, DoubleRow{"InfinityAndMore", "infinite"},
-        DoubleRow{"PartOfInfinity", "in"}, DoubleRow{"Nan", "nan"}, DoubleRow{"MinusNan", "-NaN"},
-        DoubleRow{"NanWithAWord", "nan()"}, DoubleRow{"Hexadecimal", "0x1F"},
-        DoubleRow{"MinusHexadecimal", "-0X1f.8"}, DoubleRow{"HexadecimalExponent", "0x1.8p-3"},
-        DoubleRow{"HexadecimalPoint", "0x.8"}, DoubleRow{"HexadecimalWithoutDigits", "0x"},
-        DoubleRow{"HexadecimalJunk", "0xg"}, DoubleRow{"HexadecimalPointAlone", "0x."},
-        DoubleRow{"HexadecimalTooLarge", "0x1p99999"},
-        DoubleRow{"HexadecimalTooSmall", "-0x1p-99999"},
-        DoubleRow{"HexadecimalLong", "0x1" + std::string(300, '0') + "p-1200"},
-        DoubleRow{"HexadecimalZero", "-0x0p5"}, DoubleRow{"HexadecimalTwoSigns", "0x1p+-8"},
-        DoubleRow{"HexadecimalBadExponent", "0x1p+x"}, DoubleRow{"TwoSignsInAnExponent", "1e+-8"}),
-    [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(, ReadDouble, testing::ValuesIn(support::NumberTexts()),
+                         [](const auto& row) { return row.param.name; });
 
 TEST(ReadDoubleOf, TextEndsAtANul) {
     EXPECT_EQ(ReadExactly("1\0002"s), 1.0);

@@ -98,4 +98,14 @@ TEST(ANumberedCodePage, ThatDoesNotExistKeepsAscii) {
     EXPECT_EQ(shr::WtoAN(L"a\u00E9", 99999), "a?");
 }
 
+TEST(EncodeInACodePage, GivesItsBytesWithoutTouchingCodePage0) {
+    EXPECT_EQ(standalone::Encode("CP1251", "\u0436"), "\xE6");
+    EXPECT_EQ(standalone::Encode("CP932", "\u65E5"), "\x93\xFA");
+    EXPECT_EQ(standalone::CodePage0(), "CP1252");
+}
+
+TEST(EncodeInACodePage, GivesNothingForWhatItLacks) {
+    EXPECT_EQ(standalone::Encode("CP1251", "\u00E9"), std::nullopt);
+}
+
 }  // namespace

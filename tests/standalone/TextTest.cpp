@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace {
@@ -134,5 +135,27 @@ TEST(Narrow, JoinsASurrogatePair) {
 TEST(Narrow, WritesALoneSurrogateAsAQuestionMark) {
     EXPECT_EQ(standalone::Narrow(std::wstring(1, wchar_t(0xD83D))), "?");
 }
+
+struct EncodedRow {
+    std::string name;
+    std::string codePage;
+    std::string utf8;
+    std::optional<std::string> bytes;
+};
+class Encode : public testing::TestWithParam<EncodedRow> {};
+
+TEST_P(Encode, Gives) {
+    EXPECT_EQ(standalone::Encode(GetParam().codePage, GetParam().utf8), GetParam().bytes);
+}
+INSTANTIATE_TEST_SUITE_P(
+    , Encode,
+    testing::Values(
+        EncodedRow{"TheBytesOfWindows1252", "CP1252", "caf\u00E9 \u20AC", "caf\xE9 \x80"},
+        EncodedRow{"AnUndefinedByteOfWindows1252", "CP1252", "\u0081", "\x81"},
+        EncodedRow{"AQuestionMarkForItself", "CP1252", "?", "?"},
+        EncodedRow{"NothingForALetterOfAnotherScript", "CP1252", "a\u0436", std::nullopt},
+        EncodedRow{"NothingForTheReplacementCharacter", "CP1252", "\uFFFD", std::nullopt},
+        EncodedRow{"NothingForAnUnknownCodePage", "no-such", "\u00E9", std::nullopt}),
+    [](const auto& row) { return row.param.name; });
 
 }  // namespace

@@ -1,0 +1,35 @@
+// File paths between the command line (UTF-8 or the file system's bytes), std::filesystem and the
+// wide paths of the host.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace app {
+
+// Turns an argument of the command line into a path.
+std::filesystem::path PathFromArgument(const std::string& argument);
+
+// Returns the wide form that the host's interfaces take. Bytes that are no UTF-8 survive the way
+// there and back.
+std::wstring WidePath(const std::filesystem::path& path);
+
+// Returns the path as UTF-8, for messages and JSON.
+std::string PathText(const std::filesystem::path& path);
+
+// Returns the extension in lower case with its full stop (".mif"); "" when there is none.
+std::string LowerExtension(const std::filesystem::path& path);
+
+// Returns the file beside `path` with the same stem and the given extension (".mid"), whatever the
+// case of its letters; an empty path when no such file exists.
+std::filesystem::path FindCompanion(const std::filesystem::path& path,
+                                    const std::string& extension);
+
+// Returns the file that opening `path` finds: its name may differ in the case of letters. Returns
+// `path` itself when no file is found.
+std::filesystem::path AsOnDisk(const std::filesystem::path& path);
+
+// Returns the size of a file in bytes; 0 when it is not known, as for a pipe.
+double SizeOfFile(const std::filesystem::path& path);
+
+}  // namespace app

@@ -1,0 +1,35 @@
+// Private folders that must not stay behind, whatever ends the program.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace app {
+
+// The beginning of every private folder's name; the number of the process, "-" and six random
+// characters follow.
+inline constexpr const char* kPrivateFolderPrefix = ".qolf-";
+
+// A new folder that only this user can use, removed with everything in it at the end of the
+// object's life. The folder and the files that were named with File are also removed when an
+// interrupt, a hang-up or a request to terminate ends the program.
+class TempFolder {
+public:
+    // Makes the folder below `parent`; an empty `parent` stands for the system's folder of
+    // temporary files. Throws Failure.
+    explicit TempFolder(const std::filesystem::path& parent = {});
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::filesystem::path& Path() const { return path_; }
+
+    // Returns the path of a file that will be made in the folder. Call it before making the file,
+    // so that a signal removes it.
+    std::filesystem::path File(const std::filesystem::path& name) const;
+
+private:
+    std::filesystem::path path_;
+};
+
+}  // namespace app

@@ -1,0 +1,48 @@
+#include "app/base/Utf8.h"
+
+#include <cstddef>
+
+namespace app {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+// Returns the length of a character in bytes, by its first byte; 0 when the byte begins no
+// character.
+std::size_t LengthOf(unsigned char first) {
+    if (first < 0x80) {
+        return 1;
+    }
+    if (first < 0xC2 || first > 0xF4) {
+        return 0;
+    }
+    return first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+}
+
+// Whether the character has a shorter encoding, is a surrogate, or lies beyond the last character.
+bool IsForbidden(char32_t codePoint, std::size_t length) {
+    return (length == 3 && codePoint < 0x800) || (length == 4 && codePoint < 0x10000) ||
+           (codePoint >= 0xD800 && codePoint <= 0xDFFF) || codePoint > 0x10FFFF;
+}
+
+}  // namespace
+
+char32_t TakeCodePoint(std::string_view& utf8) {
+    const auto first = static_cast<unsigned char>(utf8.front());
+    const std::size_t length = LengthOf(first);
+    char32_t codePoint = length == 1 ? first : first & (0x7FU >> length);
+    bool isValid = length != 0 && length <= utf8.size();
+    for (std::size_t i = 1; isValid && i < length; ++i) {
+        const auto next = static_cast<unsigned char>(utf8[i]);
+        isValid = (next & 0xC0U) == 0x80U;
+        codePoint = codePoint << 6U | (next & 0x3FU);
+    }
+    if (!isValid || IsForbidden(codePoint, length)) {
+        utf8.remove_prefix(1);
+        return kReplacement;
+    }
+    utf8.remove_prefix(length);
+    return codePoint;
+}
+
+}  // namespace app

@@ -1,0 +1,56 @@
+// What the command needs of the operating system beyond the standard library. Each system has a
+// source of its own.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace app {
+
+// Returns the arguments of main() as UTF-8; on POSIX their bytes as they came.
+std::vector<std::string> ProgramArguments(int argc, char** argv);
+
+// Makes a write to a pipe without a reader fail, in place of ending the program.
+void IgnoreClosedPipes();
+
+// Puts standard input and output into binary mode, on systems that have a text mode.
+void UseBinaryStandardStreams();
+
+// When a library's functions are looked up. AtOnce shows a missing function of a foreign library
+// when it is loaded; AtFirstCall loads a library of our own faster. Windows always looks at once.
+enum class SymbolBinding { AtOnce, AtFirstCall };
+
+// Loads a library, which is unloaded with the last copy of the pointer. Returns null on failure,
+// with the reason in `reason`.
+std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason,
+                                        SymbolBinding binding);
+
+// Returns the address of an exported function; null when the library has no such function.
+void* LibrarySymbol(void* library, const char* name);
+
+// Returns the file name of the filter module: "qolf.so" or "qolf.dll".
+const char* ModuleFileName();
+
+// Returns the folder of the running program; empty when the system does not know it.
+std::filesystem::path ProgramFolder();
+
+bool IsTerminal(std::FILE* stream);
+
+// Appends the bytes of the file `source`, from `offset` on, to the file `target`; the kernel copies
+// them where it can. Throws Failure.
+void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,
+                     const std::filesystem::path& target);
+
+// Makes `link` another name of the file `target`: a symbolic link, or a copy on systems without
+// them. Throws Failure.
+void LinkFile(const std::filesystem::path& target, const std::filesystem::path& link);
+
+// Makes an empty folder below `parent` that only this user can use, with a new name, and returns
+// its path. Throws Failure.
+std::filesystem::path MakePrivateFolder(const std::filesystem::path& parent);
+
+}  // namespace app

@@ -1,0 +1,56 @@
+// The options of qolf check.
+#include "app/check/CheckRun.h"
+#include "app/commands/Command.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace app {
+namespace {
+
+constexpr const char* kCheckFooter = R"(
+Each finding has the file, the line, a severity and a code that does not change;
+--codes lists them all. --fix writes a repaired copy of the pair for what has
+one right repair, and leaves the input alone.
+
+Exit status: 0 nothing wrong (warnings and notes allowed), 1 errors,
+3 with --strict: warnings only.
+
+Examples:
+  qolf check roads.mif
+  qolf check --strict --json *.mif > findings.json
+  qolf check roads.mif --fix repaired.mif)";
+
+}  // namespace
+
+void AddCheckCommand(CLI::App& program, CommandContext& context) {
+    const auto arguments = std::make_shared<CheckArguments>();
+    CLI::App* command =
+        program.add_subcommand("check", "Find what is wrong with MIF files, and repair it");
+    command->add_option("files", arguments->files, "MIF files to check")->type_name("FILE");
+    command->add_flag("--json", arguments->json, "Print one JSON document");
+    command->add_flag("--strict", arguments->strict, "Exit with 3 when there are warnings");
+    command->add_option("--fix", arguments->fix, "Write a repaired copy of the pair")
+        ->type_name("OUT.mif");
+    command->add_flag("--overwrite", arguments->overwrite, "Replace OUT.mif if it exists");
+    command
+        ->add_option("--max", arguments->maxPerCode,
+                     "Findings of one code shown for a file (100); 0 shows all")
+        ->type_name("COUNT")
+        ->check(CLI::NonNegativeNumber);
+    command->add_flag("--codes", arguments->codes, "List all codes with their meaning");
+    command->footer(kCheckFooter);
+    command->callback([arguments, &context] {
+        context.run = [arguments, &context] {
+            if (arguments->codes) {
+                return PrintCodes();
+            }
+            CheckOptions options = CheckedCheckOptions(*arguments);
+            options.modulePath = context.modulePath;
+            return RunCheck(options, context.reporter);
+        };
+    });
+}
+
+}  // namespace app

@@ -1,0 +1,170 @@
+// The options of qolf convert.
+#include "app/base/Paths.h"
+#include "app/check/RepairMif.h"
+#include "app/commands/Command.h"
+#include "app/convert/BatchConvert.h"
+#include "app/convert/ConvertRun.h"
+#include "app/formats/Formats.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace app {
+namespace {
+
+constexpr const char* kConvertExamples = R"(
+Examples:
+  qolf convert roads.mif roads.geojson
+  qolf convert roads.mif places.mif maps.gpkg       a layer for each file
+  qolf convert --crs EPSG:3301 in.geojson out.mif
+  qolf convert --bbox 24,58,26,60 --select id,name roads.mif - | jq .
+  qolf convert --jobs 2 --to gpkg --output-dir out/ maps/)";
+
+// The repair of qolf check, for SourceOptions::repair.
+void RepairTo(const std::filesystem::path& mif, const std::filesystem::path& copy,
+              Reporter& reporter) {
+    const check::RepairReport report = check::RepairMif(mif, copy, IfExists::Overwrite);
+    for (const check::Repair& repair : report.repairs) {
+        reporter.Note(PathText(repair.file) + ":" + std::to_string(repair.line) + ": " +
+                      repair.what);
+    }
+}
+
+std::vector<std::string> Split(const std::string& text) {
+    std::vector<std::string> words(1);
+    for (const char c : text) {
+        if (c == ',') {
+            words.emplace_back();
+        } else {
+            words.back() += c;
+        }
+    }
+    return words;
+}
+
+// Throws CLI::ValidationError, which the parser reports.
+std::vector<double> BoxOf(const std::string& text) {
+    std::vector<double> numbers;
+    for (const std::string& word : Split(text)) {
+        double number = 0.0;
+        if (!CLI::detail::lexical_cast(word, number)) {
+            throw CLI::ValidationError("--bbox", "\"" + word + "\" is no number");
+        }
+        numbers.push_back(number);
+    }
+    if (numbers.size() != 4) {
+        throw CLI::ValidationError("--bbox", "takes four numbers: minx,miny,maxx,maxy");
+    }
+    // The two corners may come in any order.
+    return {std::min(numbers[0], numbers[2]), std::min(numbers[1], numbers[3]),
+            std::max(numbers[0], numbers[2]), std::max(numbers[1], numbers[3])};
+}
+
+void AddSelection(CLI::App& command, ConvertOptions& options) {
+    command.add_option("--layer", options.layer, "Name of the layer to write, or to read")
+        ->type_name("NAME");
+    command
+        .add_option_function<std::string>(
+            "--select", [&options](const std::string& text) { options.select = Split(text); },
+            "Columns to keep, in this order")
+        ->type_name("NAME,...");
+    command
+        .add_option_function<std::string>(
+            "--bbox", [&options](const std::string& text) { options.box = BoxOf(text); },
+            "Keep what meets this box of output coordinates: minx,miny,maxx,maxy")
+        ->type_name("BOX");
+    command.add_option("--limit", options.limit, "Stop after so many features")
+        ->type_name("N")
+        ->check(CLI::NonNegativeNumber);
+}
+
+void AddInput(CLI::App& command, ConvertOptions& options) {
+    command
+        .add_option("--crs", options.crs,
+                    "Coordinate system of the output: keep, wgs84, EPSG:CODE, a PROJ string or WKT")
+        ->type_name("SYSTEM");
+    command
+        .add_option("--assume-crs", options.assumedCrs,
+                    "Coordinate system of a MIF input, whatever its header says")
+        ->type_name("SYSTEM");
+    command.add_flag_callback(
+        "--fix", [&options] { options.repair = RepairTo; },
+        "Read a MIF input with the faults repaired that check --fix repairs");
+    command.add_option("--encoding", options.encoding, "Encoding of the MIF file's texts")
+        ->type_name("NAME");
+    command
+        .add_option("--output-encoding", options.outputEncoding,
+                    "Encoding of a MIF output's texts, whatever its input's is")
+        ->type_name("NAME");
+    command.add_option("--precision", options.precision, "Decimals of the output's coordinates")
+        ->type_name("N")
+        ->check(CLI::Range(0, 15));
+    command.add_flag("--as-is", options.asIs, "Give the file to the module without any care");
+    command
+        .add_option("--segments", options.segments, "Edges of a full turn when curves become lines")
+        ->type_name("N")
+        ->check(CLI::Range(4, 100000))
+        ->capture_default_str();
+    command.add_flag("--styles", options.withStyles, "Add simplestyle properties to GeoJSON");
+    command.add_flag("--overwrite", options.overwrite, "Replace files that exist");
+}
+
+void AddExport(CLI::App& command, ConvertOptions& options) {
+    command.add_flag("--areas-to-curves", options.areasToCurves, "Write areas to MIF as polylines");
+    command.add_flag("--no-render-text", options.noRenderText, "Write no texts to MIF");
+    command.add_flag("--no-render-markers", options.noRenderMarkers, "Write no points to MIF");
+    command.add_flag("--defaults", options.useDefaults,
+                     "Start from the export's defaults, not from the stored options");
+    command
+        .add_option("--option-string", options.optionString,
+                    "Options for the export filter: \"AreasToCurves=1;RenderText=0\"")
+        ->type_name("TEXT");
+    command.add_flag("--no-store", options.noStore, "Neither read nor write stored options");
+}
+
+void AddBatch(CLI::App& command, ConvertOptions& options) {
+    command.add_option("--to", options.format, "Format: " + FormatNames())->type_name("FORMAT");
+    CLI::Option* const folder =
+        command
+            .add_option("--output-dir", options.outputFolder,
+                        "Convert every file, and those in folders, to a file in this folder")
+            ->type_name("FOLDER");
+    command.add_option("--jobs", options.jobs, "Processes at a time with --output-dir")
+        ->type_name("N")
+        ->check(CLI::Range(1, 256))
+        ->needs(folder);
+    command
+        .add_flag("--resume", options.resume,
+                  "Go on where an interrupted run with --output-dir stopped")
+        ->needs(folder);
+}
+
+}  // namespace
+
+void AddConvertCommand(CLI::App& program, CommandContext& context) {
+    auto options = std::make_shared<ConvertOptions>();
+    CLI::App* command = program.add_subcommand("convert", "Convert between MIF and other formats");
+    command->add_option("files", options->paths, "Inputs, then the output; - is a standard stream")
+        ->type_name("FILE")
+        ->required();
+    AddInput(*command, *options);
+    AddSelection(*command, *options);
+    AddExport(*command, *options);
+    AddBatch(*command, *options);
+    command->footer(
+        "\nThe extension tells the format; \"-\" is GeoJSON on standard input or output:\n" +
+        FormatLines() + kConvertExamples);
+    command->callback([options, &context] {
+        context.run = [options, &context] {
+            options->modulePath = context.modulePath;
+            return options->outputFolder.empty() ? RunConvert(*options, context.reporter)
+                                                 : ConvertMany(*options, context.reporter);
+        };
+    });
+}
+
+}  // namespace app

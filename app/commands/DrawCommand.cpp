@@ -1,0 +1,68 @@
+// The options of qolf draw.
+#include "app/commands/Command.h"
+#include "app/draw/DrawArguments.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace app {
+namespace {
+
+constexpr const char* kDrawFooter = R"(
+The picture is SVG, PNG or PDF by the extension of OUT. Files are drawn in their
+order, the last one on top. Pens, brushes, symbols and fonts are those of the
+file; what it says nothing about, and everything with --ignore-styles, has a
+colour of its own for each file. Files of other coordinate systems are moved
+into that of the first, or into the one that --crs names.
+
+Examples:
+  qolf draw roads.mif roads.png
+  qolf draw lakes.mif roads.mif places.mif map.svg --ignore-styles
+  qolf draw --bbox 24.5,59.3,25,59.5 --width 1600 roads.mif centre.pdf
+  qolf draw --crs EPSG:3857 --background '#eef4f8' roads.mif web.png)";
+
+}  // namespace
+
+void AddDrawCommand(CLI::App& program, CommandContext& context) {
+    const auto arguments = std::make_shared<DrawArguments>();
+    CLI::App* command = program.add_subcommand("draw", "Draw a map of MIF files");
+    command->add_option("files", arguments->files, "Files to draw, then the picture: IN... OUT")
+        ->type_name("FILE")
+        ->required();
+    command->add_option("--format", arguments->format, "svg, png or pdf, whatever OUT is called")
+        ->type_name("NAME");
+    command->add_option("--width", arguments->width, "Width of the picture")->type_name("PIXELS");
+    command->add_option("--height", arguments->height, "Height of the picture")
+        ->type_name("PIXELS");
+    command->add_option("--margin", arguments->margin, "Free space on each side (12)")
+        ->type_name("PIXELS");
+    command
+        ->add_option("--bbox", arguments->bbox,
+                     "The part of the map to draw, in the picture's coordinate system")
+        ->type_name("X1,Y1,X2,Y2");
+    command->add_option("--background", arguments->background, "A colour; none is transparent")
+        ->type_name("COLOR");
+    command
+        ->add_option("--crs", arguments->crs,
+                     "Coordinate system of the picture: keep, wgs84 or a definition (EPSG:3301)")
+        ->type_name("CRS");
+    command->add_flag("--ignore-styles", arguments->ignoreStyles,
+                      "Draw each file in a colour of its own");
+    command->add_flag("--overwrite", arguments->overwrite, "Replace the picture if it exists");
+    command->add_flag("--as-is", arguments->asIs, "Hand files to the module as they are");
+    command
+        ->add_option("--encoding", arguments->encoding,
+                     "Encoding of the texts, whatever the headers say")
+        ->type_name("NAME");
+    command->footer(kDrawFooter);
+    command->callback([arguments, &context] {
+        context.run = [arguments, &context] {
+            DrawOptions options = CheckedDrawOptions(*arguments);
+            options.modulePath = context.modulePath;
+            return RunDraw(options, context.reporter);
+        };
+    });
+}
+
+}  // namespace app

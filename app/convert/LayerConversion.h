@@ -1,0 +1,46 @@
+// A layer's way from a source's features to a target.
+#pragma once
+
+#include "app/base/Reporter.h"
+#include "app/convert/ConvertOptions.h"
+#include "app/convert/FeatureFilter.h"
+#include "app/convert/SystemPlan.h"
+#include "app/feature/Target.h"
+#include "app/formats/Formats.h"
+
+#include <cstdint>
+#include <string>
+
+namespace app {
+
+// Selects, reprojects and flattens what the options and the target's format ask for. All that it is
+// made with must outlive it.
+class LayerConversion {
+public:
+    LayerConversion(const ConvertOptions& options, const Format& format, Target& target,
+                    Reporter& reporter);
+
+    // Begins the target's layer. `facts` are the source's, and `subject` is its name. False when no
+    // feature is wanted. Throws Failure; UsageError for a system that the format can't have.
+    bool Begin(LayerFacts facts, const std::string& subject);
+
+    // Writes the feature, unless it lies outside --bbox. False when that was the last one.
+    bool Take(Feature& feature);
+
+    // Says when the box has kept everything out, and what happened to points that have no place in
+    // the output's system.
+    void End();
+
+private:
+    const ConvertOptions& options_;
+    const Format& format_;
+    Target& target_;
+    Reporter& reporter_;
+    FeatureFilter filter_;
+    SystemPlan plan_;
+    std::string subject_;
+    std::uint64_t outsideCount_ = 0;  // features that --bbox has kept out
+    bool isAnyWritten_ = false;
+};
+
+}  // namespace app

@@ -1,0 +1,69 @@
+// Where features come from: a format's reader behind one interface.
+#pragma once
+
+#include "app/base/Reporter.h"
+#include "app/feature/Feature.h"
+#include "app/feature/LayerFacts.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace app {
+
+// What a user may ask of the reading. A format leaves alone what it has no use for.
+struct SourceOptions {
+    bool asIs = false;     // --as-is: the module gets a MIF file without any care
+    bool noStore = false;  // --no-store: the filter neither reads nor writes stored options
+    std::string encoding;  // --encoding, of a MIF file's texts; empty: by its header
+    std::shared_ptr<const gcs::CSDef> assumedSystem;  // --assume-crs, of a MIF file; null: its own
+    std::string modulePath;                           // as in Module
+
+    // --fix: writes a repaired copy of the pair `mif` to `copy` and notes what was repaired. Empty:
+    // a MIF file is read as it is.
+    std::function<void(const std::filesystem::path& mif, const std::filesystem::path& copy,
+                       Reporter& reporter)>
+        repair;
+};
+
+// Receives features one at a time; may change and move them. False ends the reading.
+using FeatureSink = std::function<bool(Feature&)>;
+
+// Calls come in this order: Begin a layer, Read it, as often as wanted; then another layer, or the
+// same again. All operations throw Failure, which names the source.
+class Source {
+public:
+    virtual ~Source() = default;
+    Source(const Source&) = delete;
+    Source& operator=(const Source&) = delete;
+
+    // For messages: the path as the user gave it, or "standard input".
+    const std::string& Name() const { return name_; }
+
+    // The names of the layers, in their order; UTF-8. Empty when there is no layer with features.
+    virtual std::vector<std::string> LayerNames() const = 0;
+
+    // Finds what is known before the first feature. What there is to say of the layer goes to the
+    // reporter, once for each call.
+    virtual LayerFacts Begin(std::size_t layer, Reporter& reporter) = 0;
+
+    // Hands the features of the layer that was begun last to the sink, in their order. Values stand
+    // in the order of the layer's columns. Progress and warnings go to the reporter. What the sink
+    // throws passes unchanged.
+    virtual void Read(Reporter& reporter, const FeatureSink& sink) = 0;
+
+    // The layer that a user asked for by name: the only one for an empty name. Throws Failure, with
+    // the names there are.
+    std::size_t LayerNamed(const std::string& name) const;
+
+protected:
+    explicit Source(std::string name) : name_(std::move(name)) {}
+
+private:
+    std::string name_;
+};
+
+}  // namespace app

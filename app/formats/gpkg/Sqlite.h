@@ -1,0 +1,94 @@
+// SQLite databases and statements that close themselves and report errors as exceptions.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace app {
+
+// Return "name" as an identifier and 'text' as a text in SQL, whatever characters but NUL they
+// hold.
+std::string QuotedName(std::string_view name);
+std::string QuotedText(std::string_view text);
+
+class SqliteDatabase;
+
+// A prepared statement. Parameters and columns are numbered as SQLite does: parameters from 1,
+// columns from 0. Every operation that fails throws Failure. Must not outlive its database.
+class SqliteStatement {
+public:
+    SqliteStatement(SqliteDatabase& database, const std::string& sql);
+
+    void BindNull(int parameter);
+    void BindWhole(int parameter, std::int64_t value);
+    void BindReal(int parameter, double value);
+
+    // The bytes must stay until the next Step has returned.
+    void BindText(int parameter, std::string_view utf8);
+    void BindBlob(int parameter, std::string_view bytes);
+
+    // Goes to the next row. Returns false at the end; the statement can then be bound and run
+    // again.
+    bool Step();
+
+    // Gives up the rows that are left, so that the statement can be run again.
+    void Reset();
+
+    int ColumnCount() const;
+    int Type(int column) const;  // SQLITE_INTEGER, ...
+    std::int64_t Whole(int column) const;
+    double Real(int column) const;
+
+    // Valid until the next Step. A NULL gives an empty view.
+    std::string_view Text(int column) const;
+    std::string_view Blob(int column) const;
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+
+    void Check(int result) const;
+
+    SqliteDatabase* database_;
+    std::unique_ptr<sqlite3_stmt, Finalize> statement_;
+};
+
+class SqliteDatabase {
+public:
+    // Create makes a new file that is written without a journal: it is thrown away on any failure.
+    // Read opens a file that may come from anybody, and hardens SQLite against it.
+    enum class Mode { Create, Read };
+
+    // subject names the file in messages. Throws Failure.
+    SqliteDatabase(const std::filesystem::path& path, Mode mode, std::string subject);
+
+    void Execute(const std::string& sql);
+
+    // Closes the file; what can't be written is reported here at the latest.
+    void Close();
+
+    // Throws Failure with the subject and SQLite's own reason.
+    [[noreturn]] void Fail() const;
+
+    const std::string& Subject() const { return subject_; }
+    sqlite3* Handle() const { return handle_.get(); }
+
+private:
+    struct CloseHandle {
+        void operator()(sqlite3* handle) const;
+    };
+
+    std::string subject_;
+    Mode mode_;
+    std::unique_ptr<sqlite3, CloseHandle> handle_;  // null once closed
+};
+
+}  // namespace app

@@ -1,0 +1,25 @@
+// qolf info: what a file holds, as the module and the header tell it.
+#pragma once
+
+#include "app/base/Reporter.h"
+#include "app/crs/DescribeCoordSys.h"
+
+#include <string>
+#include <vector>
+
+namespace app {
+
+struct InfoOptions {
+    std::vector<std::string> files;
+    bool json = false;
+    bool count = false;  // run a whole import and count
+    bool asIs = false;
+    std::string encoding;
+    std::string modulePath;
+    CrsIdentifier identify;  // for a system that only PROJ's register knows; called for no other
+};
+
+// The exit code: 1 when any of the files could not be read.
+int RunInfo(const InfoOptions& options, Reporter& reporter);
+
+}  // namespace app

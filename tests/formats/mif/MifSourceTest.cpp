@@ -1,0 +1,240 @@
+// Reading a pair through the module.
+#include "app/formats/mif/MifSource.h"
+
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "tests/support/KeptMessages.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+using app::ColumnKind;
+using app::GeometryKind;
+
+constexpr const char* kHeader = "Version 450\nCharset \"WindowsLatin1\"\nDelimiter \",\"\n"
+                                "CoordSys Earth Projection 1, 104\n\n"
+                                "Bounds (0, 0) (10, 20)\n"
+                                "Columns 2\n  id Integer\n  name Char(20)\nData\n\n";
+
+class MifSource : public testing::Test {
+protected:
+    MifSource() {
+        options_.noStore = true;
+        options_.modulePath = QOLF_MODULE;
+    }
+
+    std::filesystem::path Path() const { return folder_.path() / "roads.mif"; }
+
+    void WritePair(const std::string& mif, const std::string& mid = "1,\"a\"\n2,\"b\"\n3,\"c\"\n") {
+        folder_.Write("roads.mif", mif);
+        folder_.Write("roads.mid", mid);
+    }
+
+    app::LayerFacts FactsOf(const std::string& mif) {
+        WritePair(mif);
+        return app::MifSource(Path(), options_).Begin(0, messages_.Reporter());
+    }
+
+    std::vector<app::Feature> FeaturesOf(const std::string& mif) {
+        WritePair(mif);
+        app::MifSource source(Path(), options_);
+        static_cast<void>(source.Begin(0, messages_.Reporter()));
+        return FeaturesOf(source);
+    }
+
+    std::vector<app::Feature> FeaturesOf(app::MifSource& source) {
+        std::vector<app::Feature> features;
+        source.Read(messages_.Reporter(), [&](app::Feature& feature) {
+            features.push_back(feature);
+            return true;
+        });
+        return features;
+    }
+
+    std::string ErrorOf(const std::string& mif) {
+        try {
+            FeaturesOf(mif);
+        } catch (const app::Failure& failure) {
+            return failure.what();
+        }
+        return "none";
+    }
+
+    support::TemporaryFolder folder_;
+    support::KeptMessages messages_;
+    app::SourceOptions options_;
+};
+
+TEST_F(MifSource, FindsWhatTheHeaderSays) {
+    const app::LayerFacts facts = FactsOf(std::string(kHeader) + "Point 1 2\n");
+
+    EXPECT_EQ(facts.name, "roads");
+    ASSERT_EQ(facts.columns.size(), 2U);
+    EXPECT_EQ(facts.columns[0].name, "id");
+    EXPECT_EQ(facts.columns[0].kind, ColumnKind::Integer);
+    EXPECT_EQ(facts.columns[1].kind, ColumnKind::Char);
+    EXPECT_EQ(facts.columns[1].width, 20);
+    EXPECT_NE(facts.system, nullptr);
+    EXPECT_EQ(facts.knownExtent, (shr::Box2d{0, 0, 10, 20}));
+    ASSERT_TRUE(facts.pair);
+    EXPECT_EQ(facts.pair->version, 450);
+    EXPECT_EQ(facts.pair->charset, "WindowsLatin1");
+    EXPECT_EQ(facts.pair->codePage, "CP1252");
+    EXPECT_EQ(facts.pair->delimiter, ",");
+}
+
+TEST_F(MifSource, KnowsNoSystemOfAPlane) {
+    const app::LayerFacts facts =
+        FactsOf("Version 300\nCoordSys NonEarth Units \"m\"\nColumns 1\n  id Integer\nData\n\n");
+
+    EXPECT_EQ(facts.system, nullptr);
+    EXPECT_FALSE(facts.knownExtent);
+}
+
+TEST_F(MifSource, HandsOverObjectsWithTypedValues) {
+    const std::vector<app::Feature> features =
+        FeaturesOf(std::string(kHeader) + "Point 1 2\nLine 1 2 3 4\n");
+
+    ASSERT_EQ(features.size(), 2U);
+    EXPECT_EQ(features[0].geometry.kind, GeometryKind::Points);
+    EXPECT_EQ(features[0].values, (std::vector<app::Value>{std::int64_t{1}, std::string("a")}));
+    EXPECT_EQ(features[1].geometry.kind, GeometryKind::Line);
+    EXPECT_EQ(features[1].number, 2U);
+    EXPECT_EQ(messages_.Text(), "");
+}
+
+TEST_F(MifSource, ReadsTextsInTheirCharset) {
+    WritePair("Version 450\nCharset \"WindowsCyrillic\"\nDelimiter \",\"\n"
+              "CoordSys NonEarth Units \"m\"\nColumns 1\n  \xE8 Char(9)\nData\n\nPoint 1 2\n",
+              "\"\xE4\"\n");
+    app::MifSource source(Path(), options_);
+
+    const app::LayerFacts facts = source.Begin(0, messages_.Reporter());
+
+    EXPECT_EQ(facts.columns.front().name, "\xD0\xB8");
+    EXPECT_EQ(facts.pair->codePage, "CP1251");
+    EXPECT_EQ(FeaturesOf(source).front().values.front(), app::Value(std::string("\xD0\xB4")));
+}
+
+TEST_F(MifSource, KeepsEachSourcesCharsetApart) {
+    const char* const header = "CoordSys NonEarth Units \"m\"\nColumns 1\n  a Char(9)\nData\n\n"
+                               "Point 1 2\n";
+    WritePair("Version 450\nCharset \"WindowsCyrillic\"\nDelimiter \",\"\n" + std::string(header),
+              "\"\xE4\"\n");
+    folder_.Write("other.mif", "Version 450\nCharset \"WindowsLatin1\"\nDelimiter \",\"\n" +
+                                   std::string(header));
+    folder_.Write("other.mid", "\"\xE4\"\n");
+    app::MifSource cyrillic(Path(), options_);
+    app::MifSource latin(folder_.path() / "other.mif", options_);
+    static_cast<void>(cyrillic.Begin(0, messages_.Reporter()));
+    static_cast<void>(latin.Begin(0, messages_.Reporter()));
+
+    EXPECT_EQ(FeaturesOf(cyrillic).front().values.front(), app::Value(std::string("\xD0\xB4")));
+    EXPECT_EQ(FeaturesOf(latin).front().values.front(), app::Value(std::string("\xC3\xA4")));
+}
+
+TEST_F(MifSource, TakesCareOfAClauseThatSwallowsALine) {
+    const std::string mif = "Version 300\nDelimiter \",\"\nCoordSys Earth Projection 1, 104\n"
+                            "Columns 1\n  id Integer\nData\n\nPoint 1 2\n";
+    EXPECT_EQ(FactsOf(mif).columns.size(), 1U);
+    EXPECT_EQ(FeaturesOf(mif).front().values.front(), app::Value(std::int64_t{1}));
+
+    options_.asIs = true;
+    EXPECT_EQ(FactsOf(mif).columns.size(), 0U);
+}
+
+TEST_F(MifSource, SaysTheModulesWarningsOnce) {
+    WritePair("Version 300\nUnique 1\nCoordSys NonEarth Units \"m\"\nColumns 1\n  id Integer\n"
+              "Data\n\nPoint 1 2\n");
+    app::MifSource source(Path(), options_);
+    static_cast<void>(source.Begin(0, messages_.Reporter()));
+    const std::string said = messages_.Text();
+    FeaturesOf(source);
+    FeaturesOf(source);
+
+    EXPECT_NE(said.find("UNIQUE"), std::string::npos) << said;
+    EXPECT_EQ(messages_.Text(), said);
+}
+
+TEST_F(MifSource, StopsWhenTheSinkHasEnough) {
+    WritePair(std::string(kHeader) + "Point 1 2\nPoint 3 4\nPoint 5 6\n");
+    app::MifSource source(Path(), options_);
+    static_cast<void>(source.Begin(0, messages_.Reporter()));
+    int count = 0;
+
+    source.Read(messages_.Reporter(), [&count](app::Feature&) { return ++count < 2; });
+
+    EXPECT_EQ(count, 2);
+}
+
+TEST_F(MifSource, ReadsAsOftenAsWanted) {
+    WritePair(std::string(kHeader) + "Point 1 2\nPoint 3 4\n");
+    app::MifSource source(Path(), options_);
+    static_cast<void>(source.Begin(0, messages_.Reporter()));
+
+    EXPECT_EQ(FeaturesOf(source).size(), 2U);
+    EXPECT_EQ(FeaturesOf(source).size(), 2U);
+}
+
+TEST_F(MifSource, TakesAnAssumedSystemInPlaceOfTheClause) {
+    options_.assumedSystem = std::make_shared<gcs::GCSDef>();
+    const std::string mif = "Version 300\nCoordSys Earth Projection 99, 104, \"m\", 0\n"
+                            "Columns 1\n  id Integer\nData\n\nPoint 1 2\n";
+
+    EXPECT_EQ(FactsOf(mif).system, options_.assumedSystem);
+    EXPECT_EQ(FeaturesOf(mif).size(), 1U);
+}
+
+TEST_F(MifSource, ReadsThePairThatTheRepairWrites) {
+    options_.repair = [](const std::filesystem::path& mif, const std::filesystem::path& copy,
+                         app::Reporter& reporter) {
+        std::filesystem::copy_file(std::filesystem::path(QOLF_SAMPLES) / "island.mif", copy);
+        reporter.Note(app::PathText(mif.filename()) + " is repaired");
+    };
+
+    const app::LayerFacts facts = FactsOf("no map");
+
+    EXPECT_EQ(facts.name, "roads");
+    EXPECT_FALSE(facts.columns.empty());
+    EXPECT_EQ(messages_.Text(), "qolf: note: roads.mif is repaired\n");
+}
+
+TEST_F(MifSource, NamesTheFileThatIsNoMap) {
+    const std::string error = ErrorOf("no map\n");
+
+    EXPECT_NE(error.find(Path().string()), std::string::npos) << error;
+    EXPECT_NE(error.find("qolf check"), std::string::npos) << error;
+}
+
+TEST_F(MifSource, NamesTheFileThatIsNotThere) {
+    app::MifSource source(folder_.path() / "none.mif", options_);
+    try {
+        static_cast<void>(source.Begin(0, messages_.Reporter()));
+        FAIL() << "the file is not missed";
+    } catch (const app::Failure& failure) {
+        EXPECT_EQ(std::string(failure.what()), (folder_.path() / "none.mif").string() +
+                                                   ": can't open: No such file or directory");
+    }
+}
+
+TEST_F(MifSource, ExplainsAProjectionThatTheModuleDoesNotKnow) {
+    const std::string error =
+        ErrorOf("Version 300\nCoordSys Earth Projection 99, 104, \"m\", 0\nData\n\nPoint 1 2\n");
+
+    EXPECT_NE(error.find("Projection code 99"), std::string::npos) << error;
+}
+
+TEST_F(MifSource, SaysSoWhenThereIsNoObject) {
+    EXPECT_TRUE(FeaturesOf(kHeader).empty());
+
+    EXPECT_EQ(messages_.Text(), "qolf: warning: " + Path().string() + ": holds no objects\n");
+}
+
+}  // namespace

@@ -1,0 +1,172 @@
+// Lines with their places: line ends of every kind, long lines, pieces of files.
+#include "app/mif/LineReader.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+using app::LineEnd;
+using app::LineReader;
+using app::MifLine;
+
+// Hands out `text` in portions of at most that many bytes.
+LineReader::ReadBytes From(std::string text, std::size_t portion = 7) {
+    return [text = std::move(text), portion, pos = std::size_t{0}](char* to,
+                                                                   std::size_t most) mutable {
+        const std::size_t count = std::min({most, portion, text.size() - pos});
+        std::memcpy(to, text.data() + pos, count);
+        pos += count;
+        return count;
+    };
+}
+
+// "number:text@begin-end-next kind", one per line.
+std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> shown;
+    LineReader lines(From(text));
+    for (const MifLine* line = lines.Peek(); line != nullptr; line = lines.Peek()) {
+        const char* const kind = line->lineEnd == LineEnd::Lf     ? "lf"
+                                 : line->lineEnd == LineEnd::CrLf ? "crlf"
+                                 : line->lineEnd == LineEnd::None ? "none"
+                                                                  : "cr";
+        shown.push_back(std::to_string(line->number) + ":" + std::string(line->raw) + "@" +
+                        std::to_string(line->begin) + "-" + std::to_string(line->end) + "-" +
+                        std::to_string(line->next) + " " + kind);
+        lines.Skip();
+    }
+    return shown;
+}
+
+struct LineRow {
+    std::string name;  // letters and digits
+    std::string text;
+    std::vector<std::string> lines;
+};
+void PrintTo(const LineRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class AText : public testing::TestWithParam<LineRow> {};
+
+TEST_P(AText, HasTheseLines) {
+    EXPECT_EQ(Lines(GetParam().text), GetParam().lines);
+}
+
+const LineRow kRows[] = {
+    {"Empty", "", {}},
+    {"OneLine", "ab\n", {"1:ab@0-2-3 lf"}},
+    {"WithoutALastLineEnd", "ab\ncd", {"1:ab@0-2-3 lf", "2:cd@3-5-5 none"}},
+    {"WithCrLf", "ab\r\ncd\r\n", {"1:ab@0-2-4 crlf", "2:cd@4-6-8 crlf"}},
+    {"WithCrCrLf", "ab\r\r\n", {"1:ab@0-2-5 crlf"}},
+    {"WithReturnsAlone", "ab\r\rcd\r", {"1:ab@0-2-3 cr", "2:@3-3-4 cr", "3:cd@4-6-7 cr"}},
+    {"WithAReturnAmongLineFeeds", "a\nb\rc\n", {"1:a@0-1-2 lf", "2:b@2-3-4 cr", "3:c@4-5-6 lf"}},
+    {"WithAReturnInQuotes", "a\n\"b\rc\"\n", {"1:a@0-1-2 lf", "2:\"b\rc\"@2-7-8 lf"}},
+    {"WithAReturnBehindQuotes",
+     "a\n\"b\"\rc\n",
+     {"1:a@0-1-2 lf", "2:\"b\"@2-5-6 cr", "3:c@6-7-8 lf"}},
+    {"WithMixedLineEnds", "a\r\nb\nc\r\n", {"1:a@0-1-3 crlf", "2:b@3-4-5 lf", "3:c@5-6-8 crlf"}},
+    {"WithEmptyLines", "\n\na", {"1:@0-0-1 lf", "2:@1-1-2 lf", "3:a@2-3-3 none"}},
+    {"WithAByteOrderMark",
+     "\xEF\xBB\xBF"
+     "ab\n",
+     {"1:ab@3-5-6 lf"}},
+    {"WithAReturnAtItsEnd", "a\nb\r", {"1:a@0-1-2 lf", "2:b@2-3-4 cr"}},
+    {"WithAReturnInQuotesAtItsEnd", "a\n\"b\r", {"1:a@0-1-2 lf", "2:\"b\r@2-5-5 none"}},
+};
+INSTANTIATE_TEST_SUITE_P(, AText, testing::ValuesIn(kRows),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(LineReader, TellsUtf16ByItsFirstBytes) {
+    EXPECT_EQ(LineReader(From(std::string("\xFF\xFEV\0", 4))).Start(), app::FileStart::Utf16);
+    EXPECT_EQ(LineReader(From(std::string("V\0e\0", 4))).Start(), app::FileStart::Utf16);
+    EXPECT_EQ(LineReader(From("Version")).Start(), app::FileStart::Plain);
+}
+
+TEST(LineReader, GivesTheSameLinesWhateverThePortions) {
+    std::string text;
+    for (int i = 0; i < 100'000; ++i) {
+        text += std::to_string(i) + (i % 3 == 0 ? "\r\n" : "\n");
+    }
+    LineReader small(From(text, 1000));
+    LineReader large(From(text, 1U << 20));
+    std::uint64_t count = 0;
+    for (; small.Peek() != nullptr; ++count) {
+        ASSERT_EQ(small.Peek()->raw, std::to_string(count));
+        ASSERT_EQ(small.Peek()->begin, large.Peek()->begin);
+        small.Skip();
+        large.Skip();
+    }
+    EXPECT_EQ(count, 100'000U);
+    EXPECT_EQ(large.Peek(), nullptr);
+}
+
+TEST(LineReader, LooksAheadAcrossPieces) {
+    std::string text;
+    for (int i = 0; i < 64; ++i) {
+        text += std::string(20'000, static_cast<char>('a' + i % 26)) + "\n";
+    }
+    LineReader lines(From(text, 1U << 20));
+
+    ASSERT_NE(lines.Peek(63), nullptr);
+    EXPECT_EQ(lines.Peek(0)->raw, std::string(20'000, 'a'));
+    EXPECT_EQ(lines.Peek(63)->raw.front(), static_cast<char>('a' + 63 % 26));
+    EXPECT_EQ(lines.Peek(64), nullptr);
+}
+
+TEST(LineReader, KeepsTheBeginningOfALongLine) {
+    const std::size_t length = 3 * LineReader::kMaxLineBytes;
+    LineReader lines(From("x" + std::string(length, 'a') + "\nb\n", 1U << 20));
+
+    const MifLine line = *lines.Peek();
+    EXPECT_TRUE(line.isCut);
+    EXPECT_EQ(line.raw.size(), LineReader::kMaxLineBytes);
+    EXPECT_EQ(line.raw.substr(0, 2), "xa");
+    EXPECT_EQ(line.end, length + 1);
+    lines.Skip();
+    ASSERT_NE(lines.Peek(), nullptr);
+    EXPECT_EQ(lines.Peek()->raw, "b");
+    EXPECT_EQ(lines.Peek()->begin, length + 2);
+    EXPECT_EQ(lines.Peek()->number, 2U);
+}
+
+TEST(LineReader, KeepsTheLinesAroundALongOne) {
+    const std::size_t length = 20 * LineReader::kMaxLineBytes;
+    LineReader lines(From("first\n" + std::string(length, 'a') + "\nlast\n", 1U << 20));
+
+    ASSERT_NE(lines.Peek(2), nullptr);
+    EXPECT_EQ(lines.Peek(0)->raw, "first");
+    EXPECT_EQ(lines.Peek(1)->raw.front(), 'a');
+    EXPECT_EQ(lines.Peek(2)->raw, "last");
+}
+
+TEST(LineReader, ShowsEachLineOnce) {
+    std::vector<std::uint64_t> seen;
+    LineReader lines(From("a\nb\nc\n"), LineReader::Cut::NotAtAll,
+                     [&](const MifLine& line) { seen.push_back(line.number); });
+
+    static_cast<void>(lines.Peek(1));
+    EXPECT_EQ(seen, (std::vector<std::uint64_t>{1, 2}));
+    lines.Skip();
+    static_cast<void>(lines.Peek(0));
+    EXPECT_EQ(seen, (std::vector<std::uint64_t>{1, 2}));
+}
+
+TEST(LineReader, IsQuickWithManyReturnsBeforeOneLineFeed) {
+    std::string text = "a\n";
+    for (int i = 0; i < 200'000; ++i) {
+        text += "b\r";
+    }
+    LineReader lines(From(text + "\n", 1U << 20));
+    std::uint64_t count = 0;
+    for (; lines.Peek() != nullptr; ++count) {
+        lines.Skip();
+    }
+    EXPECT_EQ(count, 200'001U);
+}
+
+}  // namespace
