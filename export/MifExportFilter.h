@@ -61,8 +61,8 @@ public:
     // apply to the graphic objects that follow; the first of these fixes the header.
     //
     // Fails with the file-write error when the object can't be written, and from then on for every
-    // object: half an object can't be taken back out of the files. Likewise after a BeginExport that
-    // has failed.
+    // object: half an object can't be taken back out of the files. Likewise after a BeginExport
+    // that has failed.
     zeio::ExportStatus ExportObject(zeio::TrBase& object) override;
 
     // Completes and closes the files. NothingWritten, with what was opened deleted, when no graphic
