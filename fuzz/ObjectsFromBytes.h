@@ -1,4 +1,4 @@
-// Translation objects made of the bytes of an input, with whatever these say in their fields.
+// Translation objects made from the bytes of an input: any value may be in any field.
 #pragma once
 
 #include "host/zeio/TrObjects.h"
