@@ -6,7 +6,11 @@
 #include "app/crs/GcsFromCrs.h"
 #include "app/draw/ExtentCollector.h"
 #include "app/draw/LayerSystems.h"
+#include "app/mif/MifHeader.h"
+#include "app/mif/ModuleCopy.h"
+#include "app/run/CodePage.h"
 #include "app/run/ImportRun.h"
+#include "standalone/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -19,15 +23,34 @@ namespace app {
 
 namespace {
 
-ImportSettings SettingsFor(const std::string& file, const DrawOptions& options) {
-    ImportSettings settings;
-    settings.path = PathFromArgument(file);
-    settings.asIs = options.asIs;
-    settings.noStore = true;  // a picture does not depend on what an earlier run remembered
-    settings.encoding = options.encoding;
-    settings.modulePath = options.modulePath;
-    return settings;
-}
+// One input on its way through the module.
+class DrawnFile {
+public:
+    DrawnFile(const std::string& file, const DrawOptions& options, Reporter& reporter)
+        : path_(PathFromArgument(file)), header_(ScanHeader(path_)), copy_(path_) {
+        if (!options.asIs && header_.hasData && !header_.isReadByModule) {
+            copy_.Cut(0, header_.dataOffset, HeaderForModule(header_));
+            copy_.Finish();
+        }
+        ImportSettings settings;
+        settings.path = copy_.IsCopy() ? copy_.Path() : path_;
+        settings.shownPath = path_;
+        settings.noStore = true;  // a picture does not depend on what an earlier run remembered
+        settings.modulePath = options.modulePath;
+        SetCodePageFor(header_, options.encoding, false, PathText(path_), reporter);
+        settings.codePage = standalone::CodePage0();
+        run_.emplace(std::move(settings), reporter);
+    }
+
+    const MifHeader& Header() const { return header_; }
+    ImportRun& Run() { return *run_; }
+
+private:
+    std::filesystem::path path_;
+    MifHeader header_;
+    ModuleCopy copy_;
+    std::optional<ImportRun> run_;
+};
 
 const gcs::CSDef* SystemIn(const zeio::TrBase& object) {
     return object.GetTypeId() == zeio::TrCRS::GetClassTypeId()
@@ -41,7 +64,8 @@ void SettleSystem(const DrawOptions& options, Reporter& reporter, LayerSystems& 
         if (systems.HasTarget()) {
             return;
         }
-        ImportRun(SettingsFor(file, options), reporter)
+        DrawnFile(file, options, reporter)
+            .Run()
             .ImportHeader(reporter, [&systems](const zeio::TrBase& object) {
                 if (const gcs::CSDef* system = SystemIn(object)) {
                     static_cast<void>(systems.TransformFrom(*system));
@@ -63,17 +87,21 @@ public:
             const std::string& file = options_.inputs[layer];
             bool isPlaced = false;
             target.BeginLayer(layer);
-            ImportRun run(SettingsFor(file, options_), reporter);
-            if (run.Header().ownBounds) {
-                target.SetBounds(*run.Header().ownBounds);
+            DrawnFile drawn(file, options_, reporter);
+            if (drawn.Header().ownBounds) {
+                target.SetBounds(*drawn.Header().ownBounds);
             }
-            run.Import(reporter, [&](const zeio::TrBase& object) {
-                if (const gcs::CSDef* system = SystemIn(object)) {
-                    isPlaced = true;
-                    target.SetTransform(TransformOf(file, *system, reporter));
-                }
-                target.Add(object);
-            });
+            const std::uint64_t count =
+                drawn.Run().Import(reporter, [&](const zeio::TrBase& object) {
+                    if (const gcs::CSDef* system = SystemIn(object)) {
+                        isPlaced = true;
+                        target.SetTransform(TransformOf(file, *system, reporter));
+                    }
+                    target.Add(object);
+                });
+            if (count == 0) {
+                reporter.Warning(PathText(PathFromArgument(file)) + ": holds no objects");
+            }
             isAnyPlaced = isAnyPlaced || isPlaced;
             if (!isPlaced) {
                 unplaced.push_back(file);
