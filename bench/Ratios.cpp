@@ -22,6 +22,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -221,6 +222,13 @@ void RegisterAll(const Settings& settings, const std::vector<double>& coordinate
         rows.push_back({std::string("convert regions to ") + extension, "the bare import", 0.0,
                         std::string(extension) == "gpkg" ? 4.0 : 3.0, "x"});
     }
+    for (const auto& [name, input] : {std::pair("regions", regions), std::pair("points", points)}) {
+        const std::string picture = (settings.folder / "out.png").string();
+        Register(std::string("draw/") + name, [=, qolf = settings.qolf.string()] {
+            bench::RunOrThrow({qolf, "draw", "--quiet", "--overwrite", "--width", "1000",
+                               input.mif.string(), picture});
+        });
+    }
 }
 
 }  // namespace
@@ -255,6 +263,10 @@ int main(int argc, char** argv) {
         rows.push_back(row);
     }
     if (!settings.qolf.empty()) {
+        rows.push_back({"draw the regions, 1000 pixels wide", "the bare import",
+                        ratio("draw/regions", "import/regions"), 6.0, "x"});
+        rows.push_back({"draw the points, 1000 pixels wide", "the bare import",
+                        ratio("draw/points", "import/points"), 4.0, "x"});
         const double small = bench::PeakMebibytes(
             {settings.qolf.string(), "info", "--count",
              bench::Regions(settings.folder, settings.scale / 10.0).mif.string()});

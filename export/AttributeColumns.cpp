@@ -4,6 +4,7 @@
 #include "host/shr/Text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace mif {
 
@@ -41,7 +42,7 @@ bool IsNameCharacter(char character) {
 
 // A name that MIF takes: ASCII letters, digits and underscores, not beginning with a digit.
 std::string SafeName(const std::wstring& name) {
-    std::string safe = shr::WtoAN(name);
+    std::string safe = shr::WtoAN(name, 0);
     std::replace_if(
         safe.begin(), safe.end(), [](char character) { return !IsNameCharacter(character); }, '_');
     if (!safe.empty() && IsDigit(safe.front())) {
@@ -53,11 +54,12 @@ std::string SafeName(const std::wstring& name) {
 }  // namespace
 
 void AttributeColumns::Replace(const std::vector<std::wstring>& names) {
-    columns_.clear();
-    columns_.reserve(names.size());
+    std::vector<Column> columns;
+    columns.reserve(names.size());
     for (const std::wstring& name : names) {
-        columns_.push_back({.name = name});
+        columns.push_back({.name = name});
     }
+    columns_ = std::move(columns);
 }
 
 void AttributeColumns::AppendDefault() {
@@ -75,11 +77,9 @@ void AttributeColumns::AppendRow(std::string& text, const shr::CParamList& attri
         if (!attributes.Get(column.name, value_)) {
             value_.clear();
         }
-        if (value_.find_first_of(iolib::g_UnsafeCharacters) != std::wstring::npos) {
-            value_ = iolib::ReplaceCertainCharsInString(value_, iolib::g_UnsafeCharacters, L'_');
-        }
+        value_ = iolib::ReplaceCertainCharsInString(value_, iolib::g_UnsafeCharacters, L'_');
         text += '"';
-        text += shr::WtoAN(value_);
+        text += shr::WtoAN(value_, 0);
         text += '"';
         column.width = std::max<std::uint64_t>(column.width, value_.size());
     }

@@ -40,7 +40,8 @@ bool EllipsoidsAgree(const gcs::GCSDef& system) {
     }
     const gcs::EllipsoidDef* ofProjection = system.GetProjection().GetEllipsoid();
     const gcs::EllipsoidDef& ofDatum = system.GetDatum().GetEllipsoid();
-    if (ofProjection == nullptr || ofDatum.IsUnknown()) {
+    const bool hasBoth = ofProjection != nullptr && ofDatum.GetMajorRadius() != 0.0;
+    if (!hasBoth) {
         return true;
     }
     return gcs::EllipsoidDef::CompareParameters(*ofProjection, ofDatum, /*exact=*/true);
@@ -109,7 +110,7 @@ const EllipsoidRow* ClosestEllipsoid(const gcs::EllipsoidDef& ellipsoid) {
 
 double DatumParameter(const gcs::DatumDef& datum, DatumParameterID id) {
     double value = 0.0;
-    static_cast<void>(datum.GetParameter(id, value));  // an unknown datum's parameters are 0
+    datum.GetParameter(id, value);  // leaves the 0 for an unknown datum
     return value;
 }
 
@@ -180,7 +181,7 @@ void AppendIf(bool isCarried, std::string& out, double value) {
 
 void AppendParameters(std::string& out, const gcs::ProjectionDef& projection,
                       const ProjectionRow& row) {
-    const gcs::ProjectionParameters values = projection.GetParameters();
+    const gcs::ProjectionParameters& values = projection.GetParameters();
     const bool isOblique = projection.GetMethod() == ProjectionMethod::HotineObliqueMercator;
     AppendIf(row.hasOriginLongitude, out,
              isOblique ? values.centreLongitude : values.centralLongitude);
@@ -240,9 +241,7 @@ void WriteCoordSys(const gcs::CSDef* cs, std::string& out, unsigned& minVersion,
     }
     switch (cs->Type()) {
     case gcs::CSType::Earth:
-        if (const auto* system = dynamic_cast<const gcs::GCSDef*>(cs); system != nullptr) {
-            WriteEarth(*system, out, minVersion, inlineForm);
-        }
+        WriteEarth(static_cast<const gcs::GCSDef&>(*cs), out, minVersion, inlineForm);
         break;
     case gcs::CSType::Nonearth:
         out = inlineForm ? "CoordSys Nonearth\n" : "COORDSYS Nonearth\n";

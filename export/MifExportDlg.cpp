@@ -4,7 +4,6 @@
 #include "export/MifExportFilter.h"
 #include "host/shr/CPath.h"
 #include "host/shr/IError.h"
-#include "host/zeio/IoManager.h"
 #include "resources/DialogTemplates.h"
 #include "resources/DialogTexts.h"
 
@@ -15,9 +14,6 @@ namespace mif {
 namespace {
 
 constexpr const wchar_t* kClassName = L"MifExportDlg";
-
-// The page's type is known to the host from the moment the module is loaded.
-const shr::CTypeInfo g_pageType(kClassName, nullptr, zeio::IoPropertyPage::GetClassTypeId());
 
 // The low four bits of a system command are the window system's own.
 constexpr WPARAM kSystemCommandMask = 0xFFF0;
@@ -46,19 +42,15 @@ MifExportDlg::MifExportDlg(zeio::IoManager& manager, MifExportFilter& filter,
 
 MifExportDlg::~MifExportDlg() = default;
 
-const shr::CTypeInfo* MifExportDlg::GetClassTypeId() {
-    return &g_pageType;
-}
-
 const shr::CTypeInfo* MifExportDlg::GetTypeId() const {
-    return &g_pageType;
+    return GetClassTypeId();
 }
 
-void MifExportDlg::Describe() {
+void MifExportDlg::Describe(HINSTANCE module) {
     PROPSHEETPAGEW description{};
     description.dwSize = sizeof(description);
     description.dwFlags = PSP_HASHELP;
-    description.hInstance = Manager().GetModuleInstance();
+    description.hInstance = module;
     description.pszTemplate = platform::TemplateName(resources::kExportDialog);
     description.pfnDlgProc = zeio::IoPropPageDlgProc;
     description.lParam = reinterpret_cast<LPARAM>(static_cast<zeio::IoPropertyPage*>(this));

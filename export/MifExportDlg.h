@@ -27,10 +27,10 @@ public:
     // leaves: the window system has no way to pass one on.
     int DlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
 
-    static const shr::CTypeInfo* GetClassTypeId();
+    static const shr::CTypeInfo* GetClassTypeId();  // module/PageType.cpp
 
-    // Registers the page's property-sheet description.
-    void Describe();
+    // Registers the page's property-sheet description, with the template in the module.
+    void Describe(HINSTANCE module);
 
     const ExportOptions& options() const { return options_; }
 

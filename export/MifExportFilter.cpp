@@ -4,8 +4,8 @@
 #include "export/ErrorOrigins.h"
 #include "export/MifExportDlg.h"
 #include "export/StyleCodes.h"
+#include "host/platform/Stdio.h"
 #include "host/shr/CPath.h"
-#include "host/shr/Files.h"
 #include "host/zeio/IoManager.h"
 
 #include <algorithm>
@@ -15,8 +15,6 @@
 namespace mif {
 
 namespace {
-
-constexpr zeio::FilterIdentity kIdentity{"$ZEIO_FILT$", 100, u"qolf", zeio::FilterKind::Export, {}};
 
 constexpr const wchar_t* kModuleName = L"qolf";
 constexpr const wchar_t* kAreasToCurves = L"AreasToCurves";
@@ -28,6 +26,7 @@ constexpr unsigned kManyObjectsVersion = 800;
 constexpr std::uint64_t kManyObjects = 32000;  // PLINE and REGION objects that 300 can hold
 constexpr std::uint32_t kObjectsPerProgressStep = 100;
 
+constexpr const wchar_t* kOpenError = L"File write or file create error";
 constexpr const wchar_t* kWriteError = L"File write error";
 
 // Four characters wide, so that a later version takes the place of an earlier one.
@@ -39,23 +38,29 @@ std::string VersionLine(unsigned version) {
 
 }  // namespace
 
+template <class Object, void (MifExportFilter::*Handler)(Object&)>
+constexpr MifExportFilter::ObjectKind MifExportFilter::Kind(bool isGraphic) {
+    // Functions of our own: the address of one in another library is no constant on every system.
+    return {.typeId = [] { return Object::GetClassTypeId(); },
+            .handle = [](MifExportFilter& filter,
+                         zeio::TrBase& object) { (filter.*Handler)(static_cast<Object&>(object)); },
+            .isGraphic = isGraphic};
+}
+
 // The first kind that fits counts; every kind stands once.
-const MifExportFilter::ObjectKind MifExportFilter::kObjectKinds[] = {
-    {&zeio::TrPolyline::GetClassTypeId, &Handle<zeio::TrPolyline, &MifExportFilter::WritePolyline>},
-    {&zeio::TrPolygon::GetClassTypeId, &Handle<zeio::TrPolygon, &MifExportFilter::WritePolygon>},
-    {&zeio::TrMarkerSet::GetClassTypeId,
-     &Handle<zeio::TrMarkerSet, &MifExportFilter::WriteMarkers>},
-    {&zeio::TrNamedIds::GetClassTypeId, &Handle<zeio::TrNamedIds, &MifExportFilter::TakeColumns>},
-    {&zeio::TrRectangle::GetClassTypeId,
-     &Handle<zeio::TrRectangle, &MifExportFilter::WriteRectangle>},
-    {&zeio::TrEllipse::GetClassTypeId, &Handle<zeio::TrEllipse, &MifExportFilter::WriteEllipse>},
-    {&zeio::TrText::GetClassTypeId, &Handle<zeio::TrText, &MifExportFilter::WriteText>},
-    {&zeio::TrCRS::GetClassTypeId, &Handle<zeio::TrCRS, &MifExportFilter::TakeCoordinateSystem>},
-    {&zeio::TrFont::GetClassTypeId, &Handle<zeio::TrFont, &MifExportFilter::TakeFont>},
-    {&zeio::TrPen::GetClassTypeId, &Handle<zeio::TrPen, &MifExportFilter::TakePen>},
-    {&zeio::TrBrush::GetClassTypeId, &Handle<zeio::TrBrush, &MifExportFilter::TakeBrush>},
-    {&zeio::TrInitGraphicsExp::GetClassTypeId,
-     &Handle<zeio::TrInitGraphicsExp, &MifExportFilter::AnswerInitGraphics>},
+constinit const MifExportFilter::ObjectKind MifExportFilter::kObjectKinds[] = {
+    Kind<zeio::TrPolyline, &MifExportFilter::WritePolyline>(/*isGraphic=*/true),
+    Kind<zeio::TrPolygon, &MifExportFilter::WritePolygon>(/*isGraphic=*/true),
+    Kind<zeio::TrMarkerSet, &MifExportFilter::WriteMarkers>(/*isGraphic=*/true),
+    Kind<zeio::TrNamedIds, &MifExportFilter::TakeColumns>(/*isGraphic=*/false),
+    Kind<zeio::TrRectangle, &MifExportFilter::WriteRectangle>(/*isGraphic=*/true),
+    Kind<zeio::TrEllipse, &MifExportFilter::WriteEllipse>(/*isGraphic=*/true),
+    Kind<zeio::TrText, &MifExportFilter::WriteText>(/*isGraphic=*/true),
+    Kind<zeio::TrCRS, &MifExportFilter::TakeCoordinateSystem>(/*isGraphic=*/false),
+    Kind<zeio::TrFont, &MifExportFilter::TakeFont>(/*isGraphic=*/false),
+    Kind<zeio::TrPen, &MifExportFilter::TakePen>(/*isGraphic=*/false),
+    Kind<zeio::TrBrush, &MifExportFilter::TakeBrush>(/*isGraphic=*/false),
+    Kind<zeio::TrInitGraphicsExp, &MifExportFilter::AnswerInitGraphics>(/*isGraphic=*/false),
 };
 
 MifExportFilter::MifExportFilter(zeio::IoManager& manager)
@@ -75,15 +80,11 @@ MifExportFilter::~MifExportFilter() {
     }
 }
 
-const zeio::FilterIdentity* MifExportFilter::GetFilterIdentity() const {
-    return &kIdentity;
-}
-
 void MifExportFilter::GetPropertyPages(std::vector<zeio::IoPropertyPage*>& pages,
                                        const std::wstring& title) {
     ReadSavedOptions(/*persistent=*/true);
     page_ = std::make_unique<MifExportDlg>(Manager(), *this, title, options_);
-    page_->Describe();
+    page_->Describe(Manager().GetModuleInstance());
     pages.push_back(page_.get());
 }
 
@@ -132,6 +133,7 @@ void MifExportFilter::StoreOptions(bool persistent) {
 }
 
 zeio::ExportStatus MifExportFilter::BeginExport(const std::wstring& path) {
+    ForgetRun();  // first, so that EndExport has nothing to finish whatever fails from here on
     if (page_ != nullptr) {
         TakeOptionsFromPage(/*persistent=*/true);
         page_.reset();
@@ -141,36 +143,50 @@ zeio::ExportStatus MifExportFilter::BeginExport(const std::wstring& path) {
     }
 
     progress_.reset();  // an unfinished run's display ends before the next one starts
-    progress_ = std::make_unique<zeio::CProgress>(Manager(), /*hasProportion=*/false);
+    progress_ = std::make_unique<zeio::CProgress>(Manager());
+    // Started a second time, since the object itself has promised a proportion, and the filter does
+    // not know how many objects are still to come.
+    Manager().ProgressStart(std::wstring(), /*canCancel=*/true, /*hasProportion=*/false);
     progress_->MessageVA(L"Exporting data to MIF file %s",
                          shr::CPath(path).GetNameAndExtension().c_str());
-
     OpenFiles(path);
-    // Kept: bounds, columns and styles are those that the filter already has. A host that exports
-    // twice with one filter gets the box of both runs in the second file.
+    WriteFirstLines();
+    isIncomplete_ = false;
+    return zeio::ExportStatus::Done;
+}
+
+// Kept: bounds, columns and styles are those that the filter already has. A host that exports twice
+// with one filter gets the box of both runs in the second file.
+void MifExportFilter::ForgetRun() {
     isHeaderWritten_ = false;
-    hasWriteFailed_ = false;
+    failedWrite_ = nullptr;
+    isIncomplete_ = true;  // until the next one has begun
     version_ = kFirstVersion;
     plineCount_ = 0;
     regionCount_ = 0;
     objectCount_ = 0;
     penWidthPatches_.clear();  // offsets into an earlier run's file
-    WriteFirstLines();
-    return zeio::ExportStatus::Done;
+    text_.clear();
+    DiscardFiles();
 }
 
 void MifExportFilter::OpenFiles(const std::wstring& path) {
-    const auto reason = [] {
-        return errno != 0 ? shr::FormatSystemErrorMsg(errno)
-                          : std::wstring(L"File write or file create error");
+    const auto fail = [this](const ErrorOrigin& origin, const std::wstring& name, int error) {
+        Throw_ERR_FILE_OPEN(origin.source, origin.line, name,
+                            error != 0 ? shr::FormatSystemErrorMsg(error) : kOpenError);
     };
     mif_.SetPath(path);
     mid_.SetPath(shr::CPath::ChangeExtension(path, L".mid"));
+    // Some systems don't tell names apart that differ in case only.
+    if (mid_.path().size() == path.size() &&
+        platform::CompareNoCase(mid_.path().c_str(), path.c_str(), path.size()) == 0) {
+        fail(kCannotOpenMif, path, 0);  // both files would be one
+    }
     if (!mif_.Open()) {
-        Throw_ERR_FILE_OPEN(kCannotOpenMif.source, kCannotOpenMif.line, mif_.path(), reason());
+        fail(kCannotOpenMif, mif_.path(), errno);
     }
     if (!mid_.Open()) {
-        Throw_ERR_FILE_OPEN(kCannotOpenMid.source, kCannotOpenMid.line, mid_.path(), reason());
+        fail(kCannotOpenMid, mid_.path(), errno);
     }
 }
 
@@ -181,6 +197,9 @@ void MifExportFilter::WriteFirstLines() {
 }
 
 zeio::ExportStatus MifExportFilter::ExportObject(zeio::TrBase& object) {
+    if (HasFailed()) {
+        ThrowWriteError(failedWrite_ != nullptr ? *failedWrite_ : kCannotWriteMif);
+    }
     ++objectCount_;
     if (objectCount_ % kObjectsPerProgressStep == 0) {
         Manager().ProgressIndeterminate();
@@ -188,7 +207,9 @@ zeio::ExportStatus MifExportFilter::ExportObject(zeio::TrBase& object) {
     const shr::CTypeInfo* type = object.GetTypeId();
     for (const ObjectKind& kind : kObjectKinds) {
         if (kind.typeId() == type) {
+            isIncomplete_ = kind.isGraphic;  // stays when an exception leaves the handler
             kind.handle(*this, object);
+            isIncomplete_ = false;
             return zeio::ExportStatus::Done;
         }
     }
@@ -231,18 +252,18 @@ zeio::ExportStatus MifExportFilter::EndExport() {
     if (plineCount_ + regionCount_ > kManyObjects) {
         RaiseVersion(kManyObjectsVersion);
     }
-    if (mif_.isOpen() && !hasWriteFailed_) {
-        Complete();
-    }
+    const bool isComplete = !HasFailed() && (!mif_.isOpen() || Complete());
     // Both are closed whatever the other one says.
     const bool isMifWhole = mif_.Close();
     const bool isMidWhole = mid_.Close();
     if (!isHeaderWritten_) {
-        DeleteFiles();
+        DiscardFiles();
         progress_.reset();
         return zeio::ExportStatus::NothingWritten;
     }
-    if (!isMifWhole || !isMidWhole || hasWriteFailed_) {
+    if (!isComplete || !isMifWhole || !isMidWhole) {
+        progress_.reset();
+        DiscardFiles();
         FailWriting(kCannotComplete);
     }
     mif_.Keep();
@@ -251,37 +272,43 @@ zeio::ExportStatus MifExportFilter::EndExport() {
     return zeio::ExportStatus::Done;
 }
 
-// Overwrites what was written ahead of its time. Only the bounds' write is checked on its own: a
-// failure of the others sticks to the stream and shows when it is closed.
-void MifExportFilter::Complete() {
+// Overwrites what was written ahead of its time. False when a write failed; one that the stream has
+// only put off shows when the file is closed.
+bool MifExportFilter::Complete() {
     if (!isHeaderWritten_) {
         WarnOfLimits();  // both files go, but the user hears of the limits all the same
-        return;
+        return true;
     }
-    if (version_ > kFirstVersion) {
-        SeekMif(0);
-        static_cast<void>(mif_.Write(VersionLine(version_)));
+    if (version_ > kFirstVersion && !OverwriteMif(0, VersionLine(version_))) {
+        return false;
     }
-    PatchPenWidths();
-    RewriteBounds();
+    std::string boundsLine;
+    AppendBoundsLine(boundsLine, bounds_);
+    if (!PatchPenWidths() || !OverwriteMif(boundsOffset_, boundsLine)) {
+        return false;
+    }
     WarnOfLimits();
-    RewriteColumns();
+    // Kept: columns that were replaced after the header was written give a block of another
+    // length, which runs into the lines behind it or leaves some of its own. Hosts send the names
+    // first.
+    std::string block;
+    columns_.AppendBlock(block);
+    return OverwriteMif(columnsOffset_, block);
 }
 
-void MifExportFilter::PatchPenWidths() {
+bool MifExportFilter::PatchPenWidths() {
     const double diagonal = bounds_.Diagonal();
-    for (const PenWidthPatch& patch : penWidthPatches_) {
-        SeekMif(patch.offsetBytes);
-        const std::string code = std::to_string(GradePenWidth(patch.widthWorld, diagonal));
-        static_cast<void>(mif_.Write(code));
-    }
-    penWidthPatches_.clear();
+    return std::all_of(
+        penWidthPatches_.begin(), penWidthPatches_.end(), [&](const PenWidthPatch& patch) {
+            return OverwriteMif(patch.offsetBytes,
+                                std::to_string(GradePenWidth(patch.widthWorld, diagonal)));
+        });
 }
 
-void MifExportFilter::RewriteBounds() {
-    SeekMif(boundsOffset_);
-    AppendBoundsLine(text_, bounds_);
-    FlushText();
+// A seek hands what was written before to the system, so its failure is a failed write too; a
+// write after it would land in the wrong place.
+bool MifExportFilter::OverwriteMif(std::uint64_t offsetBytes, std::string_view text) {
+    return mif_.SeekTo(offsetBytes) && mif_.Write(text);
 }
 
 void MifExportFilter::WarnOfLimits() const {
@@ -290,27 +317,9 @@ void MifExportFilter::WarnOfLimits() const {
     }
 }
 
-void MifExportFilter::RewriteColumns() {
-    // Kept: columns that were replaced after the header was written give a block of another
-    // length, which runs into the lines behind it or leaves some of its own. Hosts send the names
-    // first.
-    std::string block;
-    columns_.AppendBlock(block);
-    SeekMif(columnsOffset_);
-    static_cast<void>(mif_.Write(block));
-}
-
-// Kept: the paths decide, not what was opened, so files that were in the way of this export (a
-// .mid file that could not be opened for writing) go as well. Hosts ask before they export onto
-// existing files.
-void MifExportFilter::DeleteFiles() {
-    for (const OutputFile* file : {&mif_, &mid_}) {
-        if (!file->path().empty()) {
-            static_cast<void>(shr::RemoveFile(file->path()));  // may never have been there
-        }
-    }
-    mif_.Keep();
-    mid_.Keep();
+void MifExportFilter::DiscardFiles() {
+    mif_.Discard();
+    mid_.Discard();
 }
 
 void MifExportFilter::RaiseVersion(unsigned atLeast) {
@@ -334,14 +343,6 @@ void MifExportFilter::WriteMifWide(const std::wstring& text) {
     }
 }
 
-// A seek hands what was written before to the system, so its failure is a failed write too; a
-// write after it would land in the wrong place.
-void MifExportFilter::SeekMif(std::uint64_t offsetBytes) {
-    if (!mif_.SeekTo(offsetBytes)) {
-        FailWriting(kCannotWriteMif);
-    }
-}
-
 void MifExportFilter::WriteMidRow(const shr::CParamList& attributes) {
     row_.clear();
     columns_.AppendRow(row_, attributes);
@@ -350,10 +351,13 @@ void MifExportFilter::WriteMidRow(const shr::CParamList& attributes) {
     }
 }
 
-// Kept: the .mid file's errors name the .mif file too. It is the file that the user knows.
 void MifExportFilter::FailWriting(const ErrorOrigin& origin) {
-    hasWriteFailed_ = true;
-    text_.clear();
+    failedWrite_ = &origin;
+    ThrowWriteError(origin);
+}
+
+// Kept: the .mid file's errors name the .mif file too. It is the file that the user knows.
+void MifExportFilter::ThrowWriteError(const ErrorOrigin& origin) const {
     Throw_ERR_FILE_WRITE(origin.source, origin.line, mif_.path(), kWriteError);
 }
 

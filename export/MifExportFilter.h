@@ -6,7 +6,8 @@
 // in place by EndExport.
 //
 // Order of calls: options and page, BeginExport, ExportObject for every object, EndExport. Errors
-// leave as the host's exceptions. Files that EndExport did not finish are deleted with the filter.
+// leave as the host's exceptions. Only files that a run has opened are ever deleted: those that
+// EndExport did not finish, by EndExport itself, by the next BeginExport or with the filter.
 #pragma once
 
 #include "export/AttributeColumns.h"
@@ -36,7 +37,7 @@ public:
     explicit MifExportFilter(zeio::IoManager& manager);
     ~MifExportFilter() override;
 
-    const zeio::FilterIdentity* GetFilterIdentity() const override;
+    const zeio::FilterIdentity* GetFilterIdentity() const override;  // module/FilterIdentities.cpp
 
     // Appends the options page. It stays the filter's own, until the next call or BeginExport.
     void GetPropertyPages(std::vector<zeio::IoPropertyPage*>& pages,
@@ -48,18 +49,25 @@ public:
 
     bool SupportsObjectType(const shr::CTypeInfo* type) const override;
 
-    // Creates both files and writes the first lines. The options are those of the page, if there
-    // is one, else the remembered ones: an option string counts through what it stored.
+    // Gives up an unfinished run, creates both files and writes the first lines. The options are
+    // those of the page, if there is one, else the remembered ones: an option string counts through
+    // what it stored. The page is deleted.
     //
-    // Fails with the file-open error of the path that could not be created.
+    // Fails with the file-open error of the path that could not be created, or that is the .mid
+    // file's own. EndExport then has nothing to write, and deletes what was created.
     zeio::ExportStatus BeginExport(const std::wstring& path) override;
 
     // NotHandled for a kind that the filter does not know. Styles, columns and coordinate system
     // apply to the graphic objects that follow; the first of these fixes the header.
+    //
+    // Fails with the file-write error when the object can't be written, and from then on for every
+    // object: half an object can't be taken back out of the files. Likewise after a BeginExport
+    // that has failed.
     zeio::ExportStatus ExportObject(zeio::TrBase& object) override;
 
-    // Completes and closes the files. NothingWritten, with both deleted, when no graphic object
-    // came.
+    // Completes and closes the files. NothingWritten, with what was opened deleted, when no graphic
+    // object came. Fails with the file-write error, likewise without files, when not all was
+    // written.
     zeio::ExportStatus EndExport() override;
 
     // Takes the page's choices as the options and stores them. Fails with the internal error when
@@ -73,12 +81,11 @@ private:
     struct ObjectKind {
         const shr::CTypeInfo* (*typeId)();
         void (*handle)(MifExportFilter& filter, zeio::TrBase& object);
+        bool isGraphic;
     };
     static const ObjectKind kObjectKinds[];
     template <class Object, void (MifExportFilter::*Handler)(Object&)>
-    static void Handle(MifExportFilter& filter, zeio::TrBase& object) {
-        (filter.*Handler)(static_cast<Object&>(object));
-    }
+    static constexpr ObjectKind Kind(bool isGraphic);
 
     // A pen width code that waits for the bounds of the whole output.
     struct PenWidthPatch {
@@ -89,16 +96,17 @@ private:
     void ReadSavedOptions(bool persistent);
     void StoreOptions(bool persistent);
 
+    void ForgetRun();
     void OpenFiles(const std::wstring& path);
     void WriteFirstLines();
     void WriteRestOfHeader();
     std::string CoordSysClause();
-    void Complete();
-    void PatchPenWidths();
-    void RewriteBounds();
+    bool HasFailed() const { return failedWrite_ != nullptr || isIncomplete_; }
+    bool Complete();
+    bool PatchPenWidths();
     void WarnOfLimits() const;
-    void RewriteColumns();
-    void DeleteFiles();
+    bool OverwriteMif(std::uint64_t offsetBytes, std::string_view text);
+    void DiscardFiles();
 
     // ObjectWriters.cpp: one operation a kind of object.
     void WritePolyline(zeio::TrPolyline& polyline);
@@ -138,15 +146,16 @@ private:
     void FlushText();
     void WriteMif(std::string_view text);
     void WriteMifWide(const std::wstring& text);
-    void SeekMif(std::uint64_t offsetBytes);
     [[noreturn]] void FailWriting(const ErrorOrigin& origin);
+    [[noreturn]] void ThrowWriteError(const ErrorOrigin& origin) const;
 
     std::unique_ptr<zeio::CProgress> progress_;  // from BeginExport to EndExport
     std::unique_ptr<MifExportDlg> page_;         // null when no page waits for BeginExport
     OutputFile mif_;
     OutputFile mid_;
     bool isHeaderWritten_ = false;
-    bool hasWriteFailed_ = false;  // since BeginExport: the files can't be finished any more
+    const ErrorOrigin* failedWrite_ = nullptr;  // the first since BeginExport; null: none
+    bool isIncomplete_ = false;  // an exception left half an object, or half a start, in the files
     std::uint32_t objectCount_ = 0;
     std::uint64_t boundsOffset_ = 0;   // of the Bounds line
     std::uint64_t columnsOffset_ = 0;  // of the column block

@@ -212,7 +212,7 @@ shr::Box2d MifExportFilter::TextRectangle(const zeio::TrText& text, double rotat
         const double y1 = py + height * std::cos(rotationRadians) - height;
         return {x1, y1, x1 + length, y1 + height};
     }
-    if (text.box.IsEmpty()) {
+    if (text.box.minX > text.box.maxX || text.box.minY > text.box.maxY) {  // an empty box
         return {px, py, px + length, py - height};
     }
     // The box is measured as it lies without the text's rotation, and here there is none.

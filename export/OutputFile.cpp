@@ -2,6 +2,7 @@
 
 #include "host/platform/Stdio.h"
 #include "host/shr/Files.h"
+#include "host/shr/Text.h"
 
 #include <cerrno>
 #include <cstddef>
@@ -40,7 +41,7 @@ bool OutputFile::Write(std::string_view text) {
 }
 
 bool OutputFile::WriteWide(const std::wstring& text) {
-    return stream_ != nullptr && platform::WriteWide(stream_, text);
+    return Write(shr::WtoAN(text, 0));
 }
 
 bool OutputFile::SeekTo(std::uint64_t offset) {
@@ -64,8 +65,10 @@ bool OutputFile::Close() {
 void OutputFile::Discard() {
     static_cast<void>(Close());  // the file's contents no longer matter
     if (isUnfinished_) {
+        // When this throws, the file stays unfinished for another try; when it fails, nothing more
+        // can be done about it.
+        static_cast<void>(shr::RemoveFile(path_));
         isUnfinished_ = false;
-        static_cast<void>(shr::RemoveFile(path_));  // nothing more can be done about it
     }
 }
 

@@ -4,8 +4,6 @@
 // stream and deletes nothing: deleting can fail, so the owner asks for it with Discard().
 #pragma once
 
-#include "host/shr/NonCopyable.h"
-
 #include <cstdint>
 #include <cstdio>
 #include <string>
@@ -14,10 +12,12 @@
 
 namespace mif {
 
-class OutputFile : private shr::NonCopyable {
+class OutputFile {
 public:
     OutputFile() = default;
     ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
 
     // Names the file, after discarding what was there before.
     void SetPath(const std::wstring& path);
@@ -25,8 +25,9 @@ public:
     // Creates or empties the file. On failure false, with errno set; then nothing is open.
     [[nodiscard]] bool Open();
 
-    // Writes text as it stands, or wide text in code page 0. False when nothing is open or the
-    // stream did not take it all.
+    // Writes text as it stands, or wide text converted to code page 0 (a stream of the C library
+    // can't mix wide and narrow output). False when nothing is open or the stream did not take it
+    // all.
     [[nodiscard]] bool Write(std::string_view text);
     [[nodiscard]] bool WriteWide(const std::wstring& text);
 

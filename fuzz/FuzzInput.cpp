@@ -55,27 +55,6 @@ void CheckPolygon(const zeio::TrPolygon& polygon) {
     Require(vertices == polygon.vertices.size(), "the rings have the polygon's vertices");
 }
 
-bool Check(const zeio::TrBase& object) {
-    if (const auto* polyline = As<zeio::TrPolyline>(object)) {
-        // A ring of one vertex becomes a polyline of one when areas become curves.
-        Require(!polyline->vertices.empty(), "a polyline has a vertex");
-        return true;
-    }
-    if (const auto* polygon = As<zeio::TrPolygon>(object)) {
-        CheckPolygon(*polygon);
-        return true;
-    }
-    if (const auto* markers = As<zeio::TrMarkerSet>(object)) {
-        Require(!markers->positions.empty(), "a marker set has a position");
-        return true;
-    }
-    if (const auto* text = As<zeio::TrText>(object)) {
-        Require(!text->text.empty(), "a text has characters");
-        return true;
-    }
-    return As<zeio::TrRectangle>(object) != nullptr || As<zeio::TrEllipse>(object) != nullptr;
-}
-
 }  // namespace
 
 void Require(bool isSo, const char* statement) {
@@ -119,8 +98,29 @@ void WritePair(std::string_view text) {
     }
 }
 
+bool CheckObject(const zeio::TrBase& object) {
+    if (const auto* polyline = As<zeio::TrPolyline>(object)) {
+        // A ring of one vertex becomes a polyline of one when areas become curves.
+        Require(!polyline->vertices.empty(), "a polyline has a vertex");
+        return true;
+    }
+    if (const auto* polygon = As<zeio::TrPolygon>(object)) {
+        CheckPolygon(*polygon);
+        return true;
+    }
+    if (const auto* markers = As<zeio::TrMarkerSet>(object)) {
+        Require(!markers->positions.empty(), "a marker set has a position");
+        return true;
+    }
+    if (const auto* text = As<zeio::TrText>(object)) {
+        Require(!text->text.empty(), "a text has characters");
+        return true;
+    }
+    return As<zeio::TrRectangle>(object) != nullptr || As<zeio::TrEllipse>(object) != nullptr;
+}
+
 void CheckingHost::ImportObject(zeio::TrBase& object) {
-    objectCount_ += Check(object) ? 1 : 0;
+    objectCount_ += CheckObject(object) ? 1 : 0;
 }
 
 int CheckingHost::Warning(shr::IError::WarnStyle /*style*/, const std::wstring& /*text*/) {

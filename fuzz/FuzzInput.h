@@ -30,6 +30,9 @@ void RemoveFile(const std::string& name);
 // without one there is no map.mid.
 void WritePair(std::string_view text);
 
+// Requires of an imported object what each must keep. True for a graphic one.
+bool CheckObject(const zeio::TrBase& object);
+
 struct StoreOwner {
     standalone::OptionStore store;
 };

@@ -19,7 +19,9 @@ mif::CoordSysClause Read(const std::string& text) {
     mif::CMifInputFile input;
     input.OpenMemory(std::vector<unsigned char>(text.begin(), text.end()));
     input.Rewind();
-    return mif::ReadCoordSysClause(input);
+    mif::CoordSysClause clause;
+    mif::ReadCoordSysClause(input, clause);
+    return clause;
 }
 
 std::string Write(const mif::CoordSysClause& clause) {

@@ -17,9 +17,6 @@ namespace mif {
 
 namespace {
 
-const zeio::FilterIdentity kImportIdentity{
-    "$ZEIO_FILT$", 100, u"qolf", zeio::FilterKind::Import, {}};
-
 constexpr wchar_t kAreasToCurves[] = L"AreasToCurves";
 constexpr wchar_t kIgnoreStyles[] = L"IgnoreStyles";
 
@@ -68,10 +65,6 @@ double RunningExtents::Diagonal() const {
 MifImportFilter::MifImportFilter(zeio::IoManager& manager) : IoImportFilter(manager) {}
 
 MifImportFilter::~MifImportFilter() = default;
-
-const zeio::FilterIdentity* MifImportFilter::GetFilterIdentity() const {
-    return &kImportIdentity;
-}
 
 void MifImportFilter::SetOptionsFromString(const std::wstring& options) {
     bool useDefaults = false;

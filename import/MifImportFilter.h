@@ -12,14 +12,16 @@
 #include "host/zeio/CProgress.h"
 #include "host/zeio/IoImportFilter.h"
 #include "import/MifStyleRecord.h"
-#include "import/TranslationObjects.h"
+#include "import/RunMemory.h"
 #include "reader/CMifReader.h"
 #include "reader/ErrorOrigin.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace mif {
 
@@ -59,7 +61,7 @@ public:
     explicit MifImportFilter(zeio::IoManager& manager);
     ~MifImportFilter() override;
 
-    const zeio::FilterIdentity* GetFilterIdentity() const override;
+    const zeio::FilterIdentity* GetFilterIdentity() const override;  // module/FilterIdentities.cpp
 
     // Options from the host's option string: "Defaults" starts from false instead of from the
     // stored options, "AreasToCurves" and "IgnoreStyles" override, "ForgetOptions" keeps the result
@@ -95,6 +97,7 @@ public:
 private:
     struct ObjectKeyword;
     struct StyleKeyword;
+    struct TextPlace;
     static const ObjectKeyword kObjectKeywords[];
     static const StyleKeyword kStyleKeywords[];
 
@@ -105,7 +108,6 @@ private:
 
     // MifImportParse.cpp
     void ParseDataSection();
-    void PrepareColumns();
     void SkipLineEnds();
     void ParseObject();
     void ParseSingleObject();
@@ -114,10 +116,10 @@ private:
     void ReadPoint();
     void ReadLine();
     void ReadPolyline();
-    void ReadPolylineSection(bool isLast);
+    void ReadPolylineSection(zeio::TrPolyline& polyline);
     void ReadRegion();
-    void ReadRegionRing(MifStyleRecord& style);
-    void HandOverRegionAsCurves(const MifStyleRecord& style);
+    void ReadRegionRing(zeio::TrPolygon& polygon, MifStyleRecord& style);
+    void HandOverRegionAsCurves(const zeio::TrPolygon& polygon, const MifStyleRecord& style);
     void ReadMultipoint();
     void ReadRect();
     void ReadRoundRect();
@@ -127,7 +129,11 @@ private:
     void HandOverArc(const shr::Box2d& box, const shr::Vec2d& start, const shr::Vec2d& end);
     shr::Vec2d ReadPair();
     shr::Box2d ReadBox();
+    std::vector<shr::Vec3d> MakeVertices(std::size_t count);
+    zeio::TrMarkerSet MakeMarkerSet();
     void ReadVertexLines(std::span<shr::Vec3d> vertices);
+    void HandOverWithVertices(zeio::TrBase& object, std::vector<shr::Vec3d>& vertices);
+    void HandOverMarkerSet(zeio::TrMarkerSet& markerSet);
     void ReadRowAttributes(shr::CParamList* attributes);
     void HandOverPenAndBrush(MifStyleRecord& style);
     int ReadCount(const ErrorOrigin& origin, const wchar_t* format);
@@ -137,9 +143,8 @@ private:
     // MifImportText.cpp
     void ReadText();
     std::string ReadTextString();
-    double PlaceTextAtPoint(const shr::Box2d& corners, std::size_t length, double angle);
-    double PlaceTextInBox(const shr::Box2d& corners, std::size_t length, double angle);
-    void HandOverText(MifStyleRecord& style);
+    TextPlace PlaceAtPoint(const shr::Box2d& corners, std::size_t length) const;
+    void HandOverText(const std::string& string, const TextPlace& place, MifStyleRecord& style);
 
     // MifImportStyles.cpp
     void ParseStyleClauses(MifStyleRecord& style);
@@ -161,7 +166,7 @@ private:
     std::unique_ptr<zeio::CProgress> progress_;  // null while no run is under way
     ImportOptions options_;
     RunningExtents extents_;
-    std::unique_ptr<TranslationObjects> objects_;  // null while no objects are read
+    std::unique_ptr<RunMemory> run_;  // null while no objects are read
 };
 
 }  // namespace mif

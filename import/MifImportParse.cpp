@@ -41,23 +41,15 @@ constexpr int kTrustedCount = 1'000'000;
 // The parts of a collection that states no count.
 constexpr int kDefaultCollectionCount = 3;
 
-// Differences up to this are none.
+// Smaller differences count as zero, and this one too.
 constexpr double kNoDistance = std::numeric_limits<float>::epsilon();
 
 constexpr double kDefaultMarkerSize = 10.0;
-constexpr wchar_t kMarkerFont[] = L"ZEI Default Symbols";
+constexpr std::wstring_view kMarkerFont = L"ZEI Default Symbols";
 
 void StripBlanks(std::string& text) {
     text.erase(text.find_last_not_of(' ') + 1);
     text.erase(0, text.find_first_not_of(' '));
-}
-
-void MakeDefaultMarkerSet(zeio::TrMarkerSet& markerSet, std::size_t count) {
-    markerSet.symbolStyle = zeio::SymbolStyle::DefaultSymbolSet;
-    markerSet.size = kDefaultMarkerSize;
-    markerSet.fontName = kMarkerFont;
-    markerSet.symbolIndex = 0;
-    markerSet.positions.resize(count);
 }
 
 // Kept: both half-axes enter each coordinate, so start and end do not lie on the ellipse. The
@@ -75,11 +67,11 @@ shr::Vec2d ArcPoint(const shr::Box2d& box, double angleDegrees) {
 }  // namespace
 
 struct MifImportFilter::ObjectKeyword {
-    std::string_view keyword;
+    const char* keyword;
     void (MifImportFilter::*read)();
 };
 
-const MifImportFilter::ObjectKeyword MifImportFilter::kObjectKeywords[] = {
+constinit const MifImportFilter::ObjectKeyword MifImportFilter::kObjectKeywords[] = {
     {"none", &MifImportFilter::ReadNone},
     {"point", &MifImportFilter::ReadPoint},
     {"line", &MifImportFilter::ReadLine},
@@ -94,8 +86,10 @@ const MifImportFilter::ObjectKeyword MifImportFilter::kObjectKeywords[] = {
 };
 
 void MifImportFilter::ParseDataSection() {
-    objects_ = std::make_unique<TranslationObjects>();
-    PrepareColumns();
+    run_ = std::make_unique<RunMemory>();
+    for (const std::string& name : reader_.columnNames()) {
+        run_->columnNames.push_back(shr::AtoW(name, 0));
+    }
     SkipLineEnds();
     std::uint64_t objectCount = 0;
     while (!reader_.IsEOF()) {
@@ -110,14 +104,7 @@ void MifImportFilter::ParseDataSection() {
             Manager().ProgressProportion(reader_.GetProgress());
         }
     }
-    objects_.reset();
-}
-
-void MifImportFilter::PrepareColumns() {
-    for (const std::string& name : reader_.columnNames()) {
-        objects_->columnNames.push_back(shr::AtoW(name, 0));
-        objects_->emptyRow.Set(objects_->columnNames.back(), std::string());
-    }
+    run_.reset();
 }
 
 void MifImportFilter::SkipLineEnds() {
@@ -142,9 +129,8 @@ void MifImportFilter::ParseObject() {
 }
 
 void MifImportFilter::ParseSingleObject() {
-    const std::string_view token = reader_.token();
     for (const ObjectKeyword& entry : kObjectKeywords) {
-        if (entry.keyword.size() == token.size() && reader_.TokenIs(entry.keyword.data())) {
+        if (reader_.TokenIs(entry.keyword)) {
             (this->*entry.read)();
             return;
         }
@@ -179,12 +165,12 @@ void MifImportFilter::ReadPoint() {
 
     // Kept: a Symbol clause is read but not applied; hosts draw single points with their own
     // symbol, in their own size.
-    zeio::TrMarkerSet& markerSet = objects_->markerSet;
-    MakeDefaultMarkerSet(markerSet, 1);
+    zeio::TrMarkerSet markerSet = MakeMarkerSet();
     markerSet.size = 0.0;
+    markerSet.positions = MakeVertices(1);
     markerSet.positions.front() = {point.x, point.y, 0.0};
     ReadRowAttributes(&markerSet.attributes);
-    ImportObject(markerSet);
+    HandOverMarkerSet(markerSet);
 }
 
 void MifImportFilter::ReadLine() {
@@ -199,35 +185,40 @@ void MifImportFilter::ReadLine() {
     ParseStyleClauses(style);
     HandOverPenAndBrush(style);
 
-    zeio::TrPolyline& polyline = objects_->polyline;
-    polyline.vertices.resize(2);
+    zeio::TrPolyline polyline;
+    polyline.vertices = MakeVertices(2);
     polyline.vertices[0] = {start.x, start.y, 0.0};
     polyline.vertices[1] = {end.x, end.y, 0.0};
     ReadRowAttributes(&polyline.attributes);
-    ImportObject(polyline);
+    HandOverWithVertices(polyline, polyline.vertices);
 }
 
 void MifImportFilter::ReadPolyline() {
     reader_.NextToken();
-    int sectionCount = 1;
-    if (reader_.TokenIs("multiple")) {
-        reader_.NextToken();
-        sectionCount = ReadCount(kBadPolylineSectionCount, kPolylineSectionMessage);
-        reader_.NextLine();
+    if (!reader_.TokenIs("multiple")) {
+        zeio::TrPolyline polyline;
+        ReadRowAttributes(&polyline.attributes);
+        ReadPolylineSection(polyline);
+        return;
     }
-    ReadRowAttributes(&objects_->sharedAttributes);
-    for (int section = 1; section <= sectionCount; ++section) {
-        ReadPolylineSection(section == sectionCount);
+    reader_.NextToken();
+    const int sectionCount = ReadCount(kBadPolylineSectionCount, kPolylineSectionMessage);
+    reader_.NextLine();
+    shr::CParamList attributes;
+    ReadRowAttributes(&attributes);
+    for (int section = 0; section < sectionCount; ++section) {
+        zeio::TrPolyline polyline;
+        polyline.attributes = attributes;
+        ReadPolylineSection(polyline);
     }
 }
 
 // Kept: each section has a style record of its own, so the Pen clause behind the last section is
 // that section's alone, and the earlier ones reach the host without a pen.
-void MifImportFilter::ReadPolylineSection(bool isLast) {
+void MifImportFilter::ReadPolylineSection(zeio::TrPolyline& polyline) {
     const int count = ReadCount(kBadPolylineVertexCount, kPolylineVertexMessage);
     reader_.NextLine();
-    zeio::TrPolyline& polyline = objects_->polyline;
-    polyline.vertices.resize(static_cast<std::size_t>(count));
+    polyline.vertices = MakeVertices(static_cast<std::size_t>(count));
     ReadVertexLines(polyline.vertices);
     MifStyleRecord style;
     ParseStyleClauses(style);
@@ -238,37 +229,30 @@ void MifImportFilter::ReadPolylineSection(bool isLast) {
         return;
     }
     HandOverPenAndBrush(style);
-    if (isLast) {
-        std::swap(polyline.attributes, objects_->sharedAttributes);
-    } else {
-        polyline.attributes = objects_->sharedAttributes;
-    }
-    ImportObject(polyline);
+    HandOverWithVertices(polyline, polyline.vertices);
 }
 
 void MifImportFilter::ReadRegion() {
     reader_.NextToken();
     const int ringCount = ReadCount(kBadRegionSectionCount, kRegionSectionMessage);
     reader_.NextLine();
-    zeio::TrPolygon& polygon = objects_->polygon;
-    polygon.vertices.clear();
-    polygon.partSizes.clear();
+    zeio::TrPolygon polygon;
+    polygon.vertices = MakeVertices(0);
     MifStyleRecord style;
     for (int ring = 0; ring < ringCount; ++ring) {
-        ReadRegionRing(style);
+        ReadRegionRing(polygon, style);
     }
     if (options_.areasToCurves) {
-        HandOverRegionAsCurves(style);
+        HandOverRegionAsCurves(polygon, style);
         return;
     }
     HandOverPenAndBrush(style);
     ReadRowAttributes(&polygon.attributes);
-    ImportObject(polygon);
+    HandOverWithVertices(polygon, polygon.vertices);
 }
 
-void MifImportFilter::ReadRegionRing(MifStyleRecord& style) {
+void MifImportFilter::ReadRegionRing(zeio::TrPolygon& polygon, MifStyleRecord& style) {
     const int count = ReadCount(kBadRegionVertexCount, kRegionVertexMessage);
-    zeio::TrPolygon& polygon = objects_->polygon;
     polygon.partSizes.push_back(count);
     reader_.NextLine();
     const std::size_t first = polygon.vertices.size();
@@ -277,17 +261,21 @@ void MifImportFilter::ReadRegionRing(MifStyleRecord& style) {
     ParseStyleClauses(style);
 }
 
-void MifImportFilter::HandOverRegionAsCurves(const MifStyleRecord& style) {
-    ReadRowAttributes(&objects_->sharedAttributes);
-    zeio::TrPolyline& polyline = objects_->polyline;
-    auto first = objects_->polygon.vertices.cbegin();
-    for (const std::int32_t count : objects_->polygon.partSizes) {
-        polyline.vertices.assign(first, first + count);
-        first += count;
-        MifStyleRecord ringStyle = style;
+void MifImportFilter::HandOverRegionAsCurves(const zeio::TrPolygon& polygon,
+                                             const MifStyleRecord& style) {
+    shr::CParamList attributes;
+    ReadRowAttributes(&attributes);
+    auto first = polygon.vertices.cbegin();
+    for (const std::int32_t count : polygon.partSizes) {
+        MifStyleRecord ringStyle;
+        ringStyle = style;
         HandOverPenAndBrush(ringStyle);
-        polyline.attributes = objects_->sharedAttributes;
-        ImportObject(polyline);
+        zeio::TrPolyline polyline;
+        polyline.vertices = MakeVertices(static_cast<std::size_t>(count));
+        std::copy_n(first, count, polyline.vertices.begin());
+        first += count;
+        polyline.attributes = attributes;
+        HandOverWithVertices(polyline, polyline.vertices);
     }
 }
 
@@ -295,8 +283,8 @@ void MifImportFilter::ReadMultipoint() {
     reader_.NextToken();
     const int count = ReadCount(kBadMultipointCount, kMultipointMessage);
     reader_.NextLine();
-    zeio::TrMarkerSet& markerSet = objects_->markerSet;
-    MakeDefaultMarkerSet(markerSet, static_cast<std::size_t>(count));
+    zeio::TrMarkerSet markerSet = MakeMarkerSet();
+    markerSet.positions = MakeVertices(static_cast<std::size_t>(count));
     ReadRowAttributes(&markerSet.attributes);
     ReadVertexLines(markerSet.positions);
     MifStyleRecord style;
@@ -305,7 +293,7 @@ void MifImportFilter::ReadMultipoint() {
     if (style.symbolSeen) {
         ApplySymbol(style, markerSet);
     }
-    ImportObject(markerSet);
+    HandOverMarkerSet(markerSet);
 }
 
 void MifImportFilter::ReadRect() {
@@ -335,7 +323,7 @@ void MifImportFilter::ReadRoundRect() {
 void MifImportFilter::HandOverRectangle(const shr::Box2d& box, double radius,
                                         MifStyleRecord& style) {
     HandOverPenAndBrush(style);
-    zeio::TrRectangle& rectangle = objects_->rectangle;
+    zeio::TrRectangle rectangle;
     rectangle.x1 = box.minX;
     rectangle.y1 = box.minY;
     rectangle.x2 = box.maxX;
@@ -354,7 +342,7 @@ void MifImportFilter::ReadEllipse() {
     ParseStyleClauses(style);
     HandOverPenAndBrush(style);
 
-    zeio::TrEllipse& ellipse = objects_->ellipse;
+    zeio::TrEllipse ellipse;
     ellipse.x1 = box.minX;
     ellipse.y1 = box.minY;
     ellipse.x2 = box.maxX;
@@ -385,24 +373,24 @@ void MifImportFilter::HandOverArc(const shr::Box2d& box, const shr::Vec2d& start
     if (!differsInX && !differsInY) {
         return;
     }
-    zeio::TrPolyline& polyline = objects_->polyline;
+    zeio::TrPolyline polyline;
     if (differsInX && differsInY) {
         const auto points = std::make_unique<shr::Vec2d[]>(kArcPoints);
         if (!geom::ArcToCurve(box, start, end, kArcPoints, points.get(), nullptr)) {
             Throw_ERR_INTERNAL(kArcFailed.source, kArcFailed.line);
         }
-        polyline.vertices.resize(kArcPoints);
+        polyline.vertices = MakeVertices(kArcPoints);
         std::transform(points.get(), points.get() + kArcPoints, polyline.vertices.begin(),
                        [](const shr::Vec2d& point) {
                            return shr::Vec3d{point.x, point.y, 0.0};
                        });
     } else {
-        polyline.vertices.resize(2);
+        polyline.vertices = MakeVertices(2);
         polyline.vertices[0] = {start.x, start.y, 0.0};
         polyline.vertices[1] = {end.x, end.y, 0.0};
     }
     ReadRowAttributes(&polyline.attributes);
-    ImportObject(polyline);
+    HandOverWithVertices(polyline, polyline.vertices);
 }
 
 // Reads the current token and the next one as numbers, and stays on the second.
@@ -424,6 +412,32 @@ shr::Box2d MifImportFilter::ReadBox() {
             std::max(first.y, second.y)};
 }
 
+// A list of this many vertices, in the memory of the last one. What is in it does not count.
+std::vector<shr::Vec3d> MifImportFilter::MakeVertices(std::size_t count) {
+    std::vector<shr::Vec3d> vertices = std::move(run_->vertices);
+    vertices.resize(count);
+    return vertices;
+}
+
+// Hands over an object with this list of vertices, and keeps the list's memory for the next one.
+void MifImportFilter::HandOverWithVertices(zeio::TrBase& object,
+                                           std::vector<shr::Vec3d>& vertices) {
+    ImportObject(object);
+    run_->vertices = std::move(vertices);
+}
+
+// A marker set in the host's default symbol, without positions.
+zeio::TrMarkerSet MifImportFilter::MakeMarkerSet() {
+    run_->markerFont = kMarkerFont;
+    return zeio::TrMarkerSet(zeio::SymbolStyle::DefaultSymbolSet, kDefaultMarkerSize,
+                             std::move(run_->markerFont), 0);
+}
+
+void MifImportFilter::HandOverMarkerSet(zeio::TrMarkerSet& markerSet) {
+    HandOverWithVertices(markerSet, markerSet.positions);
+    run_->markerFont = std::move(markerSet.fontName);
+}
+
 void MifImportFilter::ReadVertexLines(std::span<shr::Vec3d> vertices) {
     for (shr::Vec3d& vertex : vertices) {
         const shr::Vec2d point = ReadPair();
@@ -433,30 +447,23 @@ void MifImportFilter::ReadVertexLines(std::span<shr::Vec3d> vertices) {
     }
 }
 
-// Reads the next row of the .mid file into the list, or drops it when the list is null. Without a
-// row, or with an empty one, the list becomes empty.
+// Reads the next row of the .mid file into the list, which is empty so far, or drops the row when
+// the list is null. Without a row, or with an empty one, the list stays empty.
 void MifImportFilter::ReadRowAttributes(shr::CParamList* attributes) {
     const bool hasRow = !reader_.IsMidEOF() && reader_.ReadMidRow();
-    if (attributes == nullptr) {
+    if (attributes == nullptr || !hasRow) {
         return;
     }
-    if (!hasRow) {
-        attributes->Clear();
-        return;
-    }
-    // The host may have moved the list's contents out, names included.
-    if (attributes->Size() != objects_->emptyRow.Size()) {
-        *attributes = objects_->emptyRow;
-    }
-    for (std::size_t column = 0; column < objects_->columnNames.size(); ++column) {
-        std::string& field = objects_->field;
+    std::string& field = run_->field;
+    for (std::size_t column = 0; column < run_->columnNames.size(); ++column) {
         // A missing field is stored as an empty text.
         static_cast<void>(reader_.GetMidField(column, field));
         StripBlanks(field);
-        attributes->Set(objects_->columnNames[column], field);
+        attributes->Set(run_->columnNames[column], field);
     }
 }
 
+// The pen and the brush go to the host itself, so a record is handed over once.
 void MifImportFilter::HandOverPenAndBrush(MifStyleRecord& style) {
     if (options_.ignoreStyles) {
         return;

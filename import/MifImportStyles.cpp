@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <string_view>
 
 namespace mif {
 
@@ -93,11 +92,11 @@ shr::Color4b DecodeColor(int color) {
 }
 
 struct MifImportFilter::StyleKeyword {
-    std::string_view keyword;
+    const char* keyword;
     void (MifImportFilter::*read)(MifStyleRecord& style);
 };
 
-const MifImportFilter::StyleKeyword MifImportFilter::kStyleKeywords[] = {
+constinit const MifImportFilter::StyleKeyword MifImportFilter::kStyleKeywords[] = {
     {"symbol", &MifImportFilter::ReadSymbolClause},   {"pen", &MifImportFilter::ReadPenClause},
     {"brush", &MifImportFilter::ReadBrushClause},     {"smooth", &MifImportFilter::SkipClause},
     {"center", &MifImportFilter::SkipClause},         {"angle", &MifImportFilter::ReadAngleClause},
@@ -107,13 +106,9 @@ const MifImportFilter::StyleKeyword MifImportFilter::kStyleKeywords[] = {
 
 void MifImportFilter::ParseStyleClauses(MifStyleRecord& style) {
     for (;;) {
-        const std::string_view token = reader_.token();
-        const auto* const entry =
-            std::find_if(std::begin(kStyleKeywords), std::end(kStyleKeywords),
-                         [&](const StyleKeyword& candidate) {
-                             return candidate.keyword.size() == token.size() &&
-                                    reader_.TokenIs(candidate.keyword.data());
-                         });
+        const auto* const entry = std::find_if(
+            std::begin(kStyleKeywords), std::end(kStyleKeywords),
+            [this](const StyleKeyword& candidate) { return reader_.TokenIs(candidate.keyword); });
         if (entry == std::end(kStyleKeywords)) {
             return;
         }
@@ -265,9 +260,10 @@ void MifImportFilter::ApplySymbol(const MifStyleRecord& style, zeio::TrMarkerSet
     }
     // Kept: the pen reaches the host twice and the brush never, with IgnoreStyles too; hosts take
     // a marker's colour from the pen, and the second one stands where the brush was meant to.
-    zeio::TrPen pen(PenStyle::Solid, DecodeColor(style.symbolColor), 0.0);
-    ImportObject(pen);
-    ImportObject(pen);
+    for (int time = 0; time < 2; ++time) {
+        zeio::TrPen pen(PenStyle::Solid, DecodeColor(style.symbolColor), 0.0);
+        ImportObject(pen);
+    }
 }
 
 // A length in world units that stands for the drawing's size: the header's bounds, else what was

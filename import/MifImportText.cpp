@@ -53,21 +53,35 @@ zeio::TrText::Justify JustifyOf(int justification) {
     return justification == 2 ? zeio::TrText::Justify::Right : zeio::TrText::Justify::Left;
 }
 
-// Sets the text's position, its box from there and the rotation about it.
-void PlaceText(const shr::Vec2d& anchor, const shr::Vec2d& extent, double angle,
-               zeio::TrText& text) {
-    const shr::Vec2d opposite{anchor.x + extent.x, anchor.y + extent.y};
-    text.position = {anchor.x, anchor.y, 0.0};
-    text.box = {std::min(anchor.x, opposite.x), std::min(anchor.y, opposite.y),
-                std::max(anchor.x, opposite.x), std::max(anchor.y, opposite.y)};
+// Turns about the point by an angle in radians.
+shr::Mat4d RotationAbout(const shr::Vec2d& point, double angle) {
     shr::Mat4d transform;
-    transform.Translate(-anchor.x, -anchor.y, 0.0);
+    transform.Translate(-point.x, -point.y, 0.0);
     transform.RotateZ(angle);
-    transform.Translate(anchor.x, anchor.y, 0.0);
-    text.transform = transform;
+    transform.Translate(point.x, point.y, 0.0);
+    return transform;
+}
+
+shr::Box2d BoxBetween(const shr::Vec2d& first, const shr::Vec2d& second) {
+    return {std::min(first.x, second.x), std::min(first.y, second.y), std::max(first.x, second.x),
+            std::max(first.y, second.y)};
+}
+
+double AngleOf(const MifStyleRecord& style) {
+    return style.angleDegrees / 180.0 * std::numbers::pi;
 }
 
 }  // namespace
+
+// Where a text stands and how high it is, in world units.
+struct MifImportFilter::TextPlace {
+    shr::Vec2d anchor;
+    shr::Vec2d extent;  // from the anchor to the opposite corner of the box, not turned
+    double height;
+
+    // length is that of the string in bytes, angle in radians.
+    static TextPlace InBox(const shr::Box2d& corners, std::size_t length, double angle);
+};
 
 void MifImportFilter::ReadText() {
     MifStyleRecord style;
@@ -84,21 +98,11 @@ void MifImportFilter::ReadText() {
         return;
     }
 
-    zeio::TrText& text = objects_->text;
-    text.text = shr::AtoW(string, 0);
-    text.justify = JustifyOf(style.justification);
-    text.align = 1;
-    text.attributes.Clear();
-    const double angle = style.angleDegrees / 180.0 * std::numbers::pi;
-    const double height = IsPlacedAtPoint(corners) ? PlaceTextAtPoint(corners, string.size(), angle)
-                                                   : PlaceTextInBox(corners, string.size(), angle);
-
-    zeio::TrFont& font = objects_->font;
-    font.faceName = shr::AtoW(style.fontName, 0);
-    font.flags = FontFlags(style.fontStyle);
-    font.height = height <= kSmallestHeight ? 1.0 : height;
-    HandOverText(style);
-    extents_.Add(text.position.x, text.position.y);
+    const TextPlace place = IsPlacedAtPoint(corners)
+                                ? PlaceAtPoint(corners, string.size())
+                                : TextPlace::InBox(corners, string.size(), AngleOf(style));
+    HandOverText(string, place, style);
+    extents_.Add(place.anchor.x, place.anchor.y);
 }
 
 // The string stands behind the keyword or, when nothing stands there, on the next line.
@@ -115,9 +119,9 @@ std::string MifImportFilter::ReadTextString() {
     return string;
 }
 
-// Returns the height. length is that of the string in bytes.
-double MifImportFilter::PlaceTextAtPoint(const shr::Box2d& corners, std::size_t length,
-                                         double angle) {
+// length is that of the string in bytes.
+MifImportFilter::TextPlace MifImportFilter::PlaceAtPoint(const shr::Box2d& corners,
+                                                         std::size_t length) const {
     const double diagonal = ReferenceDiagonal();
     const double height = (diagonal == 0.0 ? kDefaultReference : diagonal) / 100.0;
     shr::Vec2d anchor{corners.minX, corners.minY};
@@ -126,13 +130,11 @@ double MifImportFilter::PlaceTextAtPoint(const shr::Box2d& corners, std::size_t 
         anchor = {corners.maxX, corners.maxY};
     }
     const double width = height * kCharacterWidth * static_cast<double>(length);
-    PlaceText(anchor, {width, height}, angle, objects_->text);
-    return height;
+    return {anchor, {width, height}, height};
 }
 
-// Returns the height. length is that of the string in bytes.
-double MifImportFilter::PlaceTextInBox(const shr::Box2d& corners, std::size_t length,
-                                       double angle) {
+MifImportFilter::TextPlace MifImportFilter::TextPlace::InBox(const shr::Box2d& corners,
+                                                             std::size_t length, double angle) {
     // The box is turned about its first x and second y; the text starts where that takes the first
     // corner.
     shr::Mat3d turn;
@@ -143,17 +145,31 @@ double MifImportFilter::PlaceTextInBox(const shr::Box2d& corners, std::size_t le
 
     const double dx = corners.minX - corners.maxX;
     const double dy = corners.minY - corners.maxY;
-    PlaceText(anchor, {std::fabs(dx), std::fabs(dy)}, angle, objects_->text);
     const double height = std::sqrt(dx * dx + dy * dy) / static_cast<double>(length + 1);
     const double boxHeight = corners.maxY - corners.minY;
-    return height < boxHeight ? boxHeight : height;
+    return {anchor, {std::fabs(dx), std::fabs(dy)}, height < boxHeight ? boxHeight : height};
 }
 
 // Kept: the clause's brush and pen follow the text, where they precede every other object, and a
 // text takes its row without carrying it.
-void MifImportFilter::HandOverText(MifStyleRecord& style) {
+void MifImportFilter::HandOverText(const std::string& string, const TextPlace& place,
+                                   MifStyleRecord& style) {
+    zeio::TrFont font{std::wstring()};
+    font.faceName = shr::AtoW(style.fontName, 0);
+    font.flags = FontFlags(style.fontStyle);
+    font.height = place.height <= kSmallestHeight ? 1.0 : place.height;
+
+    const shr::Vec2d& anchor = place.anchor;
+    zeio::TrText text(std::wstring(), shr::Vec3d::ZERO);
+    text.text = shr::AtoW(string, 0);
+    text.position = {anchor.x, anchor.y, 0.0};
+    text.box = BoxBetween(anchor, {anchor.x + place.extent.x, anchor.y + place.extent.y});
+    text.justify = JustifyOf(style.justification);
+    text.align = 1;
+    text.transform = RotationAbout(anchor, AngleOf(style));
+
     ReadRowAttributes(nullptr);
-    ImportObject(objects_->font);
+    ImportObject(font);
     if (!options_.ignoreStyles) {
         zeio::TrPen noLine(zeio::TrPen::Style::NoLine, shr::Color4b(0U), 0.0);
         zeio::TrBrush fontColor(zeio::TrBrush::Pattern::Solid);
@@ -161,7 +177,7 @@ void MifImportFilter::HandOverText(MifStyleRecord& style) {
         ImportObject(noLine);
         ImportObject(fontColor);
     }
-    ImportObject(objects_->text);
+    ImportObject(text);
     if (style.brushSeen && !options_.ignoreStyles) {
         ImportObject(style.brush);
     }

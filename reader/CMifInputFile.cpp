@@ -1,6 +1,5 @@
 #include "reader/CMifInputFile.h"
 
-#include "host/platform/Stdio.h"
 #include "host/shr/IError.h"
 #include "reader/ErrorOrigin.h"
 
@@ -207,10 +206,6 @@ bool CMifInputFile::ReadChar(char* out) {
 bool CMifInputFile::SkipComma() {
     const bool isComma = token_[0] == ',' && token_[1] == '\0';
     return isComma && NextToken();
-}
-
-bool CMifInputFile::TokenIs(const char* keyword) const {
-    return platform::CompareNoCase(Token(), keyword) == 0;
 }
 
 bool CMifInputFile::IsEOF() const {

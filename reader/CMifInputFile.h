@@ -6,7 +6,7 @@
 // never reaches a token, so files with CR LF and with LF line ends read alike.
 #pragma once
 
-#include "host/shr/NonCopyable.h"
+#include "host/platform/Stdio.h"
 #include "reader/Numbers.h"
 
 #include <cstddef>
@@ -18,10 +18,12 @@
 
 namespace mif {
 
-class CMifInputFile : private shr::NonCopyable {
+class CMifInputFile {
 public:
     CMifInputFile();
     ~CMifInputFile();
+    CMifInputFile(const CMifInputFile&) = delete;
+    CMifInputFile& operator=(const CMifInputFile&) = delete;
 
     // Opens a file, after closing what was open. False when it can't be opened; then nothing is
     // open. Rewind() loads the first token.
@@ -59,8 +61,14 @@ public:
     const char* Token() const { return token_.data(); }
     std::string_view token() const { return {token_.data(), tokenLength_}; }
 
-    // True when the token equals the keyword but for the case of ASCII letters.
-    bool TokenIs(const char* keyword) const;
+    // True when the token equals the keyword but for the case of ASCII letters. Both end at their
+    // first NUL: what stands behind one in a token does not count.
+    bool TokenIs(const char* keyword) const {
+        // Most tokens differ in the first character. The case of a letter is this one bit.
+        constexpr int kCaseBit = 0x20;
+        return ((token_.front() ^ *keyword) & ~kCaseBit) == 0 &&
+               platform::CompareNoCase(Token(), keyword) == 0;
+    }
     bool TokenIsLineEnd() const { return token_.front() == '\n'; }
     double TokenAsDouble() const { return ReadDouble(token()); }
     int TokenAsInt() const { return ReadInt(token()); }

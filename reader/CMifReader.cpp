@@ -305,11 +305,12 @@ void CMifReader::ReadCorners() {
 
 bool CMifReader::NextTokenIs(const char* text) {
     NextToken();
-    return token() == text;
+    return TokenIs(text);
 }
 
 bool CMifReader::ParseCoordSys() {
-    const CoordSysClause clause = ReadCoordSysClause(*this);
+    CoordSysClause clause;
+    ReadCoordSysClause(*this, clause);
     projection_ = clause.projection;
     datum_ = clause.datum;
     hasEarthProjection_ = clause.hasEarthProjection;

@@ -29,9 +29,9 @@ constexpr double kFeetPerMetre = 3.28083333333333;
 
 class ClauseReader {
 public:
-    explicit ClauseReader(CMifInputFile& input) : input_(input) {}
+    ClauseReader(CMifInputFile& input, CoordSysClause& clause) : input_(input), clause_(clause) {}
 
-    CoordSysClause Read();
+    void Read();
 
 private:
     bool ReadEarth();
@@ -39,7 +39,7 @@ private:
     void ReadDatum();
     void TakeKnownDatum(int code);
     void ReadOwnDatum(int code);
-    gcs::EllipsoidDef ReadEllipsoid();
+    void ReadEllipsoid(gcs::EllipsoidDef& ellipsoid);
     double ReadNextNumber();
     void ReadUnits();
     void ReadParameters(const ProjectionRow& row);
@@ -49,22 +49,21 @@ private:
     void Object(const wchar_t* format, int code);
 
     CMifInputFile& input_;
-    CoordSysClause clause_;
+    CoordSysClause& clause_;
 };
 
-CoordSysClause ClauseReader::Read() {
+void ClauseReader::Read() {
     if (!input_.IsOpen()) {
         Object(L"Input file not open.");
-        return clause_;
+        return;
     }
     clause_.isValid = ReadEarth();
     if (clause_.isValid) {
         input_.NextLine();
     } else {
-        clause_.projection = {};
-        clause_.datum = {};
+        clause_.projection = gcs::ProjectionDef();
+        clause_.datum = gcs::DatumDef();
     }
-    return clause_;
 }
 
 // Reads up to the last parameter. A clause that is not of the Earth, or of no projection, is as
@@ -96,7 +95,7 @@ bool ClauseReader::ReadEarth() {
         clause_.projection.SetParameter(Id::DefinedByAzimuth, true);
         clause_.projection.SetParameter(Id::RectifiedOrigin, true);
     }
-    if (input_.token() != ",") {
+    if (!input_.TokenIs(",")) {
         Object(L"Missing comma.");
         return false;
     }
@@ -115,9 +114,9 @@ void ClauseReader::ReadDatum() {
     } else {
         TakeKnownDatum(code);
     }
-    gcs::EllipsoidDef ellipsoid;
-    if (!clause_.datum.IsUnknown() &&
-        clause_.datum.GetParameter(gcs::DatumParameterID::Ellipsoid, ellipsoid)) {
+    if (!clause_.datum.IsUnknown()) {
+        gcs::EllipsoidDef ellipsoid;
+        clause_.datum.GetParameter(gcs::DatumParameterID::Ellipsoid, ellipsoid);
         clause_.projection.SetParameter(Id::Ellipsoid, ellipsoid);
     }
 }
@@ -129,9 +128,10 @@ void ClauseReader::TakeKnownDatum(int code) {
         return;
     }
     constexpr int kFirstKnown = 2;  // below are "not found" and the unknown datum
-    const std::wstring token = shr::AtoW(row->token);
+    const std::wstring token = shr::AtoW(row->token, 0);
     const int index = gcs::GCSKnownDatumsList.FindByToken(token.c_str(), nullptr);
-    if (index >= kFirstKnown && gcs::GCSKnownDatumsList.Enum(index, clause_.datum)) {
+    if (index >= kFirstKnown) {
+        gcs::GCSKnownDatumsList.Enum(index, clause_.datum);
         clause_.hasEarthProjection = true;
     }
 }
@@ -140,7 +140,7 @@ void ClauseReader::ReadOwnDatum(int code) {
     gcs::DatumParameters parameters;
     parameters.kind = code == kSevenNumbers ? gcs::DatumMethod::SevenParameters
                                             : gcs::DatumMethod::ThreeParameters;
-    parameters.ellipsoid = ReadEllipsoid();
+    ReadEllipsoid(parameters.ellipsoid);
     parameters.dx = ReadNextNumber();
     parameters.dy = ReadNextNumber();
     parameters.dz = ReadNextNumber();
@@ -159,9 +159,10 @@ void ClauseReader::ReadOwnDatum(int code) {
     clause_.datum.SetParameters(&parameters);
 }
 
-gcs::EllipsoidDef ClauseReader::ReadEllipsoid() {
+void ClauseReader::ReadEllipsoid(gcs::EllipsoidDef& ellipsoid) {
     SkipOptionalComma();
-    gcs::EllipsoidDef ellipsoid(kPresetMajorRadius, kPresetFlattening);
+    ellipsoid.SetMajorRadius(kPresetMajorRadius);
+    ellipsoid.SetFlattening(kPresetFlattening);
     if (const EllipsoidRow* const row = FindEllipsoidByCode(input_.TokenAsInt())) {
         ellipsoid.SetMajorRadius(row->majorRadius);
         ellipsoid.SetFlattening(Flattening(*row));
@@ -169,9 +170,8 @@ gcs::EllipsoidDef ClauseReader::ReadEllipsoid() {
     const gcs::EllipsoidList& known = gcs::GCSKnownEllipsoidsList;
     const int index = known.FindByDimensions(ellipsoid.GetMajorRadius(), ellipsoid.GetFlattening());
     if (index != 0) {
-        static_cast<void>(known.Enum(index, ellipsoid));  // the index is the list's own
+        known.Enum(index, ellipsoid);
     }
-    return ellipsoid;
 }
 
 double ClauseReader::ReadNextNumber() {
@@ -242,8 +242,8 @@ void ClauseReader::Object(const wchar_t* format, int code) {
 
 }  // namespace
 
-CoordSysClause ReadCoordSysClause(CMifInputFile& input) {
-    return ClauseReader(input).Read();
+void ReadCoordSysClause(CMifInputFile& input, CoordSysClause& clause) {
+    ClauseReader(input, clause).Read();
 }
 
 }  // namespace mif

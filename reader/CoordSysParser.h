@@ -1,4 +1,4 @@
-// Turns a COORDSYS clause into a projection and a datum.
+// For the module, quirk for quirk: turns a COORDSYS clause into a projection and a datum.
 //
 // Numbers are kept as they stand there: angles in decimal degrees, offsets in the clause's unit.
 #pragma once
@@ -20,10 +20,12 @@ struct CoordSysClause {
     gcs::DatumDef datum;            // unknown also when its code or token is
 };
 
-// Reads the clause whose keyword is the current token, and the first token behind it.
+// Reads the clause whose keyword is the current token, and the first token behind it, into
+// `clause`, which has to be a new one. (It is no result: a host's definitions can be assigned, but
+// need not be copyable otherwise.)
 //
 // An invalid clause leaves the input where the objection was. A clause that ends right after its
 // datum takes the following line with it.
-CoordSysClause ReadCoordSysClause(CMifInputFile& input);
+void ReadCoordSysClause(CMifInputFile& input, CoordSysClause& clause);
 
 }  // namespace mif

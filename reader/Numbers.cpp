@@ -1,3 +1,4 @@
+// For the module, quirk for quirk: reading like atof and atoi, writing like printf.
 #include "reader/Numbers.h"
 
 #include "host/shr/Text.h"

@@ -1,4 +1,5 @@
-// Numbers in MIF text: the only place where text becomes a number and a coordinate becomes text.
+// For the module, quirk for quirk: numbers in MIF text. Nowhere else in the module does text become
+// a number.
 //
 // None of these look at the locale: a host that has set a decimal comma changes nothing.
 #pragma once

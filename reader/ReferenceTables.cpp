@@ -1,3 +1,4 @@
+// For the module, quirk for quirk: every row that files and hosts rely on, in its order.
 #include "reader/ReferenceTables.h"
 
 #include "host/platform/Stdio.h"
@@ -317,7 +318,7 @@ const DatumRow* FindDatumByCode(int mifCode) {
 
 const DatumRow* FindDatumByToken(const std::wstring& token) {
     return FirstRow(kDatumTable, [&token](const DatumRow& row) {
-        return EqualsNoCase(shr::AtoW(row.token), token);
+        return EqualsNoCase(shr::AtoW(row.token, 0), token);
     });
 }
 

@@ -1,4 +1,5 @@
-// What MIF's numbers for projections, datums and ellipsoids stand for.
+// For the module, quirk for quirk: what MIF's numbers for projections, datums and ellipsoids stand
+// for.
 //
 // Reader and writer share these tables. The order of the rows matters: every search takes the
 // first row that fits. minVersion is the first MIF version that has the code; only the writer

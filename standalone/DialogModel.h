@@ -26,6 +26,8 @@ public:
         bool isChecked;
     };
 
+    // Copies the template's caption and controls, with every box unchecked. Sends nothing yet. A
+    // null procedure answers every message with 0.
     DialogModel(const platform::DialogTemplate& dialogTemplate, DLGPROC procedure);
 
     // Sends WM_DESTROY; what the procedure throws at it is logged.

@@ -1,4 +1,7 @@
 // Where boolean options are remembered: for the running program, and across runs in a file.
+//
+// One store serves any number of hosts, on one thread. Two programs may share a file: each reads it
+// when its store is made and replaces it whole when an option changes, so the last one wins.
 #pragma once
 
 #include "host/platform/Export.h"
@@ -24,6 +27,8 @@ public:
     // configuration folder. Empty when the user has none.
     static std::filesystem::path UserFile();
 
+    // Returns the value that was remembered last, empty when there is none. Names are compared
+    // exactly.
     std::optional<bool> Get(const std::wstring& name) const;
 
     // Remembers a value; with persistent true also in the file, which is replaced atomically when
@@ -34,7 +39,7 @@ public:
     // same.
     bool Set(const std::wstring& name, bool value, bool persistent);
 
-    // Every remembered value.
+    // Returns every remembered value, those for the running program only included.
     std::map<std::wstring, bool> All() const;
 
     // Forgets everything, the file's contents included. False when the file could not be written.

@@ -34,7 +34,7 @@ public:
     ScriptedPresenter& Toggle(int checkBoxId);
     ScriptedPresenter& AskForHelp();  // the question mark of the caption
     ScriptedPresenter& PressHelp();   // the sheet's Help button
-    ScriptedPresenter& Close();
+    ScriptedPresenter& Close();       // the dialog's own way of being left
 
     // Any other step; it gets the dialog, or the first page of the sheet.
     ScriptedPresenter& Do(std::function<void(DialogModel&)> step);
@@ -45,6 +45,7 @@ public:
     // One screen for every dialog or sheet as it appeared, and one for it after every step.
     const std::vector<Screen>& Screens() const { return screens_; }
 
+    // The steps that were not run: 0 when the script has met all the dialogs that it was made for.
     std::size_t StepsLeft() const { return steps_.size(); }
 
 private:

@@ -1,7 +1,7 @@
 #include "standalone/Text.h"
 
+#include "host/platform/Utf8.h"
 #include "standalone/CodePages.h"
-#include "standalone/Utf8.h"
 
 namespace standalone {
 
@@ -17,10 +17,10 @@ std::wstring Widen(std::string_view utf8) {
     std::wstring text;
     text.reserve(utf8.size());
     for (std::size_t position = 0; position < utf8.size();) {
-        if (const auto codePoint = DecodeUtf8(utf8, position)) {
-            AppendWide(text, *codePoint);
+        if (const auto codePoint = platform::DecodeUtf8(utf8, position)) {
+            platform::AppendWide(text, *codePoint);
         } else {
-            AppendWide(text, kReplacementCharacter);
+            platform::AppendWide(text, platform::kReplacementCharacter);
             ++position;
         }
     }
@@ -31,11 +31,11 @@ std::string Narrow(std::wstring_view text) {
     std::string utf8;
     utf8.reserve(text.size());
     for (std::size_t position = 0; position < text.size();) {
-        const char32_t codePoint = DecodeWide(text, position);
-        if (IsSurrogate(codePoint) || codePoint > 0x10FFFF) {
+        const char32_t codePoint = platform::DecodeWide(text, position);
+        if (platform::IsSurrogate(codePoint) || codePoint > 0x10FFFF) {
             utf8 += '?';
         } else {
-            AppendUtf8(utf8, codePoint);
+            platform::AppendUtf8(utf8, codePoint);
         }
     }
     return utf8;

@@ -23,25 +23,6 @@ bool IsPrivateFolder(const path& folder) {
     return folder.filename().string().starts_with(kPrivateFolderPrefix);
 }
 
-std::vector<path> FilesBelow(const path& folder, std::span<const std::string_view> extensions) {
-    std::vector<path> files;
-    std::error_code error;
-    std::filesystem::recursive_directory_iterator entries(folder, error);
-    for (; !error && entries != std::filesystem::recursive_directory_iterator();
-         entries.increment(error)) {
-        if (entries->is_directory(error) && IsPrivateFolder(entries->path())) {
-            entries.disable_recursion_pending();
-        } else if (entries->is_regular_file(error) && HasExtension(entries->path(), extensions)) {
-            files.push_back(entries->path());
-        }
-    }
-    if (error) {
-        throw Failure(PathText(folder) + ": can't list the folder: " + error.message());
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
-
 path Canonical(const path& file) {
     std::error_code error;
     path canonical = std::filesystem::weakly_canonical(file, error);
@@ -100,6 +81,25 @@ bool IsOlder(const path& output, const path& input) {
 }
 
 }  // namespace
+
+std::vector<path> FilesBelow(const path& folder, std::span<const std::string_view> extensions) {
+    std::vector<path> files;
+    std::error_code error;
+    std::filesystem::recursive_directory_iterator entries(folder, error);
+    for (; !error && entries != std::filesystem::recursive_directory_iterator();
+         entries.increment(error)) {
+        if (entries->is_directory(error) && IsPrivateFolder(entries->path())) {
+            entries.disable_recursion_pending();
+        } else if (entries->is_regular_file(error) && HasExtension(entries->path(), extensions)) {
+            files.push_back(entries->path());
+        }
+    }
+    if (error) {
+        throw Failure(PathText(folder) + ": can't list the folder: " + error.message());
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
 
 std::vector<BatchItem> PlanBatch(std::span<const std::string> inputs,
                                  const std::filesystem::path& folder, const std::string& extension,

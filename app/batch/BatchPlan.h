@@ -26,6 +26,11 @@ std::vector<BatchItem> PlanBatch(std::span<const std::string> inputs,
                                  const std::filesystem::path& folder, const std::string& extension,
                                  std::span<const std::string_view> inputExtensions);
 
+// Returns the files in the folder and below that have one of the extensions (".mif", in any case),
+// sorted. Throws Failure when the folder can't be listed.
+std::vector<std::filesystem::path> FilesBelow(const std::filesystem::path& folder,
+                                              std::span<const std::string_view> extensions);
+
 // Returns whether an earlier run has done the item: the output exists and is not older than the
 // input. That is enough, since outputs appear under their names only when they are complete.
 bool IsDone(const BatchItem& item);

@@ -10,15 +10,18 @@ namespace app {
 namespace {
 
 constexpr const char* kDrawFooter = R"(
-The picture is SVG, PNG or PDF by the extension of OUT. Files are drawn in their
-order, the last one on top. Pens, brushes, symbols and fonts are those of the
-file; what it says nothing about, and everything with --ignore-styles, has a
-colour of its own for each file. Files of other coordinate systems are moved
-into that of the first, or into the one that --crs names.
+Inputs are MIF files, GeoJSON and GeoPackages; a folder stands for the files in
+it and below. The picture is SVG, PNG or PDF by the extension of OUT. Files are
+drawn in their order, the last one on top. Pens, brushes, symbols and fonts are
+those of the file; what it says nothing about, and everything with
+--ignore-styles, has a colour of its own for each layer. Layers of other
+coordinate systems are moved into that of the first, or into the one that --crs
+names.
 
 Examples:
   qolf draw roads.mif roads.png
-  qolf draw lakes.mif roads.mif places.mif map.svg --ignore-styles
+  qolf draw lakes.mif roads.gpkg places.geojson map.svg
+  qolf draw --ignore-styles maps/ overview.png
   qolf draw --bbox 24.5,59.3,25,59.5 --width 1600 roads.mif centre.pdf
   qolf draw --crs EPSG:3857 --background '#eef4f8' roads.mif web.png)";
 
@@ -26,8 +29,11 @@ Examples:
 
 void AddDrawCommand(CLI::App& program, CommandContext& context) {
     const auto arguments = std::make_shared<DrawArguments>();
-    CLI::App* command = program.add_subcommand("draw", "Draw a map of MIF files");
-    command->add_option("files", arguments->files, "Files to draw, then the picture: IN... OUT")
+    CLI::App* command =
+        program.add_subcommand("draw", "Draw a map of MIF files, GeoJSON and GeoPackages");
+    command
+        ->add_option("files", arguments->files,
+                     "Files and folders to draw, then the picture: IN... OUT")
         ->type_name("FILE")
         ->required();
     command->add_option("--format", arguments->format, "svg, png or pdf, whatever OUT is called")
@@ -47,8 +53,12 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
         ->add_option("--crs", arguments->crs,
                      "Coordinate system of the picture: keep, wgs84 or a definition (EPSG:3301)")
         ->type_name("CRS");
+    command
+        ->add_option("--assume-crs", arguments->assumedCrs,
+                     "Coordinate system of the MIF files, whatever their headers say")
+        ->type_name("CRS");
     command->add_flag("--ignore-styles", arguments->ignoreStyles,
-                      "Draw each file in a colour of its own");
+                      "Draw each layer in a colour of its own");
     command->add_flag("--overwrite", arguments->overwrite, "Replace the picture if it exists");
     command->add_flag("--as-is", arguments->asIs, "Hand files to the module as they are");
     command
@@ -59,7 +69,7 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
     command->callback([arguments, &context] {
         context.run = [arguments, &context] {
             DrawOptions options = CheckedDrawOptions(*arguments);
-            options.modulePath = context.modulePath;
+            options.map.modulePath = context.modulePath;
             return RunDraw(options, context.reporter);
         };
     });

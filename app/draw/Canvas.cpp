@@ -1,5 +1,7 @@
 #include "app/draw/Canvas.h"
 
+#include "app/feature/StyleLooks.h"
+
 #include <cairo-pdf.h>
 #include <cairo-svg.h>
 

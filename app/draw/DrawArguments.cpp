@@ -84,11 +84,8 @@ DrawOptions CheckedDrawOptions(const DrawArguments& arguments) {
         throw UsageError("draw needs one or more files and, as the last one, the picture");
     }
     DrawOptions options;
-    options.inputs.assign(arguments.files.begin(), arguments.files.end() - 1);
+    options.map.paths.assign(arguments.files.begin(), arguments.files.end() - 1);
     options.output = arguments.files.back();
-    if (std::count(options.inputs.begin(), options.inputs.end(), "-") > 0) {
-        throw UsageError("a MIF file can't come from standard input: its .mid stands beside it");
-    }
     options.format = FormatFor(arguments, options.output);
     options.page.width = CheckedSide("--width", arguments.width);
     options.page.height = CheckedSide("--height", arguments.height);
@@ -106,12 +103,13 @@ DrawOptions CheckedDrawOptions(const DrawArguments& arguments) {
     }
     options.background = *background;
     if (arguments.crs != "keep") {
-        options.crs = arguments.crs == "wgs84" ? "EPSG:4326" : arguments.crs;
+        options.map.crs = arguments.crs == "wgs84" ? "EPSG:4326" : arguments.crs;
     }
+    options.map.assumedCrs = arguments.assumedCrs == "wgs84" ? "EPSG:4326" : arguments.assumedCrs;
+    options.map.asIs = arguments.asIs;
+    options.map.encoding = arguments.encoding;
     options.styleSource = arguments.ignoreStyles ? StyleSource::Layers : StyleSource::Objects;
     options.ifExists = arguments.overwrite ? IfExists::Overwrite : IfExists::Refuse;
-    options.asIs = arguments.asIs;
-    options.encoding = arguments.encoding;
     return options;
 }
 

@@ -19,6 +19,7 @@ struct DrawArguments {
     std::string bbox;  // empty: none
     std::string background = "white";
     std::string crs = "keep";
+    std::string assumedCrs;  // empty: the files' own
     bool ignoreStyles = false;
     bool overwrite = false;
     bool asIs = false;

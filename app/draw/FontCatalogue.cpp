@@ -1,5 +1,7 @@
 #include "app/draw/FontCatalogue.h"
 
+#include "app/draw/LabelText.h"
+
 #include <fontconfig/fontconfig.h>
 
 #include <memory>
@@ -7,6 +9,12 @@
 namespace app {
 
 namespace {
+
+constexpr int kLargestCode = 0xFFFF;
+constexpr int kSymbolFontOffset = 0xF000;
+
+// Hostile files name a font of their own for each point.
+constexpr std::size_t kMostKnown = 10000;
 
 const FcChar8* FontconfigText(const std::string& text) {
     return reinterpret_cast<const FcChar8*>(text.c_str());
@@ -17,34 +25,52 @@ struct DestroyPattern {
 };
 using PatternOwner = std::unique_ptr<FcPattern, DestroyPattern>;
 
-bool Lookup(const std::string& family) {
+// Null when the system has no family of this name.
+PatternOwner FindFamily(const std::string& family) {
     const PatternOwner wanted(FcPatternCreate());
     if (!wanted || !FcPatternAddString(wanted.get(), FC_FAMILY, FontconfigText(family))) {
-        return false;
+        return nullptr;
     }
     FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
     FcDefaultSubstitute(wanted.get());
     FcResult result = FcResultNoMatch;
-    const PatternOwner found(FcFontMatch(nullptr, wanted.get(), &result));
+    PatternOwner found(FcFontMatch(nullptr, wanted.get(), &result));
     FcChar8* name = nullptr;
     for (int i = 0; found && FcPatternGetString(found.get(), FC_FAMILY, i, &name) == FcResultMatch;
          ++i) {
         if (FcStrCmpIgnoreCase(name, FontconfigText(family)) == 0) {
-            return true;
+            return found;
         }
     }
-    return false;
+    return nullptr;
+}
+
+std::string Lookup(const std::string& family, int code) {
+    const PatternOwner font = FindFamily(family);
+    FcCharSet* characters = nullptr;
+    if (!font || FcPatternGetCharSet(font.get(), FC_CHARSET, 0, &characters) != FcResultMatch) {
+        return "";
+    }
+    for (const int character : {code, code + kSymbolFontOffset}) {
+        if (FcCharSetHasChar(characters, static_cast<FcChar32>(character))) {
+            return CleanCharacter(character);
+        }
+    }
+    return "";
 }
 
 }  // namespace
 
-bool FontCatalogue::Has(const std::string& family) {
-    if (family.empty()) {
-        return false;
+std::string FontCatalogue::CharacterOf(const std::string& family, int code) {
+    if (family.empty() || code <= ' ' || code > kLargestCode) {
+        return "";
     }
-    const auto [entry, isNew] = known_.try_emplace(family, false);
+    if (known_.size() > kMostKnown) {
+        known_.clear();
+    }
+    const auto [entry, isNew] = known_.try_emplace({family, code});
     if (isNew) {
-        entry->second = Lookup(family);
+        entry->second = Lookup(family, code);
     }
     return entry->second;
 }

@@ -4,16 +4,19 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
 namespace app {
 
 class FontCatalogue {
 public:
-    // True when the system has a family of this name (UTF-8), letter case aside.
-    bool Has(const std::string& family);
+    // Returns the character (UTF-8) that shows this code of a symbol font: the code itself, or its
+    // place among the private characters where symbol fonts keep theirs. Empty when the system has
+    // no such family, letter case aside, or the family no such character. `family` is UTF-8.
+    std::string CharacterOf(const std::string& family, int code);
 
 private:
-    std::map<std::string, bool> known_;  // answers given before
+    std::map<std::pair<std::string, int>, std::string> known_;  // answers given before
 };
 
 }  // namespace app

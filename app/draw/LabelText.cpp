@@ -1,7 +1,8 @@
 #include "app/draw/LabelText.h"
 
+#include "app/base/Utf8.h"
+
 #include <cstdint>
-#include <type_traits>
 
 namespace app {
 
@@ -9,17 +10,27 @@ namespace {
 
 constexpr std::size_t kMostLines = 100;
 constexpr std::size_t kLongestLine = 1000;
+constexpr char32_t kReplacement = 0xFFFD;
 
-bool IsClean(std::uint32_t codePoint) {
-    const bool isControl = codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
+// Marks of the writing direction could make a page show other words than there are.
+bool IsDirectionMark(char32_t codePoint) {
+    return codePoint == 0x061C || codePoint == 0x200E || codePoint == 0x200F ||
+           (codePoint >= 0x202A && codePoint <= 0x202E) ||
+           (codePoint >= 0x2066 && codePoint <= 0x2069);
+}
+
+bool IsClean(char32_t codePoint) {
+    const bool isControl = codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0) ||
+                           codePoint == 0x2028 || codePoint == 0x2029;
     const bool isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
     const bool isNoncharacter =
         (codePoint & 0xFFFE) == 0xFFFE || (codePoint >= 0xFDD0 && codePoint <= 0xFDEF);
-    return !isControl && !isSurrogate && !isNoncharacter && codePoint <= 0x10FFFF;
+    return !isControl && !isSurrogate && !isNoncharacter && !IsDirectionMark(codePoint) &&
+           codePoint != kReplacement && codePoint <= 0x10FFFF;
 }
 
-void AppendUtf8(std::string& text, std::uint32_t codePoint) {
-    const auto append = [&text](std::uint32_t byte) { text += static_cast<char>(byte); };
+void AppendUtf8(std::string& text, char32_t codePoint) {
+    const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
     if (codePoint < 0x80) {
         append(codePoint);
     } else if (codePoint < 0x800) {
@@ -37,42 +48,22 @@ void AppendUtf8(std::string& text, std::uint32_t codePoint) {
     }
 }
 
-// Wide characters are signed on some systems.
-std::uint32_t NumberOf(wchar_t character) {
-    return static_cast<std::make_unsigned_t<wchar_t>>(character);
-}
-
-// Takes the next code point off the text, joined from two where wide text has 16 bits.
-std::uint32_t TakeCodePoint(std::wstring_view& text) {
-    const auto first = NumberOf(text[0]);
-    text.remove_prefix(1);
-    if (first < 0xD800 || first > 0xDBFF || text.empty()) {
-        return first;
-    }
-    const auto second = NumberOf(text[0]);
-    if (second < 0xDC00 || second > 0xDFFF) {
-        return first;
-    }
-    text.remove_prefix(1);
-    return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
-}
-
 }  // namespace
 
-std::vector<std::string> LinesOf(std::wstring_view text) {
+std::vector<std::string> LinesOf(std::string_view utf8) {
     std::vector<std::string> lines(1);
     std::size_t length = 0;
     const auto breakLine = [&lines, &length] {
         lines.emplace_back();
         length = 0;
     };
-    while (!text.empty() && lines.size() <= kMostLines) {
-        if (text.starts_with(L"\\n")) {
-            text.remove_prefix(2);
+    while (!utf8.empty() && lines.size() <= kMostLines) {
+        if (utf8.starts_with("\\n")) {
+            utf8.remove_prefix(2);
             breakLine();
             continue;
         }
-        std::uint32_t codePoint = TakeCodePoint(text);
+        char32_t codePoint = TakeCodePoint(utf8);
         if (codePoint == '\n') {
             breakLine();
             continue;
@@ -89,12 +80,13 @@ std::vector<std::string> LinesOf(std::wstring_view text) {
     return lines;
 }
 
-std::string CleanName(std::wstring_view name) {
+std::string CleanName(std::string_view utf8) {
     std::string clean;
-    for (std::size_t length = 0; !name.empty() && length < kLongestLine; ++length) {
-        const std::uint32_t codePoint = TakeCodePoint(name);
-        if (IsClean(codePoint)) {
-            AppendUtf8(clean, codePoint);
+    for (std::size_t length = 0; !utf8.empty() && length < kLongestLine; ++length) {
+        const char32_t codePoint = TakeCodePoint(utf8);
+        const bool isBreak = codePoint == '\t' || codePoint == '\n';
+        if (isBreak || IsClean(codePoint)) {
+            AppendUtf8(clean, isBreak ? U' ' : codePoint);
         }
     }
     return clean;
@@ -102,8 +94,8 @@ std::string CleanName(std::wstring_view name) {
 
 std::string CleanCharacter(int codePoint) {
     std::string text;
-    if (codePoint > 0x20 && IsClean(static_cast<std::uint32_t>(codePoint))) {
-        AppendUtf8(text, static_cast<std::uint32_t>(codePoint));
+    if (codePoint > 0x20 && IsClean(static_cast<char32_t>(codePoint))) {
+        AppendUtf8(text, static_cast<char32_t>(codePoint));
     }
     return text;
 }

@@ -8,12 +8,13 @@
 namespace app {
 
 // The lines of a text, at most 100 of at most 1000 characters. A line ends at a line feed or at
-// the two characters \n, as the files write it. Control characters, halves of surrogate pairs,
-// noncharacters and numbers that are no character are left out; a tab is a blank.
-std::vector<std::string> LinesOf(std::wstring_view text);
+// the two characters \n, as the files write it. Control characters, noncharacters and bytes that
+// are no UTF-8 are left out, and so are the marks that turn the direction of what follows; a tab is
+// a blank.
+std::vector<std::string> LinesOf(std::string_view utf8);
 
-// One line of the same kind, for names.
-std::string CleanName(std::wstring_view name);
+// One line of the same kind, for names and labels.
+std::string CleanName(std::string_view utf8);
 
 // The one character as UTF-8; empty when it can't be drawn.
 std::string CleanCharacter(int codePoint);

@@ -1,8 +1,6 @@
 #include "app/draw/LayerSystems.h"
 
-#include "app/crs/CoordinateTransformer.h"
-
-#include <utility>
+#include "app/base/Errors.h"
 
 namespace app {
 
@@ -20,29 +18,6 @@ bool IsSameDatum(const gcs::DatumDef& left, const gcs::DatumDef& right) {
            a.primeMeridian == b.primeMeridian;
 }
 
-// By way of WGS 84.
-class SystemPair {
-public:
-    SystemPair(const gcs::CSDef& from, const gcs::CSDef& to) : from_(from), to_(to) {}
-
-    const std::string& Problem() const {
-        return from_.problem().empty() ? to_.problem() : from_.problem();
-    }
-
-    std::optional<shr::Vec2d> Transform(shr::Vec2d point) const {
-        const std::span<double> x(&point.x, 1);
-        const std::span<double> y(&point.y, 1);
-        if (from_.ToWgs84(x, y) > 0 || to_.FromWgs84(x, y) > 0) {
-            return std::nullopt;
-        }
-        return point;
-    }
-
-private:
-    CoordinateTransformer from_;
-    CoordinateTransformer to_;
-};
-
 }  // namespace
 
 bool IsSameSystem(const gcs::CSDef& left, const gcs::CSDef& right) {
@@ -54,19 +29,25 @@ bool IsSameSystem(const gcs::CSDef& left, const gcs::CSDef& right) {
     return a->GetProjection() == b->GetProjection() && IsSameDatum(a->GetDatum(), b->GetDatum());
 }
 
-LayerTransform LayerSystems::TransformFrom(const gcs::CSDef& system) {
-    if (!target_) {
-        target_ = system.Clone();
-    }
-    if (IsSameSystem(system, *target_)) {
+LayerTransform LayerSystems::TransformFrom(const SystemPtr& system, std::string& problem) {
+    problem.clear();
+    if (system == nullptr || EarthSystem(*system) == nullptr) {
+        problem = "has no coordinate system of the Earth";
         return {};
     }
-    const auto pair = std::make_shared<SystemPair>(system, *target_);
-    if (!pair->Problem().empty()) {
-        return {.transform = {}, .problem = pair->Problem()};
+    if (!target_) {
+        target_ = system;
     }
-    return {.transform = [pair](const shr::Vec2d& point) { return pair->Transform(point); },
-            .problem = {}};
+    if (IsSameSystem(*system, *target_)) {
+        return {};
+    }
+    try {
+        return LayerTransform(Reprojection(system.get(), target_.get()));
+    } catch (const Failure& failure) {
+        problem = std::string("can't be moved into the picture's coordinate system (") +
+                  failure.what() + ")";
+        return {};
+    }
 }
 
 bool LayerSystems::IsGeographic() const {

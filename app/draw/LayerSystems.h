@@ -2,35 +2,56 @@
 // that of the first layer that has one.
 #pragma once
 
-#include "app/draw/LayerView.h"
-#include "host/gcs/CSDef.h"
+#include "app/crs/Reprojection.h"
+#include "app/feature/LayerFacts.h"
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace app {
 
 // How a layer's coordinates come into the picture's system.
-struct LayerTransform {
-    PointTransform transform;  // empty: they are there already, or can't be moved
-    std::string problem;       // why they can't be moved; the layer is then drawn as it stands
+class LayerTransform {
+public:
+    // They are there already, or can't be moved.
+    LayerTransform() = default;
+    explicit LayerTransform(Reprojection way) : way_(std::move(way)) {}
+
+    bool IsNeeded() const { return way_.has_value(); }
+
+    // Moves the points. One without a place there becomes infinite.
+    void Apply(std::vector<shr::Vec2d>& points) {
+        if (way_) {
+            way_->Apply(points);
+        }
+    }
+
+private:
+    std::optional<Reprojection> way_;
 };
 
 class LayerSystems {
 public:
-    // A null target leaves the choice to the first layer.
-    explicit LayerSystems(std::unique_ptr<gcs::CSDef> target) : target_(std::move(target)) {}
+    using SystemPtr = std::shared_ptr<const gcs::CSDef>;
 
-    // For a layer of this system. The first call settles the picture's system when none was named.
-    LayerTransform TransformFrom(const gcs::CSDef& system);
+    // A null target leaves the choice to the first layer.
+    explicit LayerSystems(SystemPtr target) : target_(std::move(target)) {}
+
+    // For a layer of this system, null when nothing is known of its coordinates. The first system
+    // settles the picture's when none was named. `problem` becomes the reason why the layer can't be
+    // moved, for the end of a sentence: it is then drawn as it stands.
+    LayerTransform TransformFrom(const SystemPtr& system, std::string& problem);
+
+    // The picture's system; null when it has none (yet).
+    const SystemPtr& Target() const { return target_; }
 
     // True when the picture's coordinates are degrees of longitude and latitude.
     bool IsGeographic() const;
 
-    bool HasTarget() const { return target_ != nullptr; }
-
 private:
-    std::unique_ptr<gcs::CSDef> target_;  // null: not settled yet
+    SystemPtr target_;
 };
 
 // True when coordinates of both systems mean the same places without a transformation.

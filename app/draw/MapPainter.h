@@ -1,100 +1,45 @@
-// Draws the objects of imports, one at a time and in order, on a canvas.
+// Draws the geometry of a map on a page, object by object and in order.
 //
-// Pens, brushes and fonts hold for the geometry that follows. What a layer does not say is drawn
-// in the layer's own colours. No object is kept; a raster picture takes the same memory for any
-// number of objects.
+// What an object's style does not say is drawn in the layer's own colours. Nothing is kept: a
+// raster picture takes the same memory for any number of objects.
 #pragma once
 
-#include "app/draw/DrawingColors.h"
-#include "app/draw/LayerTarget.h"
+#include "app/draw/DrawnStyle.h"
 #include "app/draw/MarkerPainter.h"
-#include "app/draw/PagePath.h"
-#include "app/draw/PenScale.h"
+#include "app/draw/PathPainter.h"
 #include "app/draw/TextPainter.h"
-#include "host/zeio/TrObjects.h"
+#include "app/draw/Viewport.h"
+#include "app/feature/Feature.h"
 
 #include <cairo.h>
 
 #include <cstddef>
-#include <optional>
-#include <span>
-#include <vector>
 
 namespace app {
 
-enum class StyleSource {
-    Objects,  // the pens and brushes among the objects
-    Layers,   // the layers' colours alone
-};
-
-class MapPainter : public LayerTarget {
+class MapPainter {
 public:
     // The context draws in page coordinates and must outlive the painter.
     MapPainter(cairo_t* context, const Viewport& viewport, StyleSource styleSource);
 
-    void BeginLayer(std::size_t layer) override;
-    void SetTransform(PointTransform transform) override;
-    void SetBounds(const shr::Box2d& bounds) override;
+    // Starts a layer, by its number from 0, with colours of its own.
+    void BeginLayer(std::size_t layer);
 
-    // Draws the object, or remembers the style. Objects of other kinds are passed over.
-    void Add(const zeio::TrBase& object) override;
+    // Draws the geometry, whose coordinates are the picture's own. A Text has its frame for points
+    // (app/draw/TextFrame.h). Points that are no numbers, or beyond all limits, are left out.
+    void Draw(const Geometry& geometry);
 
 private:
-    // How a line is drawn. A width of 0 is no line.
-    struct Stroke {
-        shr::Color4b color;
-        double width = 0.0;          // pixels
-        std::vector<double> dashes;  // pixels; empty is solid
-        bool isClosed = false;
-    };
+    void DrawLine(const Geometry& line);
+    void DrawArea(const Geometry& area);
+    void DrawText(const Geometry& text);
 
-    // What a font sets aside until its text is drawn: the no-line pen and the colour brush that
-    // stand between the two are the text's alone.
-    struct StyleBeforeText {
-        std::optional<zeio::TrPen> pen;
-        std::optional<zeio::TrBrush> brush;
-    };
-
-    void SetPen(const zeio::TrPen& pen);
-    void SetBrush(const zeio::TrBrush& brush);
-    void SetFont(const zeio::TrFont& font);
-    void BeginGeometry();
-    void DrawPolyline(const zeio::TrPolyline& polyline);
-    void DrawPolygon(const zeio::TrPolygon& polygon);
-    void DrawRectangle(const zeio::TrRectangle& rectangle);
-    void DrawEllipse(const zeio::TrEllipse& ellipse);
-    void DrawMarkers(const zeio::TrMarkerSet& markers);
-    void DrawText(const zeio::TrText& text);
-
-    template <typename Point> PagePath PathOf(std::span<const Point> points) const;
-    template <typename Point> PagePath RingOf(std::span<const Point> points) const;
-    Stroke StrokeOf(double usualWidth) const;
-    void DrawArea(const std::vector<PagePath>& rings);
-    void FillArea(const std::vector<PagePath>& rings, const zeio::TrBrush& brush) const;
-    void FillWithHatch(const std::vector<PagePath>& rings, const zeio::TrBrush& brush) const;
-
-    // The hatch over the box alone; the caller destroys it.
-    cairo_pattern_t* PictureOfHatch(const PageBox& box, const zeio::TrBrush& brush) const;
-    std::optional<PageBox> VisibleBoundsOf(const std::vector<PagePath>& rings) const;
-    void DrawHatch(const PageBox& box, const zeio::TrBrush& brush) const;
-    void DrawLines(const std::vector<PagePath>& paths, const Stroke& stroke) const;
-    void StrokeInPieces(const PagePath& path, bool isClosed) const;
-    void AppendRings(const std::vector<PagePath>& rings) const;
-    void AppendPath(const PagePath& path) const;
-
-    cairo_t* context_;
+    PageSize page_;
     Viewport viewport_;
-    StyleSource styleSource_;
-    LayerView view_;
-    LayerColors colors_;
-    std::optional<zeio::TrPen> pen_;      // none: the layer's colours
-    std::optional<zeio::TrBrush> brush_;  // none: the layer's colours
-    std::optional<shr::Color4b> textColor_;
-    PenScale penScale_;
-    zeio::TrFont font_;
-    std::optional<StyleBeforeText> beforeText_;
-    MarkerPainter markerPainter_;
-    TextPainter textPainter_;
+    StyleResolver styles_;
+    PathPainter paths_;
+    MarkerPainter markers_;
+    TextPainter texts_;
 };
 
 }  // namespace app

@@ -6,7 +6,7 @@
 
 namespace app {
 
-bool MarkerGrid::Take(const MarkerLook& look, const PagePoint& at, PageSize page) {
+bool MarkerGrid::Take(const Marker& look, const PagePoint& at, PageSize page) {
     if (!(at.x >= 0.0 && at.x < page.width && at.y >= 0.0 && at.y < page.height)) {
         return true;
     }
@@ -25,7 +25,7 @@ void MarkerGrid::Forget() {
     cellSize_ = 0.0;
 }
 
-void MarkerGrid::Restart(const MarkerLook& look, PageSize page) {
+void MarkerGrid::Restart(const Marker& look, PageSize page) {
     look_ = look;
     cellSize_ = std::max(look.diameter / 4.0, 1.0);
     columns_ = static_cast<std::size_t>(page.width / cellSize_) + 1;

@@ -2,40 +2,28 @@
 // symbols on top of each other.
 #pragma once
 
+#include "app/draw/DrawnStyle.h"
 #include "app/draw/Viewport.h"
-#include "host/shr/Color4b.h"
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace app {
-
-// All that makes two symbols look alike.
-struct MarkerLook {
-    shr::Color4b color;
-    double diameter = 0.0;  // pixels
-    int symbolIndex = 0;
-    std::string character;  // of a symbol font; empty: a shape of the default set
-    std::string family;
-
-    bool operator==(const MarkerLook&) const = default;
-};
 
 class MarkerGrid {
 public:
     // True when no symbol of this look stands within about a quarter of its diameter, since the
     // last one of another look or the last Forget; it does from now on. Places off the page are
     // always free.
-    bool Take(const MarkerLook& look, const PagePoint& at, PageSize page);
+    bool Take(const Marker& look, const PagePoint& at, PageSize page);
 
     // Something was drawn over the symbols so far.
     void Forget();
 
 private:
-    void Restart(const MarkerLook& look, PageSize page);
+    void Restart(const Marker& look, PageSize page);
 
-    MarkerLook look_;
+    Marker look_;
     double cellSize_ = 0.0;  // pixels; 0: nothing taken since Forget
     std::size_t columns_ = 0;
     std::uint32_t round_ = 0;           // cells of an earlier round are free

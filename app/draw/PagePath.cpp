@@ -10,7 +10,7 @@ namespace app {
 
 namespace {
 
-constexpr double kThinningDistance = 0.1;  // pixels
+constexpr double kQuarterPixel = 0.25;
 
 enum class Edge { Left, Top, Right, Bottom };
 
@@ -80,18 +80,13 @@ bool LiesInside(const PagePath& path, const PageBox& box) {
 
 }  // namespace
 
-double WidestPen(PageSize page) {
-    return std::max(page.width, page.height);
-}
-
 PageBox BoxOf(PageSize page) {
     return {0.0, 0.0, static_cast<double>(page.width), static_cast<double>(page.height)};
 }
 
-PageBox GuardBoxOf(PageSize page) {
-    // The mitre of a wide pen reaches further than half its width; joins are round, yet a whole
-    // width costs nothing.
-    const double guard = WidestPen(page) + 16.0;
+PageBox GuardBoxOf(PageSize page, double penWidth) {
+    // Joins are round: half the width would do, yet a whole one costs nothing.
+    const double guard = penWidth + 16.0;
     return {-guard, -guard, page.width + guard, page.height + guard};
 }
 
@@ -107,20 +102,8 @@ PageBox BoundsOf(const PagePath& path) {
     return bounds;
 }
 
-void PathThinner::Add(const PagePoint& point) {
-    lastAdded_ = point;
-    if (!path_.empty() && std::abs(point.x - path_.back().x) < kThinningDistance &&
-        std::abs(point.y - path_.back().y) < kThinningDistance) {
-        return;
-    }
-    path_.push_back(point);
-}
-
-PagePath PathThinner::Take() {
-    if (!path_.empty() && path_.back() != lastAdded_) {
-        path_.push_back(lastAdded_);
-    }
-    return std::exchange(path_, {});
+void Thin(PagePath& path) {
+    ThinFrom(path, 0, {kQuarterPixel, kQuarterPixel});
 }
 
 std::vector<PagePath> CutLine(const PagePath& line, const PageBox& box) {

@@ -4,9 +4,28 @@
 
 #include "app/draw/Viewport.h"
 
+#include <cmath>
 #include <vector>
 
 namespace app {
+
+// Leaves out, of the points from `begin` on, those that lie within `near` of the one before that
+// stays, in both directions; the last one stays in any case. Works on points of any kind.
+template <typename Point>
+void ThinFrom(std::vector<Point>& points, std::size_t begin, const Point& near) {
+    if (points.size() < begin + 3) {
+        return;
+    }
+    std::size_t kept = begin;
+    for (std::size_t i = begin + 1; i + 1 < points.size(); ++i) {
+        if (!(std::abs(points[i].x - points[kept].x) < near.x &&
+              std::abs(points[i].y - points[kept].y) < near.y)) {
+            points[++kept] = points[i];
+        }
+    }
+    points[++kept] = points.back();
+    points.resize(kept + 1);
+}
 
 using PagePath = std::vector<PagePoint>;
 
@@ -22,27 +41,18 @@ struct PageBox {
     }
 };
 
-// The page itself, and the wider box that paths are cut to: what lies between the two is never
-// seen, even under the widest pen.
 PageBox BoxOf(PageSize page);
-PageBox GuardBoxOf(PageSize page);
-double WidestPen(PageSize page);  // pixels
+
+// The wider box that paths are cut to: what lies between the two is never seen, even under a pen of
+// this width.
+PageBox GuardBoxOf(PageSize page, double penWidth);
 
 // The box around the path; left above right for an empty path.
 PageBox BoundsOf(const PagePath& path);
 
-// Collects a path and leaves out the points that lie within a tenth of a pixel of the one before.
-class PathThinner {
-public:
-    void Add(const PagePoint& point);
-
-    // The path so far, which ends with the last point added. Starts a new one.
-    PagePath Take();
-
-private:
-    PagePath path_;
-    PagePoint lastAdded_;
-};
+// Leaves out points that lie within a quarter of a pixel of the one before that stays; the last one
+// stays in any case.
+void Thin(PagePath& path);
 
 // The parts of a line inside the box, in order.
 std::vector<PagePath> CutLine(const PagePath& line, const PageBox& box);

@@ -51,10 +51,25 @@ void TakePolygon(const zeio::TrPolygon& polygon, Geometry& geometry) {
     }
 }
 
+// The box as a file has it, which is turned about its upper left corner; the module's is turned
+// about the lower left one.
+std::optional<shr::Box2d> TextBox(const zeio::TrText& text) {
+    const double angle = text.transform.GetRotation2();
+    if (text.box.IsEmpty() || angle == 0.0) {
+        return text.box.IsEmpty() ? std::nullopt : std::optional(text.box);
+    }
+    const double width = text.box.maxX - text.box.minX;
+    const double height = text.box.maxY - text.box.minY;
+    const shr::Vec2d corner{text.position.x - height * std::sin(angle),
+                            text.position.y + height * std::cos(angle)};
+    return shr::Box2d{corner.x, corner.y - height, corner.x + width, corner.y};
+}
+
 void TakeText(const zeio::TrText& text, Geometry& geometry) {
     geometry.kind = GeometryKind::Text;
     geometry.points = {{text.position.x, text.position.y}};
     geometry.placement.text = standalone::Narrow(text.text);
+    geometry.placement.box = TextBox(text);
     geometry.placement.angleDegrees = text.transform.GetRotation2() * 180.0 / std::numbers::pi;
     switch (text.justify) {
     case zeio::TrText::Justify::Centre:

@@ -1,4 +1,6 @@
 // Coordinate systems: of the Earth (a projection and a datum) or of a plane without a place.
+//
+// Values throughout: a definition owns all it is made of, and none refers to another one.
 #pragma once
 
 #include "host/gcs/DatumDef.h"
@@ -10,21 +12,26 @@
 
 namespace gcs {
 
+// What a CSDef is. A filter that finds Earth may cast it to GCSDef.
 enum class CSType : int {
     Unknown = 0,
-    Earth = 1,
-    Nonearth = 2,
+    Earth = 1,     // a GCSDef
+    Nonearth = 2,  // a PlaneDef
 };
 
+// The base of both. Filters receive one by pointer and ask its type first.
 class QOLF_HOST_API CSDef {
 public:
     virtual ~CSDef();
+
+    // Never changes during the object's life.
     virtual CSType Type() const = 0;
 
-    // Units per metre; 0 when there is none.
+    // The linear unit as units per metre: 1 for metres, 3.28083333333333 for survey feet. 0 when
+    // there is none, which filters take for 1.
     virtual double UnitFactor() const = 0;
 
-    // A copy of the whole object, the caller's own.
+    // Returns a copy of the whole object, of its own class; the caller owns it.
     virtual std::unique_ptr<CSDef> Clone() const = 0;
 
 protected:
@@ -33,7 +40,7 @@ protected:
     CSDef& operator=(const CSDef&) = default;
 };
 
-// An Earth system. Either part may be missing.
+// An Earth system. Either part may be missing: a fresh one has neither.
 class QOLF_HOST_API GCSDef : public CSDef {
 public:
     GCSDef();
@@ -42,15 +49,17 @@ public:
     double UnitFactor() const override;  // the projection's; 1 without a projection
     std::unique_ptr<CSDef> Clone() const override;
 
+    // Copies the definition, replacing the one before. An unknown definition takes the part away.
     void SetProjection(const ProjectionDef& projection) { projection_ = projection; }
     void SetDatum(const DatumDef& datum) { datum_ = datum; }
 
-    // The arguments ask a host with plug-in methods to resolve references first, and whether a
-    // longitude/latitude system counts as projected; they make no difference here.
+    // True when the part is there and known. `resolve` asks a host with plug-in methods to resolve
+    // references first, `countGeographic` whether longitude and latitude count as projected;
+    // filters pass all combinations, and they make no difference here.
     bool HasProjection(bool resolve, bool countGeographic) const;
     bool HasDatum(bool resolve) const;
 
-    // Unknown definitions when the part is missing.
+    // Returns the part, an unknown definition when it is missing. Valid until it is set again.
     const ProjectionDef& GetProjection() const { return projection_; }
     const DatumDef& GetDatum() const { return datum_; }
 
@@ -62,6 +71,7 @@ private:
 // A plane system, with only a unit.
 class QOLF_HOST_API PlaneDef : public CSDef {
 public:
+    // Any factor is taken as it is, 0 included.
     explicit PlaneDef(double unitsPerMetre);
     ~PlaneDef() override;
     CSType Type() const override { return CSType::Nonearth; }

@@ -1,4 +1,5 @@
-// An ellipsoid of revolution.
+// An ellipsoid of revolution, by its major radius in metres and its flattening (a - b) / a, which
+// is 0 for a sphere.
 #pragma once
 
 #include "host/platform/Export.h"
@@ -14,10 +15,14 @@ public:
     EllipsoidDef(double majorRadius, double flattening)
         : majorRadius_(majorRadius), flattening_(flattening) {}
 
+    // Nothing is checked: ProjectionDef::CheckParameters objects to dimensions that make no
+    // ellipsoid.
     void SetMajorRadius(double metres) { majorRadius_ = metres; }
     void SetFlattening(double flattening) { flattening_ = flattening; }
     double GetMajorRadius() const { return majorRadius_; }
     double GetFlattening() const { return flattening_; }
+
+    // Returns the radius at the poles in metres.
     double GetMinorRadius() const { return majorRadius_ * (1.0 - flattening_); }
 
     // True while no major radius is set.

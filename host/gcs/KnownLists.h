@@ -1,4 +1,8 @@
-// The known datums and ellipsoids. Indices start at 0 and are stable within one version.
+// The known datums and ellipsoids: constant tables that a filter searches and copies entries out
+// of.
+//
+// Indices start at 0 and are stable within one version; store tokens, not indices. The lists may be
+// read from several threads.
 #pragma once
 
 #include "host/gcs/DatumDef.h"
@@ -36,6 +40,7 @@ public:
     int Count() const;
 };
 
+// The one list of each kind; both are there before any filter is made.
 QOLF_HOST_API extern const DatumList GCSKnownDatumsList;
 QOLF_HOST_API extern const EllipsoidList GCSKnownEllipsoidsList;
 

@@ -11,10 +11,11 @@
 
 namespace gcs {
 
+// The methods by the numbers that filters' tables have. Numbers between those listed are not used.
 enum class ProjectionMethod : int {
     Unknown = 0,
-    LongitudeLatitude = 1,
-    ArbitraryPlane = 2,
+    LongitudeLatitude = 1,  // no projection: coordinates are degrees
+    ArbitraryPlane = 2,     // coordinates whose place on the Earth is not known
     AlbersEqualAreaConic = 3,
     AzimuthalEquidistant = 4,
     CassiniSoldner = 6,
@@ -33,30 +34,32 @@ enum class ProjectionMethod : int {
     Robinson = 22,
     Sinusoidal = 24,
     TransverseMercator = 25,
-    GaussKrueger = 26,
+    GaussKrueger = 26,          // the same by another name, which some hosts keep apart
     ObliqueMercatorOther = 28,  // a relative of 12 that no file format at hand names
     NewZealandMapGrid = 29,
 };
 
+// The parameters by number. Each takes one kind of value: a number, a boolean or an ellipsoid.
 enum class ProjectionParameterID : int {
     None = 0,
-    Ellipsoid = 2,
-    UnitsPerMetre = 3,
-    FalseEasting = 4,
-    FalseNorthing = 5,
+    Ellipsoid = 2,      // an EllipsoidDef
+    UnitsPerMetre = 3,  // above 0
+    FalseEasting = 4,   // in the unit of 3
+    FalseNorthing = 5,  // in the unit of 3
     CentralLongitude = 6,
     CentreLongitude = 7,  // longitude of the centre of an oblique projection
     LatitudeOfOrigin = 9,
-    StandardParallel1 = 10,
+    StandardParallel1 = 10,  // also the latitude of azimuthal projections
     StandardParallel2 = 11,
-    ScaleFactor = 12,
-    Azimuth = 14,
+    ScaleFactor = 12,       // at the origin; above 0
+    Azimuth = 14,           // degrees clockwise from north
     DefinedByAzimuth = 15,  // boolean
     RectifiedOrigin = 16,   // boolean: the false origin lies on the equator of the aposphere
 };
 inline constexpr int kProjectionParameterCount = 17;  // ids run from 0 to 16
 
-// The parameters by name, each as ProjectionDef::GetParameter gives it.
+// The parameters by name, each as ProjectionDef::GetParameter gives it: those that were never set
+// have the values below.
 struct ProjectionParameters {
     double unitsPerMetre = 1.0;
     double falseEasting = 0.0;
@@ -72,25 +75,31 @@ struct ProjectionParameters {
     bool rectifiedOrigin = false;
 };
 
+// A value: copies share nothing. The order of the calls that fill it makes no difference, and
+// nothing is checked until CheckParameters is called.
 class QOLF_HOST_API ProjectionDef {
 public:
     ProjectionDef() = default;  // unknown, no parameter set
 
+    // Keeps the parameters: they belong to no method.
     void SetMethod(ProjectionMethod method) { method_ = method; }
     ProjectionMethod GetMethod() const { return method_; }
 
-    // Setting a parameter with a value of another kind than its id's is ignored.
+    // Sets a parameter, replacing its value. One with a value of another kind than its id's, or
+    // with an id that is not used, is ignored.
     void SetParameter(ProjectionParameterID id, double value);
     void SetParameter(ProjectionParameterID id, bool value);
     void SetParameter(ProjectionParameterID id, const EllipsoidDef& ellipsoid);
 
+    // True when the parameter was set, whatever the method needs.
     bool HasParameter(ProjectionParameterID id) const;
 
-    // The value, or the default of an unset parameter (above). Booleans as 0 and 1.
+    // Returns the value, or the default of an unset parameter (above). Booleans as 0 and 1; 0 for
+    // the ellipsoid and for an id that is not used.
     double GetParameter(ProjectionParameterID id) const;
     ProjectionParameters GetParameters() const;
 
-    // Null when no ellipsoid was set.
+    // Returns the ellipsoid, null when none was set. Valid until one is set, or the object goes.
     const EllipsoidDef* GetEllipsoid() const;
 
     // True while no method is set. The argument asks a host with plug-in methods to resolve the
@@ -105,6 +114,7 @@ public:
     // opposite standard parallels of a conic (the second is named).
     ProjectionParameterID CheckParameters() const;
 
+    // True when method and parameters are the same, those that were never set included.
     bool operator==(const ProjectionDef&) const;
 
 private:

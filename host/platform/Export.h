@@ -1,5 +1,7 @@
 // Marks what the host library exports. Every class or function that the module, the library and
 // a program share carries QOLF_HOST_API; all other symbols stay hidden.
+//
+// The library itself is compiled with QOLF_HOST_BUILDING, everybody else without.
 #pragma once
 
 #if defined(_WIN32)

@@ -11,7 +11,10 @@ class OptionsDialogOwner {
 public:
     virtual ~OptionsDialogOwner() = default;
 
-    // Opens the modal dialog. True when the user accepted and the options were stored.
+    // Opens the modal dialog, over the manager's parent window, and returns when it is closed. True
+    // when the user accepted and the options were stored. The suffix goes behind the caption, with
+    // " - " before it; an empty one leaves the caption alone. One such dialog at a time, on the
+    // user-interface thread.
     virtual bool ShowOptionsDialog(const std::wstring& captionSuffix) = 0;
 };
 

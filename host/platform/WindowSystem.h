@@ -21,6 +21,7 @@
 
 #include <cstdint>
 
+// The types as the window system has them. A window is a standalone::DialogModel here.
 struct HWND__;
 struct HINSTANCE__;
 using HWND = HWND__*;
@@ -37,6 +38,7 @@ using LPCWSTR = const wchar_t*;
 using LPWSTR = wchar_t*;
 using DLGPROC = INT_PTR (*)(HWND, UINT, WPARAM, LPARAM);
 
+// The messages, commands and styles that the pages use, with the system's numbers.
 constexpr UINT WM_DESTROY = 0x0002;
 constexpr UINT WM_NOTIFY = 0x004E;
 constexpr UINT WM_INITDIALOG = 0x0110;
@@ -54,13 +56,15 @@ constexpr DWORD PSP_HASHELP = 0x00000020;
 constexpr UINT PSN_APPLY = static_cast<UINT>(-202);
 constexpr UINT PSN_HELP = static_cast<UINT>(-205);
 
+// What lParam of WM_NOTIFY points to.
 struct NMHDR {
     HWND hwndFrom;
     std::uintptr_t idFrom;
     UINT code;
 };
 
-// The fields of the system's record that a page fills in; the rest is not looked at.
+// The fields of the system's record that a page fills in; the rest is not looked at. dwSize is the
+// record's own size, pszTemplate what TemplateName gives, lParam the page.
 struct PROPSHEETPAGEW {
     DWORD dwSize;
     DWORD dwFlags;
@@ -70,8 +74,11 @@ struct PROPSHEETPAGEW {
     LPARAM lParam;
 };
 
+// Runs a modal dialog from a template (see TemplateName below) and returns what EndDialog was
+// given, -1 when it can't be shown. What the procedure throws leaves through it.
 QOLF_HOST_API INT_PTR DialogBoxParamW(HINSTANCE instance, LPCWSTR templateName, HWND parent,
                                       DLGPROC procedure, LPARAM parameter);
+// Each fails with 0 for a window, or a control of it, that is not there.
 QOLF_HOST_API BOOL EndDialog(HWND dialog, INT_PTR result);
 QOLF_HOST_API BOOL CheckDlgButton(HWND dialog, int controlId, UINT check);
 QOLF_HOST_API UINT IsDlgButtonChecked(HWND dialog, int controlId);
@@ -89,20 +96,21 @@ constexpr unsigned LOWORD(std::uintptr_t value) {
 
 namespace platform {
 
-// One dialog template, as plain data. Ids and texts have one source, resources/DialogTexts.h;
-// the .rc file of Windows and these records are both made from it.
+// What a control of a template is; a default button answers the enter key as well.
 enum class ControlKind { CheckBox, PushButton, DefaultButton };
 
+// One dialog template, as plain data. Ids and texts have one source, resources/DialogTexts.h;
+// the .rc file of Windows and these records are both made from it.
 struct DialogControl {
-    int id;
+    int id;  // what WM_COMMAND has in its low word
     ControlKind kind;
-    const wchar_t* text;
+    const wchar_t* text;  // '&' stands before the letter of its short cut
 };
 
 struct DialogTemplate {
-    int id;
+    int id;  // the resource's number
     const wchar_t* caption;
-    const DialogControl* controls;
+    const DialogControl* controls;  // an array that lives as long as the module
     int controlCount;
 };
 

@@ -1,7 +1,10 @@
 // The named attribute values of one object: column name to text, in the order of first use.
 //
+// Names are compared exactly, with their case; an empty name is a name like any other.
+//
 // Lists filled with the same names one after the other share their names: copying a list, or
-// setting the names again in the same order, allocates no name.
+// setting the names again in the same order, allocates no name. A list belongs to one thread at a
+// time, but lists that share names may live in several.
 #pragma once
 
 #include "host/platform/Export.h"
@@ -15,10 +18,10 @@ namespace shr {
 
 class QOLF_HOST_API CParamList {
 public:
-    CParamList();
+    CParamList();  // empty
     ~CParamList();
     CParamList(const CParamList&);
-    CParamList(CParamList&&) noexcept;
+    CParamList(CParamList&&) noexcept;  // leaves the other one empty
     CParamList& operator=(const CParamList&);
     CParamList& operator=(CParamList&&) noexcept;
 
@@ -31,12 +34,13 @@ public:
     // absent.
     bool Get(const std::wstring& name, std::wstring& value) const;
 
-    // Entries by position, 0 to Size() - 1.
+    // Entries by position, 0 to Size() - 1; another position is undefined. The name is valid until
+    // the list is changed.
     std::size_t Size() const;
     const std::wstring& Name(std::size_t index) const;
     std::wstring Value(std::size_t index) const;
 
-    // The value as narrow text of code page 0.
+    // Returns the value as narrow text of code page 0: as it was set, or converted.
     std::string NarrowValue(std::size_t index) const;
 
     // Forgets values and names.
@@ -44,6 +48,7 @@ public:
 
 private:
     struct Names;
+    struct Memory;
     struct Entry {
         std::string narrow;                  // the value, when it was set as narrow text
         std::unique_ptr<std::wstring> wide;  // the value, when it was set as wide text
@@ -54,7 +59,8 @@ private:
         Entry& operator=(Entry&&) noexcept = default;
     };
 
-    void RememberNames() noexcept;
+    void TakeMemory();
+    void LeaveMemory() noexcept;
     std::size_t IndexOf(const std::wstring& name) const;
     Entry& EntryFor(const std::wstring& name);
     void AppendName(const std::wstring& name);

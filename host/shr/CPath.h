@@ -1,4 +1,6 @@
-// A file path and its pieces. Both '/' and, on Windows, '\' separate folders.
+// A file path and its pieces. '/' and, on Windows, '\' and the colon of a drive separate folders.
+//
+// Works on the text alone: no file is looked for, and any text is a path.
 #pragma once
 
 #include "host/platform/Export.h"
@@ -11,7 +13,7 @@ class QOLF_HOST_API CPath {
 public:
     explicit CPath(const std::wstring& path);
 
-    // Replaces the extension of the last name, or adds one. extension begins with a full stop. A
+    // Replaces the extension of the last name, or adds one. `extension` begins with a full stop. A
     // name that only begins with a full stop (".mif") has no extension.
     void SetExtension(const std::wstring& extension);
 
@@ -20,7 +22,7 @@ public:
     // The last name, without its folders; empty for a path that ends with a separator.
     std::wstring GetNameAndExtension() const;
 
-    // The path with SetExtension applied to it.
+    // Returns `path` with SetExtension applied to it.
     static std::wstring ChangeExtension(const std::wstring& path, const std::wstring& extension);
 
 private:

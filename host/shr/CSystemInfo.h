@@ -9,7 +9,8 @@ namespace shr {
 
 class QOLF_HOST_API CSystemInfo {
 public:
-    // The face that text without a face of its own is drawn in: "Arial".
+    // Returns the face that text without a face of its own is drawn in: "Arial" on every system, so
+    // that a file is the same wherever it is written.
     static std::wstring DefVariablePitchFace();
 };
 

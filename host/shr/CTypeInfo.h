@@ -1,5 +1,5 @@
 // A class's run-time type record. Two records are the same type exactly when they are the same
-// object, so a class has one record in one library.
+// object, so a class has one record in one library: compare pointers, not names.
 #pragma once
 
 #include "host/platform/Export.h"
@@ -10,15 +10,17 @@ namespace shr {
 
 class QOLF_HOST_API CTypeInfo {
 public:
-    // create makes an object of the class, or is null; base is null for a root class.
+    // `create` makes an object of the class with the global allocator and returns it as its root
+    // class, or is null for a class whose objects nobody else may make. `base` is the record of the
+    // base class, null for a root class; it must outlive this one. `name` is copied.
     CTypeInfo(const wchar_t* name, void* (*create)(), const CTypeInfo* base);
     ~CTypeInfo();
     CTypeInfo(const CTypeInfo&) = delete;
     CTypeInfo& operator=(const CTypeInfo&) = delete;
 
-    const std::wstring& Name() const { return name_; }
-    const CTypeInfo* Base() const { return base_; }
-    void* (*Create() const)() { return create_; }
+    const std::wstring& Name() const { return name_; }  // without its namespace
+    const CTypeInfo* Base() const { return base_; }     // null for a root class
+    void* (*Create() const)() { return create_; }       // may be null
 
 private:
     std::wstring name_;

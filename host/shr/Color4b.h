@@ -1,4 +1,5 @@
-// A colour of four bytes.
+// A colour of four bytes, 0 to 255 each. Alpha 0 is invisible, 255 opaque; a colour without one is
+// opaque.
 #pragma once
 
 #include <cstdint>

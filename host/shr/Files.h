@@ -1,4 +1,5 @@
-// File helpers by wide path.
+// File helpers by wide path. A path with a NUL names no file. None of them throws but for want of
+// memory.
 #pragma once
 
 #include "host/platform/Export.h"
@@ -11,10 +12,11 @@ namespace shr {
 // differs in case only counts, as when opening (host/platform/Stdio.h).
 QOLF_HOST_API bool IsFileReadable(const std::wstring& path);
 
-// Bytes; 0 when there is no such file.
+// Returns the file's size in bytes; 0 when there is no such file, and for a folder.
 QOLF_HOST_API long long GetFileSize(const std::wstring& path);
 
-// Deletes a file. False when it could not be deleted.
+// Deletes a file, or a link to one. False when it could not be deleted; a folder never is. The name
+// has to be exact: one that differs in case is another file.
 QOLF_HOST_API bool RemoveFile(const std::wstring& path);
 
 }  // namespace shr

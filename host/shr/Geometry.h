@@ -8,6 +8,7 @@
 
 namespace shr {
 
+// A point, or the way between two.
 struct Vec2d {
     double x = 0.0;
     double y = 0.0;
@@ -15,6 +16,7 @@ struct Vec2d {
     bool operator==(const Vec2d&) const = default;
 };
 
+// The same in space. Filters read and write x and y; z is 0.
 struct Vec3d {
     double x = 0.0;
     double y = 0.0;
@@ -26,6 +28,7 @@ struct Vec3d {
 };
 inline constexpr Vec3d Vec3d::ZERO{};  // NOLINT(readability-identifier-naming)
 
+// A rectangle along the axes, by its corners.
 struct Box2d {
     double minX = 0.0;
     double minY = 0.0;
@@ -33,9 +36,12 @@ struct Box2d {
     double maxY = 0.0;
 
     bool operator==(const Box2d&) const = default;
+
+    // True when a minimum lies above its maximum; a box of a single point is not empty.
     bool IsEmpty() const { return minX > maxX || minY > maxY; }
 };
 
+// The same in space.
 struct Box3d {
     double minX = 0.0;
     double minY = 0.0;
@@ -54,9 +60,12 @@ public:
     Mat3d();  // the identity
 
     void Translate(double x, double y);
-    void Rotate(double angleRadians);
+    void Rotate(double angleRadians);  // about the origin
+
+    // Returns where the matrix moves the point.
     Vec2d Transform(const Vec2d& point) const;
 
+    // The nine numbers, row by row.
     const std::array<double, 9>& Values() const { return values_; }
 
 private:
@@ -70,12 +79,16 @@ public:
     explicit Mat4d(const std::array<double, 16>& rowByRow);
 
     void Translate(double x, double y, double z);
-    void RotateZ(double angleRadians);
+    void RotateZ(double angleRadians);  // about the z axis
+
+    // Returns where the matrix moves the point.
     Vec3d Transform(const Vec3d& point) const;
 
-    // The rotation about z in radians, from -pi to pi.
+    // Returns the rotation about z in radians, from -pi to pi. One that was made from whole degrees
+    // is not less than these degrees, so that a format of whole degrees keeps it.
     double GetRotation2() const;
 
+    // The sixteen numbers, row by row.
     const std::array<double, 16>& Values() const { return values_; }
     bool operator==(const Mat4d&) const = default;
 

@@ -12,11 +12,15 @@
 namespace shr {
 
 // Every error that a filter throws through its host. what() is "source(line): message" in UTF-8.
+//
+// Catch it by reference: the classes of host/zeio/Errors.h derive from it. Copies share nothing.
 class QOLF_HOST_API IError : public std::exception {
 public:
     // How a warning is shown. The filters only use the first.
     enum class WarnStyle : int { Ordinary = 0 };
 
+    // `source` and `line` say where the error arose: the name of a source file without folder and
+    // extension, and a number that stands for the place in it.
     IError(std::wstring source, int line, std::wstring message);
     ~IError() override;
     IError(const IError&);
@@ -24,7 +28,7 @@ public:
 
     const std::wstring& Source() const { return source_; }
     int Line() const { return line_; }
-    const std::wstring& Message() const { return message_; }
+    const std::wstring& Message() const { return message_; }  // for the user, may have line breaks
     const char* what() const noexcept override { return what_.c_str(); }
 
 private:
@@ -34,7 +38,7 @@ private:
     std::string what_;
 };
 
-// The text of an errno value, without a full stop.
+// Returns the system's text of an errno value, without a full stop.
 QOLF_HOST_API std::wstring FormatSystemErrorMsg(int errorNumber);
 
 // Logs an exception with its origin. True when it is of the host's own kind (an IError), or null.
@@ -61,7 +65,8 @@ inline void LogExceptionInfoAndRethrowIfUnknown(const std::wstring& context,
     }
 }
 
-// What a dialog procedure returns after a caught exception: 0, the message was not handled.
+// Returns what a dialog procedure gives back after a caught exception: 0, the message was not
+// handled. Called right after the exception was logged.
 QOLF_HOST_API int WinProcReturnCodeAfterException(HWND window, UINT message);
 
 }  // namespace shr

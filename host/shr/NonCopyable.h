@@ -1,8 +1,10 @@
-// Bases that take copying and comparing away from a class.
+// Bases that take copying and comparing away from a class. They have no virtual operations and
+// can't be made or deleted on their own.
 #pragma once
 
 namespace shr {
 
+// Derive publicly, so that a program sees at once that there is one object of each.
 class NonCopyable {
 public:
     NonCopyable(const NonCopyable&) = delete;
@@ -13,6 +15,7 @@ protected:
     ~NonCopyable() = default;
 };
 
+// For classes whose objects are told apart by their addresses.
 class NonComparable {
 public:
     bool operator==(const NonComparable&) const = delete;

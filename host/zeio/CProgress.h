@@ -1,4 +1,5 @@
-// A run's progress display: it starts with the object and ends with it.
+// A run's progress display: it starts with the object and ends with it. One at a time for a
+// manager.
 #pragma once
 
 #include "host/platform/Export.h"
@@ -10,11 +11,14 @@ class IoManager;
 
 class QOLF_HOST_API CProgress : public shr::NonCopyable {
 public:
-    // Calls IoManager::ProgressStart with an empty title, canCancel true and the given flag.
-    explicit CProgress(IoManager& manager, bool hasProportion = true);
+    // Calls IoManager::ProgressStart with an empty title and both flags true. The manager must
+    // outlive the object. What the host throws passes; the display then never started.
+    explicit CProgress(IoManager& manager);
+
+    // Ends the display. An exception of the host is logged and ends here.
     ~CProgress();
 
-    // Shows a status line, formatted as shr::FormatString does.
+    // Shows a status line, formatted as shr::FormatString does. May be called at any time.
     void MessageVA(const wchar_t* format, ...);
 
 private:

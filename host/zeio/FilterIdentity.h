@@ -1,5 +1,7 @@
 // The record by which a host recognises a filter. Its layout is part of the interface: 112 bytes
 // with a UTF-16 name on every system.
+//
+// A filter class has one such record, which is constant and lives as long as the module is loaded.
 #pragma once
 
 #include <cstddef>

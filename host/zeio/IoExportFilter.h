@@ -1,4 +1,8 @@
 // The base of an export filter: slots 7 to 13.
+//
+// Order of calls: BeginExport, ExportObject for each object, EndExport; then again from the start.
+// The same with the two forms to memory. An export that is not ended ends with the filter, and
+// leaves no file.
 #pragma once
 
 #include "host/zeio/IoFilter.h"
@@ -34,7 +38,7 @@ public:
     // TrInitGraphicsExp. The object stays the caller's.
     virtual ExportStatus ExportObject(TrBase& object) = 0;
 
-    // Completes and closes the files.
+    // Completes and closes the files. A write that fails leaves none of them, and is an error.
     virtual ExportStatus EndExport() = 0;
 
     // Base: end what the matching operation above has begun, else throw an InternalError.

@@ -1,4 +1,7 @@
 // The base of an import filter: slots 7 to 12.
+//
+// A filter may be asked about any number of files before, between and after its imports. After an
+// import that has thrown, delete it.
 #pragma once
 
 #include "host/zeio/ImportFileInfo.h"
@@ -19,7 +22,7 @@ public:
     // to know; a filter may not care. Base: empty.
     virtual ImportFileInfo GetFileInfo(int detail, const std::wstring& path);
 
-    // True when objects still come after Import has returned. Base: false.
+    // True when objects still come after Import has returned. Base: false, all have come by then.
     virtual bool HasDelayedImport() const;
 
     // Runs a whole import. Errors leave as exceptions (host/zeio/Errors.h).
@@ -29,7 +32,8 @@ public:
     // last argument says that the bytes are the host's last ones; a spooled import does not care.
     virtual void ImportFromMemory(const unsigned char* bytes, unsigned int count, bool isLast);
 
-    // Hands one object to the host, which copies what it needs before returning.
+    // Called by the filter, not by the program: hands one object to the host, which copies what it
+    // needs before returning. The host may also move parts out of the object or write into it.
     virtual void ImportObject(TrBase& object) const;
 
 protected:

@@ -1,4 +1,8 @@
 // The host object behind one filter: options, progress, warnings and the windows' parent.
+//
+// A program makes one over a host of its own (standalone/IoHost.h) and hands it to the module's
+// factory; the filter calls it. Each operation goes to the host's operation of that name, and what
+// that throws passes through the filter to the program.
 #pragma once
 
 #include "host/platform/Export.h"
@@ -35,7 +39,8 @@ public:
     int Warning(shr::IError::WarnStyle style, const std::wstring& text) const;
 
     // Starts the progress display. The booleans say whether the run may be cancelled and whether
-    // its proportion is known.
+    // its proportion is known. A start while the display runs starts the same display anew: an
+    // export does so at once, when it knows that there will be no proportion.
     void ProgressStart(const std::wstring& title, bool canCancel, bool hasProportion);
     void ProgressProportion(double fraction);        // 0 to 1
     void ProgressIndeterminate();                    // under way, without a proportion

@@ -2,7 +2,10 @@
 //
 // An object is of class C exactly when GetTypeId() is the pointer that C::GetClassTypeId()
 // returns. World coordinates unless a field says otherwise. Whoever made an object owns it; who
-// receives one copies what it needs before returning.
+// receives one copies what it needs before returning. A host may also move parts out of the objects
+// of an import; a filter leaves those of an export as they are.
+//
+// A pen, brush or font applies to the graphic objects behind it, until the next one of its kind.
 #pragma once
 
 #include "host/gcs/CSDef.h"
@@ -22,25 +25,31 @@ namespace zeio {
 class QOLF_HOST_API TrBase {
 public:
     virtual ~TrBase();
+
+    // Returns the record of the object's own class; never null.
     virtual const shr::CTypeInfo* GetTypeId() const = 0;
 
+    // Returns the class's record, the base of all others. Each class below has one likewise.
     static const shr::CTypeInfo* GetClassTypeId();
 };
 
 // The base of what is drawn.
 class QOLF_HOST_API TrGraphics : public TrBase {
 public:
-    // What the coordinates of an import are.
+    // What the coordinates of an import are: in this system always the world's.
     enum class FT_COORDSYS : int { World = 0 };
 
     ~TrGraphics() override;
     static const shr::CTypeInfo* GetClassTypeId();
 
+    // The object's row of values: column name (TrNamedIds) to text. Empty when it has no row.
     shr::CParamList attributes;
 };
 
+// A line through its vertices in order; not closed unless the last vertex is the first.
 class QOLF_HOST_API TrPolyline : public TrGraphics {
 public:
+    TrPolyline();
     ~TrPolyline() override;
     const shr::CTypeInfo* GetTypeId() const override;
     static const shr::CTypeInfo* GetClassTypeId();
@@ -48,20 +57,26 @@ public:
     std::vector<shr::Vec3d> vertices;
 };
 
+// An area of one or more rings. Which of them are holes is not said; a ring may end where it begins
+// or leave that to the reader.
 class QOLF_HOST_API TrPolygon : public TrGraphics {
 public:
+    TrPolygon();
     ~TrPolygon() override;
     const shr::CTypeInfo* GetTypeId() const override;
     static const shr::CTypeInfo* GetClassTypeId();
 
     std::vector<shr::Vec3d> vertices;
 
-    // Vertices per ring, ring after ring; empty means one ring of all vertices.
+    // Vertices per ring, ring after ring; empty means one ring of all vertices. Filters take counts
+    // that don't fit the list as far as they do.
     std::vector<std::int32_t> partSizes;
 };
 
+// Where a marker's symbol is from: a character of a font, or the host's own set.
 enum class SymbolStyle : int { TrueTypeFont = 0, DefaultSymbolSet = 1 };
 
+// The same symbol at one or more positions.
 class QOLF_HOST_API TrMarkerSet : public TrGraphics {
 public:
     TrMarkerSet();  // the default symbol set, size 0, no font, symbol 0
@@ -73,12 +88,14 @@ public:
     SymbolStyle symbolStyle;
     double size;  // world units; 0 is the host's own size
     std::wstring fontName;
-    int symbolIndex;
+    int symbolIndex;  // the character's number less 32, or the symbol's in the set
     std::vector<shr::Vec3d> positions;
 };
 
+// A rectangle along the axes by two opposite corners, in any order.
 class QOLF_HOST_API TrRectangle : public TrGraphics {
 public:
+    TrRectangle();
     ~TrRectangle() override;
     const shr::CTypeInfo* GetTypeId() const override;
     static const shr::CTypeInfo* GetClassTypeId();
@@ -91,9 +108,10 @@ public:
     double radiusY = 0.0;
 };
 
-// The ellipse in a bounding rectangle.
+// The ellipse in a bounding rectangle, which is given as that of TrRectangle.
 class QOLF_HOST_API TrEllipse : public TrGraphics {
 public:
+    TrEllipse();
     ~TrEllipse() override;
     const shr::CTypeInfo* GetTypeId() const override;
     static const shr::CTypeInfo* GetClassTypeId();
@@ -104,6 +122,7 @@ public:
     double y2 = 0.0;
 };
 
+// One line of text at a position, drawn with the last TrFont in the colour of the last TrBrush.
 class QOLF_HOST_API TrText : public TrGraphics {
 public:
     enum class Justify : int { Left = 0, Centre = 1, Right = 2 };
@@ -115,15 +134,17 @@ public:
     static const shr::CTypeInfo* GetClassTypeId();
 
     std::wstring text;
-    shr::Vec3d position;
-    shr::Box2d box{0.0, 0.0, -1.0, -1.0};  // empty until it is set
+    shr::Vec3d position;                   // where the text begins, and what it is turned about
+    shr::Box2d box{0.0, 0.0, -1.0, -1.0};  // of the text before it is turned; empty until it is set
     Justify justify = Justify::Left;
-    int align = 0;  // the vertical alignment; import sets 1
-    shr::Mat4d transform;
+    int align = 0;         // the vertical alignment; import sets 1
+    shr::Mat4d transform;  // turns the text about its position
 };
 
+// How lines are drawn.
 class QOLF_HOST_API TrPen : public TrBase {
 public:
+    // Undefined is what an export filter starts with. Other values are allowed and mean "dashed".
     enum class Style : std::uint16_t { Undefined = 0, Solid = 1, NoLine = 2, CustomDash = 3 };
 
     TrPen();  // style 0, colour (0, 0, 0, 0), width 0
@@ -141,8 +162,10 @@ public:
     std::vector<float> dashes;  // for CustomDash: dash, gap, dash, ...
 };
 
+// How areas are filled; texts take their colour from it.
 class QOLF_HOST_API TrBrush : public TrBase {
 public:
+    // The hatches are drawn in the fore colour. Patterns 3 to 6 are the host's own.
     enum class Pattern : int {
         None = 1,
         Solid = 2,
@@ -168,9 +191,10 @@ public:
 
     Pattern pattern;
     shr::Color4b fore{0, 0, 0, 255};
-    shr::Color4b back{255, 255, 255, 0};
+    shr::Color4b back{255, 255, 255, 0};  // between the lines of a hatch; alpha 0: nothing there
 };
 
+// How texts are drawn.
 class QOLF_HOST_API TrFont : public TrBase {
 public:
     static constexpr std::uint16_t kWeightMask = 0x000F;
@@ -192,7 +216,8 @@ public:
     double widthDivisor = 0.0;  // character width is height / divisor; 0 means height x 0.7
 };
 
-// The coordinate system of what follows.
+// The coordinate system of what follows. An import sends one at most, before the objects; without
+// one the coordinates are those of a plane.
 class QOLF_HOST_API TrCRS : public TrBase {
 public:
     TrCRS();
@@ -205,15 +230,18 @@ public:
     // Keeps a copy of the definition; null takes it away.
     virtual void SetCS(const gcs::CSDef* definition);
 
-    const gcs::CSDef* GetCS() const { return definition_.get(); }  // null: none
+    // Returns the definition, null when there is none. Valid until SetCS, or until the object goes.
+    const gcs::CSDef* GetCS() const { return definition_.get(); }
 
 private:
     std::unique_ptr<gcs::CSDef> definition_;
 };
 
-// The attribute columns, in order.
+// The attribute columns, in order. Comes before the objects that have values in them; without one
+// there are no columns.
 class QOLF_HOST_API TrNamedIds : public TrBase {
 public:
+    TrNamedIds();
     ~TrNamedIds() override;
     const shr::CTypeInfo* GetTypeId() const override;
     static const shr::CTypeInfo* GetClassTypeId();
@@ -221,7 +249,7 @@ public:
     std::vector<std::wstring> names;
 };
 
-// The first object of an import.
+// The first object of an import. A filter that does not know the extent sends two equal corners.
 class QOLF_HOST_API TrInitGraphicsImp : public TrBase {
 public:
     TrInitGraphicsImp(const shr::Vec3d& minCorner, const shr::Vec3d& maxCorner,
@@ -230,12 +258,13 @@ public:
     const shr::CTypeInfo* GetTypeId() const override;
     static const shr::CTypeInfo* GetClassTypeId();
 
-    shr::Vec3d min;
+    shr::Vec3d min;  // corners of the drawing's extent
     shr::Vec3d max;
     TrGraphics::FT_COORDSYS kind;
 };
 
-// The first object of an export: the host's questions, and the filter's answers.
+// The first object of an export: the host fills in what it knows and hands it over, and the filter
+// writes its answers into it.
 class QOLF_HOST_API TrInitGraphicsExp : public TrBase {
 public:
     TrInitGraphicsExp();
@@ -244,10 +273,14 @@ public:
     static const shr::CTypeInfo* GetClassTypeId();
 
     std::uint8_t codes[4] = {0, 0, 0, 0};  // the filter's answer
-    std::uint32_t capabilities = 0;        // the filter's answer
-    double scale = 0.0;                    // 0: not stated
-    double unitsPerPoint = 0.0;            // world units per typographic point; 0: not stated
-    shr::Box3d extent;                     // of the drawing; min above max: not known
+
+    // The filter's answer: bit 0 when texts are wanted, bit 1 when markers are. A host asks them
+    // before it sends any. The other bits are always the same.
+    std::uint32_t capabilities = 0;
+
+    double scale = 0.0;          // 0: not stated
+    double unitsPerPoint = 0.0;  // world units per typographic point; 0: not stated
+    shr::Box3d extent;           // of the drawing; min above max: not known
 };
 
 }  // namespace zeio

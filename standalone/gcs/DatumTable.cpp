@@ -91,8 +91,10 @@ constexpr DatumRow kDatums[] = {
     {L"DATUM_NAD27_GREENLAND", L"North American 1927 (Greenland)", kThree, kClarke1866, {11.0, 114.0, 195.0}},  // EPSG:1186
     {L"DATUM_NAD27_MEXICO", L"North American 1927 (Mexico)", kThree, kClarke1866, {-12.0, 130.0, 190.0}},  // EPSG:1187
     {L"DATUM_NAD83", L"North American 1983 (NAD 83)", kNone, kGRS80, {}},  // EPSG:1188
-    {L"DATUM_NTF_PARIS", L"Nouvelle Triangulation Francaise, Paris meridian", kThree, kClarke1880ForIGN, {-168.0, -60.0, 320.0, 0.0, 0.0, 0.0, 0.0, 2.33722917}},  // EPSG:1193
-    {L"DATUM_NTF_GREENWICH", L"Nouvelle Triangulation Francaise, Greenwich meridian", kThree, kClarke1880ForIGN, {-168.0, -60.0, 320.0}},  // EPSG:1193
+    // Kept: the tokens of these two name each other's meridian. Files count the longitudes of code
+    // 107 from Greenwich and those of 1002 from Paris (Lambert zones with the origin 0).
+    {L"DATUM_NTF_PARIS", L"Nouvelle Triangulation Francaise, Greenwich meridian", kThree, kClarke1880ForIGN, {-168.0, -60.0, 320.0}},  // EPSG:1193
+    {L"DATUM_NTF_GREENWICH", L"Nouvelle Triangulation Francaise, Paris meridian", kThree, kClarke1880ForIGN, {-168.0, -60.0, 320.0, 0.0, 0.0, 0.0, 0.0, 2.33722917}},  // EPSG:1193
     {L"DATUM_OLD_EGYPTIAN", L"Old Egyptian 1907", kThree, kHelmert1906, {-130.0, 110.0, -13.0}},  // EPSG:1148
     {L"DATUM_OLD_HAWAIIAN_MEAN", L"Old Hawaiian (mean)", kThree, kClarke1866, {61.0, -285.0, -181.0}},  // EPSG:15824
     {L"DATUM_OMAN", L"Oman (Fahud)", kThree, kClarke1880, {-346.0, -1.0, 224.0}},  // EPSG:1256

@@ -14,14 +14,15 @@ constexpr double kFullTurn = 2.0 * std::numbers::pi;
 // The sine of an angle below which two directions are one: a few roundings.
 constexpr double kSameDirection = 8.0 * std::numeric_limits<double>::epsilon();
 
+// Without width or height, or both, it is flat: a line that is run along to and fro, or a point.
 struct Ellipse {
     shr::Vec2d centre;
     double radiusX;
     double radiusY;
 
-    bool IsUsable() const {
+    bool IsFinite() const {
         return std::isfinite(centre.x) && std::isfinite(centre.y) && std::isfinite(radiusX) &&
-               std::isfinite(radiusY) && radiusX > 0.0 && radiusY > 0.0;
+               std::isfinite(radiusY);
     }
 
     // A point by its position on the unit circle that the ellipse is stretched from.
@@ -39,12 +40,15 @@ Ellipse EllipseIn(const shr::Box2d& box) {
 }
 
 // The point of the unit circle that is stretched to the ellipse's point in the direction of a
-// point; not finite when there is no direction.
+// point. A flat ellipse has no such point of its own, so there the direction is that of the circle.
 shr::Vec2d UnitTowards(const Ellipse& ellipse, const shr::Vec2d& point) {
-    const double x = (point.x - ellipse.centre.x) / ellipse.radiusX;
-    const double y = (point.y - ellipse.centre.y) / ellipse.radiusY;
+    const bool isFlat = ellipse.radiusX == 0.0 || ellipse.radiusY == 0.0;
+    const double x = (point.x - ellipse.centre.x) / (isFlat ? 1.0 : ellipse.radiusX);
+    const double y = (point.y - ellipse.centre.y) / (isFlat ? 1.0 : ellipse.radiusY);
     const double length = std::hypot(x, y);
-    return {x / length, y / length};
+    const shr::Vec2d unit{x / length, y / length};
+    constexpr shr::Vec2d kAngleZero{1.0, 0.0};
+    return std::isfinite(unit.x + unit.y) ? unit : kAngleZero;
 }
 
 // The turn from one unit vector to another: above 0, at most a full one.
@@ -74,14 +78,11 @@ shr::Box2d BoxOf(const shr::Vec2d* points, int count) {
 bool ArcToCurve(const shr::Box2d& box, const shr::Vec2d& start, const shr::Vec2d& end, int count,
                 shr::Vec2d* points, shr::Box2d* bounds) {
     const Ellipse ellipse = EllipseIn(box);
-    if (count < 2 || !ellipse.IsUsable()) {
+    if (count < 2 || !ellipse.IsFinite()) {
         return false;
     }
     const shr::Vec2d first = UnitTowards(ellipse, start);
     const shr::Vec2d last = UnitTowards(ellipse, end);
-    if (!std::isfinite(first.x + first.y + last.x + last.y)) {
-        return false;
-    }
     const double startAngle = std::atan2(first.y, first.x);
     const double step = CounterClockwiseTurn(first, last) / (count - 1);
     for (int i = 1; i < count - 1; ++i) {

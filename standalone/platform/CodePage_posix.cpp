@@ -1,6 +1,6 @@
 #include "standalone/platform/CodePage.h"
 
-#include "standalone/Utf8.h"
+#include "host/platform/Utf8.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -109,7 +109,7 @@ bool HasCodePage(const std::string& name) {
 }
 
 std::wstring DecodeCodePage(const std::string& name, std::string_view bytes) {
-    constexpr wchar_t replacement = kReplacementCharacter;
+    constexpr wchar_t replacement = platform::kReplacementCharacter;
     Converters& converters = ConvertersFor(name);
     if (!converters.AreOpen()) {
         std::wstring text;

@@ -1,9 +1,9 @@
 #include "standalone/platform/CodePage.h"
 
 #include "host/platform/Stdio.h"
+#include "host/platform/Utf8.h"
 #include "host/platform/WindowSystem.h"
 #include "standalone/Text.h"
-#include "standalone/Utf8.h"
 
 #include <charconv>
 #include <optional>
@@ -81,7 +81,7 @@ std::wstring DecodePiecewise(UINT codePage, std::string_view bytes) {
             text += *piece;
             position += size;
         } else {
-            AppendWide(text, kReplacementCharacter);
+            platform::AppendWide(text, platform::kReplacementCharacter);
             ++position;
         }
     }
@@ -107,7 +107,8 @@ std::string EncodePiecewise(UINT codePage, std::wstring_view text) {
     std::string bytes;
     for (std::size_t position = 0; position < text.size();) {
         const std::size_t start = position;
-        static_cast<void>(DecodeWide(text, position));  // a surrogate pair is one character
+        static_cast<void>(
+            platform::DecodeWide(text, position));  // a surrogate pair is one character
         bytes += EncodeValid(codePage, text.substr(start, position - start)).value_or("?");
     }
     return bytes;
@@ -127,8 +128,9 @@ std::wstring DecodeCodePage(const std::string& name, std::string_view bytes) {
     if (!codePage) {
         std::wstring text;
         for (const char byte : bytes) {
-            AppendWide(text, static_cast<unsigned char>(byte) < 0x80 ? static_cast<char32_t>(byte)
-                                                                     : kReplacementCharacter);
+            platform::AppendWide(text, static_cast<unsigned char>(byte) < 0x80
+                                           ? static_cast<char32_t>(byte)
+                                           : platform::kReplacementCharacter);
         }
         return text;
     }
@@ -144,7 +146,7 @@ std::string EncodeCodePage(const std::string& name, std::wstring_view text) {
     if (!codePage) {
         std::string bytes;
         for (std::size_t position = 0; position < text.size();) {
-            const char32_t codePoint = DecodeWide(text, position);
+            const char32_t codePoint = platform::DecodeWide(text, position);
             bytes += codePoint < 0x80 ? static_cast<char>(codePoint) : '?';
         }
         return bytes;

@@ -1,7 +1,7 @@
 #include "host/shr/Files.h"
 
+#include "host/platform/PathLookup.h"
 #include "host/platform/Stdio.h"
-#include "standalone/platform/PathLookup.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -29,7 +29,7 @@ bool IsFileReadable(const std::wstring& path) {
 
 long long GetFileSize(const std::wstring& path) {
     struct stat status;
-    const std::string found = standalone::FindIgnoringCase(SystemPath(path));
+    const std::string found = platform::FindIgnoringCase(SystemPath(path));
     if (found.empty() || stat(found.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return 0;
     }

@@ -1,8 +1,8 @@
 #include "host/shr/Files.h"
 
 #include "host/platform/Stdio.h"
+#include "host/platform/SystemPath.h"
 #include "host/platform/WindowSystem.h"
-#include "standalone/platform/SystemPath.h"
 
 namespace shr {
 
@@ -17,7 +17,7 @@ bool IsFileReadable(const std::wstring& path) {
 
 long long GetFileSize(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA facts;
-    if (GetFileAttributesExW(standalone::SystemPath(path).c_str(), GetFileExInfoStandard, &facts) ==
+    if (GetFileAttributesExW(platform::SystemPath(path).c_str(), GetFileExInfoStandard, &facts) ==
             0 ||
         (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         return 0;
@@ -29,7 +29,7 @@ long long GetFileSize(const std::wstring& path) {
 }
 
 bool RemoveFile(const std::wstring& path) {
-    return DeleteFileW(standalone::SystemPath(path).c_str()) != 0;
+    return DeleteFileW(platform::SystemPath(path).c_str()) != 0;
 }
 
 }  // namespace shr

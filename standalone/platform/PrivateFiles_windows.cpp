@@ -1,7 +1,7 @@
 #include "standalone/platform/PrivateFiles.h"
 
+#include "host/platform/SystemPath.h"
 #include "host/platform/WindowSystem.h"
-#include "standalone/platform/SystemPath.h"
 
 #include <random>
 #include <system_error>
@@ -21,8 +21,8 @@ class FileHandle {
 public:
     // disposition: CREATE_NEW, OPEN_EXISTING, ...
     FileHandle(const fs::path& path, DWORD access, DWORD sharing, DWORD disposition)
-        : handle_(CreateFileW(SystemPath(path.wstring()).c_str(), access, sharing, nullptr,
-                              disposition, FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+        : handle_(CreateFileW(platform::SystemPath(path.wstring()).c_str(), access, sharing,
+                              nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr)) {}
     ~FileHandle() { static_cast<void>(Close()); }
     FileHandle(const FileHandle&) = delete;
     FileHandle& operator=(const FileHandle&) = delete;
@@ -57,7 +57,7 @@ private:
 
 // The file that a link leads to, or the path itself.
 fs::path LinkTarget(const fs::path& path) {
-    const DWORD attributes = GetFileAttributesW(SystemPath(path.wstring()).c_str());
+    const DWORD attributes = GetFileAttributesW(platform::SystemPath(path.wstring()).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
         return path;
     }
@@ -83,7 +83,7 @@ std::wstring RandomName() {
 // The temporary folder lies in the user's profile, which no other user can look into.
 PrivateFolder::PrivateFolder() {
     path_ = fs::temp_directory_path() / (L"qolf-" + RandomName());
-    if (CreateDirectoryW(SystemPath(path_.wstring()).c_str(), nullptr) == 0) {
+    if (CreateDirectoryW(platform::SystemPath(path_.wstring()).c_str(), nullptr) == 0) {
         ThrowSystemError(path_);
     }
 }
@@ -113,13 +113,13 @@ bool ReplaceContents(const fs::path& path, std::string_view bytes) {
     if (!file.IsOpen()) {
         return false;
     }
-    const bool isWritten =
-        file.Write(bytes) && file.Sync() && file.Close() &&
-        MoveFileExW(SystemPath(temporary.wstring()).c_str(), SystemPath(target.wstring()).c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    const bool isWritten = file.Write(bytes) && file.Sync() && file.Close() &&
+                           MoveFileExW(platform::SystemPath(temporary.wstring()).c_str(),
+                                       platform::SystemPath(target.wstring()).c_str(),
+                                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
     if (!isWritten) {
         static_cast<void>(file.Close());  // the failure is known
-        DeleteFileW(SystemPath(temporary.wstring()).c_str());
+        DeleteFileW(platform::SystemPath(temporary.wstring()).c_str());
     }
     return isWritten;
 }

@@ -32,19 +32,35 @@ struct CParamList::Names {
     }
 };
 
-namespace {
+// What the thread's last complete list leaves to the next one.
+struct CParamList::Memory {
+    std::shared_ptr<Names> names;  // null until a list with names was complete
 
-// Set when a thread's memory of names is gone: lists in static storage outlive it.
-thread_local bool isMemoryGone = false;
+    // The last list's own reference to them, and its entries without their values. One list after
+    // the other passes these on, which takes neither an allocation nor a count of references.
+    std::shared_ptr<Names> spareNames;
+    std::vector<Entry> spareEntries;
 
-// The names of the thread's last complete list, for the next one to start with.
-struct NamesMemory {
-    std::shared_ptr<void> last;
-    ~NamesMemory() { isMemoryGone = true; }
+    // Null before the first list of the thread and once the thread is at its end: lists in static
+    // storage outlive the memory.
+    static Memory* OfThread();
 };
-thread_local NamesMemory namesMemory;
 
-}  // namespace
+CParamList::Memory* CParamList::Memory::OfThread() {
+    // Plain values, because a thread's objects with a destructor take a longer way to reach.
+    static constinit thread_local Memory* memory = nullptr;
+    static constinit thread_local bool isMade = false;
+    if (!isMade) {
+        static thread_local Memory owned;
+        static thread_local struct AtEnd {
+            ~AtEnd() { memory = nullptr; }
+        } atEnd;
+        static_cast<void>(atEnd);
+        memory = &owned;
+        isMade = true;
+    }
+    return memory;
+}
 
 CParamList::Entry::Entry(const Entry& other)
     : narrow(other.narrow),
@@ -58,7 +74,7 @@ CParamList::Entry& CParamList::Entry::operator=(const Entry& other) {
 CParamList::CParamList() = default;
 
 CParamList::~CParamList() {
-    RememberNames();
+    LeaveMemory();
 }
 
 CParamList::CParamList(const CParamList& other) : names_(other.names_), entries_(other.entries_) {
@@ -75,7 +91,7 @@ CParamList::CParamList(CParamList&& other) noexcept
 
 CParamList& CParamList::operator=(const CParamList& other) {
     if (this != &other) {
-        RememberNames();
+        LeaveMemory();
         names_ = other.names_;
         entries_ = other.entries_;
         nextHint_ = 0;
@@ -88,7 +104,7 @@ CParamList& CParamList::operator=(const CParamList& other) {
 
 CParamList& CParamList::operator=(CParamList&& other) noexcept {
     if (this != &other) {
-        RememberNames();
+        LeaveMemory();
         names_ = std::move(other.names_);
         entries_ = std::move(other.entries_);
         other.entries_.clear();
@@ -139,18 +155,39 @@ std::string CParamList::NarrowValue(std::size_t index) const {
 }
 
 void CParamList::Clear() {
-    RememberNames();
+    LeaveMemory();
     names_.reset();
     entries_.clear();
     nextHint_ = 0;
 }
 
-void CParamList::RememberNames() noexcept {
-    if (!names_ || isMemoryGone || namesMemory.last == names_) {
+void CParamList::LeaveMemory() noexcept {
+    Memory* const memory = names_ ? Memory::OfThread() : nullptr;
+    if (memory == nullptr) {
         return;
     }
-    names_->Share();
-    namesMemory.last = names_;
+    if (memory->names != names_) {
+        names_->Share();
+        memory->names = names_;
+    }
+    memory->spareNames = std::move(names_);
+    if (memory->spareEntries.capacity() < entries_.capacity()) {
+        entries_.clear();
+        memory->spareEntries.swap(entries_);
+    }
+}
+
+// Starts with what the last list has left.
+void CParamList::TakeMemory() {
+    Memory* const memory = Memory::OfThread();
+    if (memory == nullptr || !memory->names) {
+        return;
+    }
+    names_ = memory->spareNames ? std::move(memory->spareNames) : memory->names;
+    if (entries_.capacity() < memory->spareEntries.capacity()) {
+        entries_.swap(memory->spareEntries);
+    }
+    entries_.reserve(names_->inOrder.size());
 }
 
 std::size_t CParamList::IndexOf(const std::wstring& name) const {
@@ -165,8 +202,8 @@ std::size_t CParamList::IndexOf(const std::wstring& name) const {
 // Rows of a table set the same names in the same order, so the name behind the last one is tried
 // first: among the list's own, then among those that the names hold in reserve.
 CParamList::Entry& CParamList::EntryFor(const std::wstring& name) {
-    if (!names_ && !isMemoryGone) {
-        names_ = std::static_pointer_cast<Names>(namesMemory.last);
+    if (!names_) {
+        TakeMemory();
     }
     const bool isExpected =
         names_ && nextHint_ < names_->inOrder.size() && names_->inOrder[nextHint_] == name;

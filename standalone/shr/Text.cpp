@@ -1,8 +1,8 @@
 #include "host/shr/Text.h"
 
 #include "host/platform/Stdio.h"
+#include "host/platform/Utf8.h"
 #include "standalone/CodePages.h"
-#include "standalone/Utf8.h"
 #include "standalone/platform/CodePage.h"
 
 #include <algorithm>
@@ -107,7 +107,7 @@ std::string Encode1252(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());
     for (std::size_t position = 0; position < text.size();) {
-        bytes += Encode1252(standalone::DecodeWide(text, position));
+        bytes += Encode1252(platform::DecodeWide(text, position));
     }
     return bytes;
 }

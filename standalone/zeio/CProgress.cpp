@@ -14,8 +14,8 @@ constexpr int kEndFailed = 1;  // the origin "line" of an exception that the des
 
 }  // namespace
 
-CProgress::CProgress(IoManager& manager, bool hasProportion) : manager_(manager) {
-    manager_.ProgressStart({}, /*canCancel=*/true, hasProportion);
+CProgress::CProgress(IoManager& manager) : manager_(manager) {
+    manager_.ProgressStart({}, /*canCancel=*/true, /*hasProportion=*/true);
 }
 
 CProgress::~CProgress() {

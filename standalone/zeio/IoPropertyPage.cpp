@@ -7,7 +7,13 @@ namespace zeio {
 IoPropertyPage::IoPropertyPage(const std::wstring& name, IoManager& manager)
     : name_(name), manager_(manager) {}
 
-IoPropertyPage::~IoPropertyPage() = default;
+// A page may go before the window that shows it: the filter deletes it when an export begins. What
+// the window is sent from then on finds no page.
+IoPropertyPage::~IoPropertyPage() {
+    if (window_ != nullptr) {
+        SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    }
+}
 
 const shr::CTypeInfo* IoPropertyPage::GetTypeId() const {
     return GetClassTypeId();

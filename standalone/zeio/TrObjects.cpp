@@ -27,6 +27,8 @@ const shr::CTypeInfo* TrGraphics::GetClassTypeId() {
     return &type;
 }
 
+TrPolyline::TrPolyline() = default;
+
 TrPolyline::~TrPolyline() = default;
 
 const shr::CTypeInfo* TrPolyline::GetTypeId() const {
@@ -38,6 +40,8 @@ const shr::CTypeInfo* TrPolyline::GetClassTypeId() {
                                      TrGraphics::GetClassTypeId());
     return &type;
 }
+
+TrPolygon::TrPolygon() = default;
 
 TrPolygon::~TrPolygon() = default;
 
@@ -68,6 +72,8 @@ const shr::CTypeInfo* TrMarkerSet::GetClassTypeId() {
     return &type;
 }
 
+TrRectangle::TrRectangle() = default;
+
 TrRectangle::~TrRectangle() = default;
 
 const shr::CTypeInfo* TrRectangle::GetTypeId() const {
@@ -79,6 +85,8 @@ const shr::CTypeInfo* TrRectangle::GetClassTypeId() {
                                      TrGraphics::GetClassTypeId());
     return &type;
 }
+
+TrEllipse::TrEllipse() = default;
 
 TrEllipse::~TrEllipse() = default;
 
@@ -193,6 +201,8 @@ const shr::CTypeInfo* TrCRS::GetClassTypeId() {
     static const shr::CTypeInfo type(L"TrCRS", &Create<TrCRS>, TrBase::GetClassTypeId());
     return &type;
 }
+
+TrNamedIds::TrNamedIds() = default;
 
 TrNamedIds::~TrNamedIds() = default;
 

@@ -106,7 +106,7 @@ TEST_F(RunChildren, TellsAnExceptionAsACrash) {
 }
 
 TEST_F(RunChildren, PassesASignalOnAndStartsNothingMore) {
-    const std::string scripts = "kill -TERM $PPID; sleep 60";
+    const std::string scripts = "kill -TERM $PPID; exec sleep 60";
 
     const int signalNumber = Run({scripts, "true", "true"}, 1);
 

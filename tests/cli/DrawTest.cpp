@@ -100,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         RefusalRow{"AMissingFile", {"draw", "missing.mif", "o.png"}, 1, "missing.mif: can't open"},
         RefusalRow{"AnEmptyFile", {"draw", "empty.mif", "o.png"}, 1, "'qolf check empty.mif'"},
-        RefusalRow{"AFolder", {"draw", ".", "o.png"}, 1, ".: can't open"},
+        RefusalRow{"ABadFileOfAFolder", {"draw", ".", "o.png"}, 1, "empty.mif"},
         RefusalRow{"AMissingPicture", {"draw", "empty.mif"}, 2, "as the last one, the picture"},
         RefusalRow{"AnUnknownExtension", {"draw", "empty.mif", "o.jpg"}, 2, ".svg, .png or .pdf"},
         RefusalRow{"AFolderThatIsNotThere",

@@ -123,7 +123,7 @@ const DatumRow kDatums[] = {
     {"Wgs84", "104"},
     {"Ed50", "28"},
     {"Dhdn", "1000"},
-    {"ParisMeridian", "107"},
+    {"ParisMeridian", "1002"},
     {"Custom999", "999, 10, 374, 150, 588"},
     {"Custom9999", "9999, 3, 24, -123, -94, -0.02, 0.25, 0.13, 1.1, 10.5"},
 };
@@ -165,6 +165,19 @@ INSTANTIATE_TEST_SUITE_P(
         ClauseRow{"SevenNumbersOfThreeAndAMeridian",
                   "Projection 1, 9999, 10, 1, 2, 3, 0, 0, 0, 0, 10", "Projection 1, 104"}),
     [](const auto& row) { return row.param.name; });
+
+TEST(ALambertZoneWithCode1002, CountsItsLongitudesFromParis) {
+    const gcs::GCSDef system = Read("Projection 3, 1002, \"m\", 0, 46.8, 45.898918964419, "
+                                    "47.696014502038, 600000, 2200000");
+    std::vector<double> x{600000};
+    std::vector<double> y{2400000};
+
+    ASSERT_EQ(app::CoordinateTransformer(system).ToWgs84(x, y), 0U);
+
+    // By the formulas of the projection and of the shift, in a program of its own.
+    EXPECT_NEAR(x[0], 2.336509267, 1e-8);
+    EXPECT_NEAR(y[0], 48.598672391, 1e-8);
+}
 
 struct ExportRow {
     std::string name;
@@ -209,6 +222,9 @@ const ExportRow kExports[] = {
     {"EqualAreaAzimuthal", "+proj=laea +lat_0=52 +lon_0=10 +datum=WGS84", "Projection 4, 104, \"m\", 10, 52, 90"},
     {"EquidistantAzimuthal", "+proj=aeqd +lat_0=52 +lon_0=10 +datum=WGS84", "Projection 5, 104, \"m\", 10, 52, 90"},
     {"SwissOblique", "EPSG:21781", "Projection 7, 1003, \"m\", 7.439583333333333, 46.95240555555556, 90, 1, -9419820.590750868, 199999.9999999994"},
+    {"FranceFromTheParisMeridian", "EPSG:27572", "Projection 3, 1002, \"m\", 0, 46.8, 45.89891896434354, 47.69601450210536, 600000, 2200000"},
+    {"FranceInGrads", "EPSG:4807", "Projection 1, 1002"},
+    {"FranceFromGreenwich", "EPSG:4275", "Projection 1, 107"},
     {"DatumOfItsOwn", "EPSG:2100", "Projection 8, 999, 28, -199.87, 74.79000000000001, 246.62, \"m\", 24, 0, 0.9996, 500000, 0"},
     {"MeridianOfGeographic", "+proj=longlat +ellps=bessel +pm=10 +towgs84=1,2,3", "Projection 1, 9999, 10, 1, 2, 3, 0, 0, 0, 0, 10"},
 };

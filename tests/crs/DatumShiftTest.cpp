@@ -139,7 +139,7 @@ TEST(ADatumShift, FollowsTheProjection) {
 }
 
 TEST(ADatumShift, AddsThePrimeMeridianToGeographicCoordinates) {
-    const Place place = ToWgs84(KnownDatum(L"DATUM_NTF_PARIS"), 0.1, 48.8);
+    const Place place = ToWgs84(KnownDatum(L"DATUM_NTF_GREENWICH"), 0.1, 48.8);
 
     EXPECT_NEAR(place.longitude, 2.43651043513, kMillimetreInDegrees);
     EXPECT_NEAR(place.latitude, 48.79993160291, kMillimetreInDegrees);
@@ -154,7 +154,8 @@ TEST(ADatumShift, AddsThePrimeMeridianToTheCentralLongitude) {
                                          {4, 600000.0},
                                          {5, 2200000.0}});
 
-    const Place place = ToWgs84(System(lambert, KnownDatum(L"DATUM_NTF_PARIS")), 600000, 2400000);
+    const Place place =
+        ToWgs84(System(lambert, KnownDatum(L"DATUM_NTF_GREENWICH")), 600000, 2400000);
 
     EXPECT_NEAR(place.longitude, 2.33650926366, kMillimetreInDegrees);
     EXPECT_NEAR(place.latitude, 48.59867239049, kMillimetreInDegrees);

@@ -58,7 +58,7 @@ TEST_P(ACode, PassesTheChecksOfTheWriter) {
 const CodeRow kCodes[] = {
     {"Geographic", "EPSG:4326", 1, {{3, 1}}, L"DATUM_WGS84"},
     {"GeographicWithHeight", "EPSG:4979", 1, {{3, 1}}, L"DATUM_WGS84"},
-    {"GeographicInGrads", "EPSG:4807", 1, {{3, 1}}, L"DATUM_NTF_PARIS"},
+    {"GeographicInGrads", "EPSG:4807", 1, {{3, 1}}, L"DATUM_NTF_GREENWICH"},
     {"Estonia", "EPSG:3301", 16, {{3, 1}, {4, 500000}, {5, 6375000}, {6, 24}, {7, 24}, {9, 57.5175539305556}, {10, 59.3333333333333}, {11, 58}}, L"DATUM_GRS80EUREF89_BURSA"},
     {"Finland", "EPSG:3067", 25, {{4, 500000}, {5, 0}, {6, 27}, {9, 0}, {12, 0.9996}}, L"DATUM_GRS80EUREF89_BURSA"},
     {"Utm32", "EPSG:25832", 25, {{4, 500000}, {5, 0}, {6, 9}, {9, 0}, {12, 0.9996}}, L"DATUM_GRS80EUREF89_BURSA"},

@@ -152,7 +152,7 @@ INSTANTIATE_TEST_SUITE_P(
                        KnownDatum(L"DATUM_EPSG_CRS4055_DAT6055_OP15973")),
                 3857},
         CodeRow{"WithGradsInTheRegister",
-                System(LongitudeLatitude(), KnownDatum(L"DATUM_NTF_PARIS")), 0},
+                System(LongitudeLatitude(), KnownDatum(L"DATUM_NTF_GREENWICH")), 0},
         CodeRow{"OfADatumOfItsOwn", System(LongitudeLatitude(), OwnDatum()), 0},
         CodeRow{"WithACentreOfItsOwn", Utm(L"DATUM_WGS84", 9.5), 0}),
     [](const auto& row) { return row.param.name; });

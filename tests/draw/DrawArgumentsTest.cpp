@@ -25,7 +25,7 @@ std::string RefusalOf(const app::DrawArguments& arguments) {
 TEST(DrawOptions, TakeTheLastFileAsThePicture) {
     const app::DrawOptions options = app::CheckedDrawOptions(Arguments());
 
-    EXPECT_EQ(options.inputs, (std::vector<std::string>{"a.mif", "b.mif"}));
+    EXPECT_EQ(options.map.paths, (std::vector<std::string>{"a.mif", "b.mif"}));
     EXPECT_EQ(options.output, "map.svg");
     EXPECT_EQ(options.format, app::PictureFormat::Svg);
 }
@@ -33,11 +33,11 @@ TEST(DrawOptions, TakeTheLastFileAsThePicture) {
 TEST(DrawOptions, KeepTheFirstLayersSystemUnlessToldOtherwise) {
     app::DrawArguments arguments = Arguments();
 
-    EXPECT_EQ(app::CheckedDrawOptions(arguments).crs, "");
+    EXPECT_EQ(app::CheckedDrawOptions(arguments).map.crs, "");
     arguments.crs = "wgs84";
-    EXPECT_EQ(app::CheckedDrawOptions(arguments).crs, "EPSG:4326");
+    EXPECT_EQ(app::CheckedDrawOptions(arguments).map.crs, "EPSG:4326");
     arguments.crs = "EPSG:3301";
-    EXPECT_EQ(app::CheckedDrawOptions(arguments).crs, "EPSG:3301");
+    EXPECT_EQ(app::CheckedDrawOptions(arguments).map.crs, "EPSG:3301");
 }
 
 TEST(DrawOptions, PutTheCornersOfABoxInOrder) {
@@ -83,8 +83,6 @@ INSTANTIATE_TEST_SUITE_P(
                    "a picture for standard output needs --format svg, png or pdf"},
         RefusalRow{"AnUnknownFormat", [](auto& a) { a.format = "gif"; },
                    "--format must be svg, png or pdf; found 'gif'"},
-        RefusalRow{"StandardInput", [](auto& a) { a.files[1] = "-"; },
-                   "a MIF file can't come from standard input: its .mid stands beside it"},
         RefusalRow{"AHugeWidth", [](auto& a) { a.width = 20000; },
                    "--width must be from 1 to 16384 pixels; found 20000"},
         RefusalRow{"NoWidth", [](auto& a) { a.width = 0; },

@@ -43,12 +43,12 @@ protected:
     app::DrawOptions Options(std::initializer_list<std::string> inputs) const {
         app::DrawOptions options;
         for (const std::string& input : inputs) {
-            options.inputs.push_back((folder_.path() / input).string());
+            options.map.paths.push_back((folder_.path() / input).string());
         }
         options.output = (folder_.path() / "map.png").string();
         options.format = app::PictureFormat::Png;
         options.page.width = 100;
-        options.modulePath = QOLF_MODULE;
+        options.map.modulePath = QOLF_MODULE;
         return options;
     }
 
@@ -198,7 +198,7 @@ TEST_F(Draw, MovesEveryFileIntoANamedSystem) {
     WriteMap("metres.mif", kUtmHeader,
              "Rect 480000 90000 520000 130000\n  Pen (1,1,0)\n  Brush (2,255)\n");
     app::DrawOptions options = Options({"metres.mif"});
-    options.crs = "EPSG:4326";
+    options.map.crs = "EPSG:4326";
     options.bbox = shr::Box2d{26.9, 0.9, 27.1, 1.1};
 
     EXPECT_EQ(Run(options), 0);
@@ -219,7 +219,7 @@ TEST_F(Draw, SaysWhichFileCannotBePlaced) {
 TEST_F(Draw, SaysWhatIsWrongWithANamedSystem) {
     WriteMap("a.mif", kDegreesHeader, "Point 26 0\n");
     app::DrawOptions options = Options({"a.mif"});
-    options.crs = "EPSG:999999";
+    options.map.crs = "EPSG:999999";
 
     EXPECT_TRUE(FailureOf(options).starts_with("--crs EPSG:999999: "));
     EXPECT_EQ(FilesLeft(), (std::vector<std::string>{"a.mif"}));
@@ -318,7 +318,7 @@ TEST_F(Draw, ReplacesAPictureWhenToldSo) {
     EXPECT_EQ(PixelAt(50, 50), kRed);
 }
 
-TEST_F(Draw, WarnsOnceThoughItReadsTwice) {
+TEST_F(Draw, WarnsOnce) {
     folder_.Write("a.mif", "Version 1200\nDelimiter \",\"\nCoordSys NonEarth Units \"m\"\nColumns "
                            "1\n  id Integer\nData\n\nPoint 1 1\n");
 
@@ -330,6 +330,87 @@ TEST_F(Draw, WarnsOnceThoughItReadsTwice) {
     const std::string messages = Messages();
     EXPECT_NE(messages.find("MIF version 1200 is not supported."), std::string::npos);
     EXPECT_EQ(messages.find("not supported"), messages.rfind("not supported")) << messages;
+}
+
+TEST_F(Draw, HonoursTheSimpleStylesOfGeoJson) {
+    folder_.Write("a.geojson", R"({"type":"Feature","properties":{"fill":"#ff0000",
+        "fill-opacity":1,"stroke-width":0},"geometry":{"type":"Polygon",
+        "coordinates":[[[0,0],[1,0],[1,1],[0,1],[0,0]]]}})");
+
+    EXPECT_EQ(Run(Options({"a.geojson"})), 0);
+
+    EXPECT_EQ(PixelAt(50, 50), kRed);
+}
+
+TEST_F(Draw, MixesFormats) {
+    WriteMap("metres.mif", kUtmHeader,
+             "Rect 480000 90000 520000 130000\n  Pen (1,1,0)\n  Brush (2,255)\n");
+    folder_.Write("a.geojson", R"({"type":"Feature","properties":{"fill":"#ff0000",
+        "fill-opacity":1},"geometry":{"type":"Polygon",
+        "coordinates":[[[26,0],[28,0],[28,2],[26,2],[26,0]]]}})");
+
+    EXPECT_EQ(Run(Options({"a.geojson", "metres.mif"})), 0);
+
+    EXPECT_EQ(PixelAt(50, 50), kBlue);
+    EXPECT_EQ(PixelAt(10, 50), kRed);
+}
+
+TEST_F(Draw, TakesTheFilesOfAFolder) {
+    std::filesystem::create_directories(folder_.path() / "maps" / "deep");
+    WriteMap("maps/a.mif", kPlaneHeader, kRedRectangle);
+    WriteMap("maps/deep/b.mif", kPlaneHeader, kBlueInside);
+
+    EXPECT_EQ(Run(Options({"maps"})), 0);
+
+    EXPECT_EQ(PixelAt(50, 50), kBlue);
+    EXPECT_EQ(PixelAt(20, 50), kRed);
+}
+
+TEST_F(Draw, SaysThatAFolderHoldsNoMap) {
+    std::filesystem::create_directories(folder_.path() / "empty");
+
+    EXPECT_EQ(FailureOf(Options({"empty"})),
+              (folder_.path() / "empty").string() + ": holds no map");
+}
+
+TEST_F(Draw, LeavesRoomForSymbolsAndPensAtTheEdge) {
+    folder_.Write("a.geojson", R"({"type":"FeatureCollection","features":[
+        {"type":"Feature","properties":{"marker-color":"#0000ff","marker-size":"large"},
+         "geometry":{"type":"Point","coordinates":[0,0]}},
+        {"type":"Feature","properties":{"marker-color":"#0000ff","marker-size":"large"},
+         "geometry":{"type":"Point","coordinates":[1,1]}}]})");
+
+    EXPECT_EQ(Run(Options({"a.geojson"})), 0);
+
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_EQ(PixelAt(i, 0), kWhite) << i;
+        EXPECT_EQ(PixelAt(0, i), kWhite) << i;
+        EXPECT_EQ(PixelAt(99, i), kWhite) << i;
+    }
+}
+
+TEST_F(Draw, SaysThatAFewFarObjectsShrinkTheMap) {
+    std::string objects;
+    for (int i = 0; i < 40; ++i) {
+        objects += "Point " + std::to_string(i % 7) + " " + std::to_string(i % 5) + "\n";
+    }
+    WriteMap("a.mif", kPlaneHeader, objects + "Point 600 0\nPoint 600 1\n");
+
+    EXPECT_EQ(Run(Options({"a.mif"})), 0);
+
+    EXPECT_EQ(Messages(), "qolf: note: 2 objects make the map 100 times as wide; "
+                          "--bbox 0,0,6,4 shows the rest\n");
+}
+
+TEST_F(Draw, SaysThatNoObjectLiesInTheBox) {
+    WriteMap("a.mif", kPlaneHeader, kRedRectangle);
+    app::DrawOptions options = Options({"a.mif"});
+    options.bbox = shr::Box2d{1000, 1000, 1100, 1100};
+
+    EXPECT_EQ(Run(options), 0);
+
+    EXPECT_EQ(Messages(), "qolf: warning: no object lies in --bbox 1000,1000,1100,1100; the map, "
+                          "in the coordinates of the picture, is 0,0,100,100\n");
 }
 
 }  // namespace

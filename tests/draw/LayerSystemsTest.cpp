@@ -2,73 +2,89 @@
 #include "app/draw/LayerSystems.h"
 
 #include "app/crs/GcsFromCrs.h"
+#include "app/draw/Viewport.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-std::unique_ptr<gcs::CSDef> SystemOf(const std::string& definition) {
+app::LayerSystems::SystemPtr SystemOf(const std::string& definition) {
     return app::GcsFromCrs(definition).system;
+}
+
+// Where a point of a layer comes to.
+shr::Vec2d Moved(app::LayerTransform& transform, const shr::Vec2d& point) {
+    std::vector<shr::Vec2d> points{point};
+    transform.Apply(points);
+    return points.front();
 }
 
 TEST(LayerSystems, LeaveTheFirstLayerWhereItIs) {
     app::LayerSystems systems(nullptr);
+    std::string problem;
 
-    const app::LayerTransform first = systems.TransformFrom(*SystemOf("EPSG:32635"));
+    const app::LayerTransform first = systems.TransformFrom(SystemOf("EPSG:32635"), problem);
 
-    EXPECT_FALSE(first.transform);
-    EXPECT_EQ(first.problem, "");
-    EXPECT_TRUE(systems.HasTarget());
+    EXPECT_FALSE(first.IsNeeded());
+    EXPECT_EQ(problem, "");
+    EXPECT_NE(systems.Target(), nullptr);
 }
 
 TEST(LayerSystems, LeaveALayerOfTheSameSystemWhereItIs) {
-    app::LayerSystems systems(nullptr);
-    static_cast<void>(systems.TransformFrom(*SystemOf("EPSG:4326")));
+    app::LayerSystems systems(SystemOf("EPSG:4326"));
+    std::string problem;
 
-    EXPECT_FALSE(systems.TransformFrom(*SystemOf("EPSG:4326")).transform);
+    EXPECT_FALSE(systems.TransformFrom(SystemOf("EPSG:4326"), problem).IsNeeded());
 }
 
 TEST(LayerSystems, MoveALayerIntoTheSystemOfTheFirst) {
     app::LayerSystems systems(nullptr);
-    static_cast<void>(systems.TransformFrom(*SystemOf("EPSG:4326")));
+    std::string problem;
+    static_cast<void>(systems.TransformFrom(SystemOf("EPSG:4326"), problem));
 
-    const app::LayerTransform second = systems.TransformFrom(*SystemOf("EPSG:32635"));
+    app::LayerTransform second = systems.TransformFrom(SystemOf("EPSG:32635"), problem);
 
-    ASSERT_TRUE(second.transform);
-    const auto place = second.transform({500000.0, 0.0});
-    ASSERT_TRUE(place);
-    EXPECT_NEAR(place->x, 27.0, 1e-9);
-    EXPECT_NEAR(place->y, 0.0, 1e-9);
+    ASSERT_TRUE(second.IsNeeded());
+    const shr::Vec2d place = Moved(second, {500000.0, 0.0});
+    EXPECT_NEAR(place.x, 27.0, 1e-9);
+    EXPECT_NEAR(place.y, 0.0, 1e-9);
 }
 
 TEST(LayerSystems, MoveEveryLayerIntoTheSystemThatWasNamed) {
     app::LayerSystems systems(SystemOf("EPSG:32635"));
+    std::string problem;
 
-    const app::LayerTransform first = systems.TransformFrom(*SystemOf("EPSG:4326"));
+    app::LayerTransform first = systems.TransformFrom(SystemOf("EPSG:4326"), problem);
 
-    ASSERT_TRUE(first.transform);
-    const auto place = first.transform({27.0, 0.0});
-    ASSERT_TRUE(place);
-    EXPECT_NEAR(place->x, 500000.0, 1e-4);
-    EXPECT_NEAR(place->y, 0.0, 1e-4);
+    ASSERT_TRUE(first.IsNeeded());
+    const shr::Vec2d place = Moved(first, {27.0, 0.0});
+    EXPECT_NEAR(place.x, 500000.0, 1e-4);
+    EXPECT_NEAR(place.y, 0.0, 1e-4);
 }
 
-TEST(LayerSystems, GiveNothingForAPointThatHasNoPlaceThere) {
+TEST(LayerSystems, MakeAPointInfiniteThatHasNoPlaceThere) {
     app::LayerSystems systems(SystemOf("EPSG:3857"));
+    std::string problem;
 
-    const app::LayerTransform layer = systems.TransformFrom(*SystemOf("EPSG:32635"));
+    app::LayerTransform layer = systems.TransformFrom(SystemOf("EPSG:32635"), problem);
 
-    ASSERT_TRUE(layer.transform);
-    EXPECT_EQ(layer.transform({1e30, 1e30}), std::nullopt);
+    ASSERT_TRUE(layer.IsNeeded());
+    EXPECT_FALSE(app::IsDrawable(Moved(layer, {1e30, 1e30}).x, 0.0));
 }
 
 TEST(LayerSystems, SayWhyALayerCannotBeMoved) {
     app::LayerSystems systems(SystemOf("EPSG:4326"));
+    std::string ofPlane;
+    std::string ofNothing;
 
-    const app::LayerTransform plane = systems.TransformFrom(gcs::PlaneDef(1.0));
+    const app::LayerTransform plane =
+        systems.TransformFrom(std::make_shared<gcs::PlaneDef>(1.0), ofPlane);
+    const app::LayerTransform nothing = systems.TransformFrom(nullptr, ofNothing);
 
-    EXPECT_FALSE(plane.transform);
-    EXPECT_NE(plane.problem, "");
+    EXPECT_FALSE(plane.IsNeeded());
+    EXPECT_EQ(ofPlane, "has no coordinate system of the Earth");
+    EXPECT_FALSE(nothing.IsNeeded());
+    EXPECT_EQ(ofNothing, "has no coordinate system of the Earth");
 }
 
 TEST(LayerSystems, AreGeographicWhenTheTargetIsInDegrees) {

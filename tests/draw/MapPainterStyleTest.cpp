@@ -1,54 +1,23 @@
-// How long pens, brushes and fonts hold, and what stands in for missing ones.
+// What stands in for the parts of a style that an object does not have.
 #include "tests/draw/Picture.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using draw_test::Brush;
-using draw_test::Font;
-using draw_test::kBlue;
-using draw_test::kGreen;
-using draw_test::kRed;
-using draw_test::kWhite;
-using draw_test::Line;
-using draw_test::Marker;
-using draw_test::NoPen;
-using draw_test::Pen;
-using draw_test::Polygon;
-using draw_test::RasterPicture;
-using draw_test::Square;
-using draw_test::Text;
-using Pattern = zeio::TrBrush::Pattern;
+using namespace draw_test;
 
-zeio::TrPolyline LineAt(double y) {
-    return Line({{0, y}, {100, y}});
-}
-
-TEST(Styles, HoldForAllTheGeometryThatFollows) {
+TEST(Styles, AreTheObjectsOwn) {
     RasterPicture picture;
-    picture.Add(Pen(kRed, 4.0));
 
-    picture.Add(LineAt(20));
-    picture.Add(LineAt(80));
+    picture.Add(Line({{0, 20}, {100, 20}}, Pen(kRed, 4)));
+    picture.Add(Line({{0, 80}, {100, 80}}, Pen(kBlue, 4)));
 
     EXPECT_EQ(picture.At(50, 20), kRed);
-    EXPECT_EQ(picture.At(50, 80), kRed);
+    EXPECT_EQ(picture.At(50, 80), kBlue);
 }
 
-TEST(Styles, AreForgottenWhenALayerBegins) {
-    RasterPicture picture;
-    picture.Add(Pen(kRed, 4.0));
-    picture.Add(Brush(Pattern::Solid, kRed));
-
-    picture.Painter().BeginLayer(1);
-    picture.Add(Polygon({Square(20, 80)}));
-
-    EXPECT_NE(picture.At(50, 50), kRed);
-    EXPECT_NE(picture.At(50, 50), kWhite);
-}
-
-TEST(Styles, OfALayerWithoutAnyAreTheLayersColours) {
+TEST(Styles, ThatAreMissingAreTheLayersColours) {
     RasterPicture picture;
     picture.Painter().BeginLayer(2);
     const app::LayerColors& colors = app::ColorsOfLayer(2);
@@ -61,110 +30,55 @@ TEST(Styles, OfALayerWithoutAnyAreTheLayersColours) {
     EXPECT_LT(picture.At(50, 20).red, picture.At(50, 50).red);
 }
 
-TEST(Styles, AmongTheObjectsAreIgnoredWhenTheLayersColoursAreWanted) {
+TEST(Styles, OfObjectsAreIgnoredWhenTheLayersColoursAreWanted) {
     RasterPicture picture(app::StyleSource::Layers);
-    picture.Add(Pen(kRed, 8.0));
 
-    picture.Add(LineAt(50));
+    picture.Add(Line({{0, 50}, {100, 50}}, Pen(kRed, 7)));
 
     EXPECT_NE(picture.At(50, 50), kRed);
     EXPECT_GT(picture.InkedPixels(), 0);
 }
 
-// A text comes with a pen that draws no line and a brush of the text's colour; both are the text's
-// alone, or the lines after a text would vanish.
-TEST(Styles, OfATextEndWithTheText) {
+TEST(Styles, OfAPointWithoutASymbolAreThePensColour) {
     RasterPicture picture;
-    picture.Add(Pen(kRed, 4.0));
-    picture.Add(Brush(Pattern::Solid, kGreen));
-    picture.Add(Font(10.0));
-    picture.Add(NoPen());
-    picture.Add(Brush(Pattern::Solid, kBlue));
-    picture.Add(Text(L"x", {0, 0, 10, 10}));
 
-    picture.Add(Polygon({Square(30, 80)}));
-
-    EXPECT_EQ(picture.At(50, 30), kRed);
-    EXPECT_EQ(picture.At(50, 50), kGreen);
-}
-
-TEST(Styles, AfterATextHold) {
-    RasterPicture picture;
-    picture.Add(Font(10.0));
-    picture.Add(NoPen());
-    picture.Add(Brush(Pattern::Solid, kBlue));
-    picture.Add(Text(L"x", {0, 0, 10, 10}));
-    picture.Add(Brush(Pattern::Solid, kGreen));
-    picture.Add(Pen(kRed, 4.0));
-
-    picture.Add(Polygon({Square(30, 80)}));
-
-    EXPECT_EQ(picture.At(50, 30), kRed);
-    EXPECT_EQ(picture.At(50, 50), kGreen);
-}
-
-TEST(Styles, BetweenAFontAndGeometryHoldForTheGeometry) {
-    RasterPicture picture;
-    picture.Add(Font(10.0));
-    picture.Add(Pen(kRed, 4.0));
-
-    picture.Add(LineAt(20));
-    picture.Add(LineAt(80));
-
-    EXPECT_EQ(picture.At(50, 20), kRed);
-    EXPECT_EQ(picture.At(50, 80), kRed);
-}
-
-TEST(Styles, OfASymbolAreThePensColour) {
-    RasterPicture picture;
-    picture.Add(Pen(kRed));
-
-    picture.Add(Marker(50, 50, 20.0));
+    picture.Add(Points({{50, 50}}, Pen(kRed)));
 
     EXPECT_EQ(picture.At(50, 50), kRed);
 }
 
-TEST(Styles, OfASymbolAreTheLayersUnderANoLinePen) {
+TEST(Styles, OfAPointUnderAPenOfNothingAreTheLayers) {
     RasterPicture picture;
-    picture.Add(NoPen());
 
-    picture.Add(Marker(50, 50, 20.0));
+    picture.Add(Points({{50, 50}}, NoPen()));
 
     EXPECT_EQ(picture.At(50, 50), app::ColorsOfLayer(0).symbol);
 }
 
-TEST(Styles, OfATextAreTheBrushAfterTheFont) {
+TEST(Styles, OfATextAreItsFonts) {
     RasterPicture picture;
-    picture.Add(Brush(Pattern::Solid, kRed));
-    picture.Add(Font(80.0));
-    picture.Add(NoPen());
-    picture.Add(Brush(Pattern::Solid, kBlue));
+    app::Geometry text = Text("\u2588\u2588", {0, 10, 100, 90});
+    text.style = Brush(2, kRed) + Font(kBlue);
 
-    picture.Add(Text(L"\u2588\u2588", {0, 10, 100, 90}));
+    picture.Add(text);
 
     EXPECT_EQ(picture.At(50, 50), kBlue);
 }
 
-TEST(Styles, OfATextWithoutABrushAreTheLayersTextColour) {
+TEST(Styles, OfATextWithoutAFontAreTheLayersTextColour) {
     RasterPicture picture;
-    picture.Add(Brush(Pattern::Solid, kRed));
-    picture.Add(Font(80.0));
+    app::Geometry text = Text("\u2588\u2588", {0, 10, 100, 90});
+    text.style = Brush(2, kRed);
 
-    picture.Add(Text(L"\u2588\u2588", {0, 10, 100, 90}));
+    picture.Add(text);
 
     EXPECT_EQ(picture.At(50, 50), app::ColorsOfLayer(0).text);
 }
 
-TEST(Objects, OfOtherKindsAreNotDrawn) {
+TEST(Geometry, WithoutAPlaceIsNotDrawn) {
     RasterPicture picture;
-    const zeio::TrNamedIds names;
-    const zeio::TrCRS system;
-    const zeio::TrInitGraphicsImp start({0, 0, 0}, {100, 100, 0},
-                                        zeio::TrGraphics::FT_COORDSYS::World);
 
-    picture.Add(names);
-    picture.Add(system);
-    picture.Add(start);
+    picture.Add(app::Geometry());
 
     EXPECT_EQ(picture.InkedPixels(), 0);
 }

@@ -9,15 +9,15 @@ namespace {
 
 constexpr app::PageSize kPage{100, 100};
 
-app::MarkerLook Dot(const shr::Color4b& color, double diameter) {
-    app::MarkerLook look;
+app::Marker Dot(const shr::Color4b& color, double diameter) {
+    app::Marker look;
     look.color = color;
     look.diameter = diameter;
     return look;
 }
 
-const app::MarkerLook kRedDot = Dot(draw_test::kRed, 8.0);
-const app::MarkerLook kBlueDot = Dot(draw_test::kBlue, 8.0);
+const app::Marker kRedDot = Dot(draw_test::kRed, 8.0);
+const app::Marker kBlueDot = Dot(draw_test::kBlue, 8.0);
 
 TEST(MarkerGrid, RefusesASecondSymbolOnTheSamePlace) {
     app::MarkerGrid grid;
@@ -69,7 +69,7 @@ TEST(MarkerGrid, KnowsTheLastPixelOfThePage) {
 
 TEST(MarkerGrid, GrowsWithAFinerLook) {
     app::MarkerGrid grid;
-    const app::MarkerLook small = Dot(draw_test::kRed, 3.0);
+    const app::Marker small = Dot(draw_test::kRed, 3.0);
 
     EXPECT_TRUE(grid.Take(kRedDot, {99, 99}, kPage));
     EXPECT_TRUE(grid.Take(small, {99, 99}, kPage));
@@ -78,12 +78,12 @@ TEST(MarkerGrid, GrowsWithAFinerLook) {
 
 TEST(Symbols, StandOnTopOfAnAreaDrawnBetweenThem) {
     draw_test::RasterPicture picture;
-    picture.Add(draw_test::Pen(draw_test::kRed));
-    picture.Add(draw_test::Marker(50, 50, 20));
-    picture.Add(draw_test::Brush(zeio::TrBrush::Pattern::Solid, draw_test::kGreen));
-    picture.Add(draw_test::Rectangle(10, 10, 90, 90));
+    const app::Geometry symbol =
+        draw_test::Points({{50, 50}}, draw_test::Symbol(34, draw_test::kRed, 15));
+    picture.Add(symbol);
+    picture.Add(draw_test::Rectangle({10, 10, 90, 90}, draw_test::Area(draw_test::kGreen)));
 
-    picture.Add(draw_test::Marker(50, 50, 20));
+    picture.Add(symbol);
 
     EXPECT_EQ(picture.At(50, 50), draw_test::kRed);
     EXPECT_EQ(picture.At(20, 50), draw_test::kGreen);

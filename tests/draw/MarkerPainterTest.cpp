@@ -6,124 +6,165 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <set>
 
 namespace {
 
-using draw_test::kRed;
-using draw_test::kWhite;
-using draw_test::Marker;
-using draw_test::Pen;
-using draw_test::RasterPicture;
+using namespace draw_test;
 
-TEST(MarkerShapeOf, GivesACircleForTheFirstSymbol) {
-    EXPECT_EQ(app::MarkerShapeOf(0).name, "circle");
-    EXPECT_TRUE(app::MarkerShapeOf(0).outline.empty());
+constexpr int kSquare = 32;
+constexpr int kCircle = 34;
+
+app::Style FontSymbol(const std::string& font, int character, int styleBits = 0) {
+    app::Style style = Symbol(character, kRed, 30);
+    style.symbol->form = app::Symbol::Form::FontCharacter;
+    style.symbol->name = font;
+    style.symbol->styleBits = styleBits;
+    return style;
 }
 
-TEST(MarkerShapeOf, HasADifferentShapeForEachIndex) {
-    std::set<std::string_view> names;
-
-    for (int index = 0; index < app::kMarkerShapeCount; ++index) {
-        names.insert(app::MarkerShapeOf(index).name);
-    }
-
-    EXPECT_EQ(names.size(), static_cast<std::size_t>(app::kMarkerShapeCount));
+bool HasDejaVu() {
+    return !app::FontCatalogue().CharacterOf("DejaVu Sans", 'H').empty();
 }
 
-TEST(MarkerShapeOf, StartsOverBeyondTheLastAndBelowTheFirst) {
-    EXPECT_EQ(app::MarkerShapeOf(10).name, "circle");
-    EXPECT_EQ(app::MarkerShapeOf(-10).name, "circle");
-    EXPECT_EQ(app::MarkerShapeOf(-1).name, app::MarkerShapeOf(9).name);
-    EXPECT_FALSE(app::MarkerShapeOf(std::numeric_limits<int>::min()).name.empty());
-}
-
-TEST(MarkerDiameter, IsTheUsualOneForSizeZeroAndNoNumber) {
-    EXPECT_DOUBLE_EQ(app::MarkerDiameter(0.0), 7.0);
-    EXPECT_DOUBLE_EQ(app::MarkerDiameter(std::numeric_limits<double>::quiet_NaN()), 7.0);
-}
-
-TEST(MarkerDiameter, StaysVisibleAndBearable) {
-    EXPECT_DOUBLE_EQ(app::MarkerDiameter(0.01), 3.0);
-    EXPECT_DOUBLE_EQ(app::MarkerDiameter(12.0), 12.0);
-    EXPECT_DOUBLE_EQ(app::MarkerDiameter(1e9), 200.0);
-}
-
-TEST(Marker, HasItsSizeInWorldUnits) {
+TEST(Symbol, HasItsSizeInPoints) {
     RasterPicture picture;
-    picture.Add(Pen(kRed));
 
-    picture.Add(Marker(50.5, 50.5, 21.0));
+    picture.Add(Points({{50, 50}}, Symbol(kCircle, kRed, 15)));  // 20 pixels
 
-    EXPECT_GE(picture.InkedPixelsInRow(50), 20);
-    EXPECT_LE(picture.InkedPixelsInRow(50), 24);
+    EXPECT_EQ(picture.InkedPixelsInRow(50), 20);
+    EXPECT_EQ(picture.InkedPixelsInColumn(50), 20);
 }
 
-TEST(Marker, OfEachPositionIsDrawn) {
+TEST(Symbol, StaysVisibleAndBearable) {
     RasterPicture picture;
-    picture.Add(Pen(kRed));
-    zeio::TrMarkerSet markers = Marker(20, 20, 10.0);
-    markers.positions.push_back({80, 80, 0});
 
-    picture.Add(markers);
+    picture.Add(Points({{20, 50}}, Symbol(kSquare, kRed, 0)));
+    EXPECT_GT(picture.InkedPixels(), 0);
+
+    picture.Add(Points({{50, 50}}, Symbol(kSquare, kRed, std::numeric_limits<int>::max())));
+    EXPECT_EQ(picture.InkedPixels(), 100 * 100);
+    EXPECT_TRUE(picture.IsSound());
+}
+
+TEST(Symbol, OfNumber31IsNotSeen) {
+    RasterPicture picture;
+
+    picture.Add(Points({{50, 50}}, Symbol(app::kBlankSymbol, kRed, 20)));
+
+    EXPECT_EQ(picture.InkedPixels(), 0);
+}
+
+TEST(Symbol, ThatIsHollowShowsWhatLiesBelow) {
+    RasterPicture picture;
+
+    picture.Add(Points({{50, 50}}, Symbol(40, kRed, 30)));
+
+    EXPECT_EQ(picture.At(50, 50), kWhite);
+    EXPECT_EQ(picture.At(31, 50), kRed);
+}
+
+TEST(Symbol, OfEachPointIsDrawn) {
+    RasterPicture picture;
+
+    picture.Add(Points({{20, 20}, {80, 80}}, Symbol(kSquare, kRed, 8)));
 
     EXPECT_EQ(picture.At(20, 20), kRed);
     EXPECT_EQ(picture.At(80, 80), kRed);
     EXPECT_EQ(picture.At(50, 50), kWhite);
 }
 
-TEST(Marker, OfASymbolFontThatIsMissingIsAShapeOfTheDefaultSet) {
-    RasterPicture picture;
-    picture.Add(Pen(kRed));
-    zeio::TrMarkerSet marker = Marker(50, 50, 20.0);
-    marker.symbolStyle = zeio::SymbolStyle::TrueTypeFont;
-    marker.fontName = L"No Such Symbol Font 17";
-    marker.symbolIndex = 1;
+TEST(Symbol, OfAMissingFontIsACircle) {
+    RasterPicture font;
+    RasterPicture circle;
 
-    picture.Add(marker);
+    font.Add(Points({{50, 50}}, FontSymbol("No Such Symbol Font 17", 'A')));
+    circle.Add(Points({{50, 50}}, Symbol(kCircle, kRed, 30)));
 
-    EXPECT_EQ(picture.At(50, 50), kRed);
-    EXPECT_EQ(picture.At(43, 43), kRed);  // a square reaches into its corners
+    EXPECT_EQ(font.At(50, 50), kRed);
+    EXPECT_EQ(font.InkedPixels(), circle.InkedPixels());
 }
 
-TEST(Marker, OfASymbolFontIsTheCharacterInTheMiddle) {
-    RasterPicture picture;
-    picture.Add(Pen(kRed));
-    zeio::TrMarkerSet marker = Marker(50, 50, 40.0);
-    marker.symbolStyle = zeio::SymbolStyle::TrueTypeFont;
-    marker.fontName = L"DejaVu Sans";
-    marker.symbolIndex = 0x2588 - 32;  // a full block
-    app::FontCatalogue fonts;
-    if (!fonts.Has("DejaVu Sans")) {
+TEST(Symbol, OfABitmapIsACircle) {
+    RasterPicture bitmap;
+    RasterPicture circle;
+    app::Style style = Symbol(0, kRed, 30);
+    style.symbol->form = app::Symbol::Form::Bitmap;
+    style.symbol->name = "/etc/passwd";
+
+    bitmap.Add(Points({{50, 50}}, style));
+    circle.Add(Points({{50, 50}}, Symbol(kCircle, kRed, 30)));
+
+    EXPECT_EQ(bitmap.InkedPixels(), circle.InkedPixels());
+}
+
+TEST(Symbol, OfAFontIsTheCharacterInTheMiddle) {
+    if (!HasDejaVu()) {
         GTEST_SKIP() << "needs the font DejaVu Sans";
     }
+    RasterPicture picture;
 
-    picture.Add(marker);
+    picture.Add(Points({{50, 50}}, FontSymbol("DejaVu Sans", 0x2588)));  // a full block
 
     EXPECT_EQ(picture.At(50, 50), kRed);
     EXPECT_EQ(picture.At(50, 35), kRed);
     EXPECT_EQ(picture.At(5, 50), kWhite);
 }
 
-TEST(Marker, OfASymbolNumberThatIsNoCharacterIsAShape) {
+TEST(Symbol, OfAFontIsTurnedCounterClockwise) {
+    if (!HasDejaVu()) {
+        GTEST_SKIP() << "needs the font DejaVu Sans";
+    }
     RasterPicture picture;
-    picture.Add(Pen(kRed));
-    zeio::TrMarkerSet marker = Marker(50, 50, 20.0);
-    marker.symbolStyle = zeio::SymbolStyle::TrueTypeFont;
-    marker.fontName = L"DejaVu Sans";
-    marker.symbolIndex = -31;
+    app::Style style = FontSymbol("DejaVu Sans", '|');
+    style.symbol->rotationDegrees = 90.0;
 
-    picture.Add(marker);
+    picture.Add(Points({{50, 50}}, style));
+
+    EXPECT_GT(picture.InkedPixelsInRow(50), 20);
+    EXPECT_LT(picture.InkedPixelsInColumn(50), 10);
+}
+
+TEST(Symbol, WithABlackBorderHasBlackAroundIt) {
+    if (!HasDejaVu()) {
+        GTEST_SKIP() << "needs the font DejaVu Sans";
+    }
+    RasterPicture plain;
+    RasterPicture bordered;
+
+    plain.Add(Points({{50, 50}}, FontSymbol("DejaVu Sans", 0x2588)));
+    bordered.Add(Points({{50, 50}}, FontSymbol("DejaVu Sans", 0x2588, 16)));
+
+    EXPECT_EQ(bordered.At(50, 50), kRed);
+    EXPECT_GT(bordered.InkedPixels(), plain.InkedPixels());
+}
+
+TEST(Symbol, WithAWhiteHaloStandsOutOfAnArea) {
+    if (!HasDejaVu()) {
+        GTEST_SKIP() << "needs the font DejaVu Sans";
+    }
+    RasterPicture picture;
+    picture.Add(Rectangle({0, 0, 100, 100}, Area(kBlue)));
+
+    picture.Add(Points({{50, 50}}, FontSymbol("DejaVu Sans", 0x2588, 256)));
+
+    EXPECT_LT(picture.InkedPixels(), 100 * 100);
+    EXPECT_EQ(picture.At(50, 50), kRed);
+}
+
+TEST(Symbol, OfANumberThatIsNoCharacterIsACircle) {
+    RasterPicture picture;
+
+    picture.Add(Points({{50, 50}}, FontSymbol("DejaVu Sans", -31)));
 
     EXPECT_TRUE(picture.IsSound());
     EXPECT_GT(picture.InkedPixels(), 100);
 }
 
-TEST(FontCatalogue, HasNoFontOfAnUnknownOrEmptyName) {
+TEST(FontCatalogue, HasNoCharacterOfAnUnknownOrEmptyFont) {
     app::FontCatalogue fonts;
 
-    EXPECT_FALSE(fonts.Has("No Such Symbol Font 17"));
-    EXPECT_FALSE(fonts.Has(""));
+    EXPECT_EQ(fonts.CharacterOf("No Such Symbol Font 17", 'A'), "");
+    EXPECT_EQ(fonts.CharacterOf("", 'A'), "");
 }
 
 }  // namespace

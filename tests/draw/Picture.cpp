@@ -1,15 +1,33 @@
 #include "tests/draw/Picture.h"
 
+#include "app/draw/MapFrame.h"
+#include "app/draw/TextFrame.h"
+#include "app/feature/ObjectStyles.h"
+
 #include <algorithm>
 #include <cstring>
-#include <numbers>
+#include <utility>
 
 namespace draw_test {
 
 namespace {
 
 constexpr app::PageSize kPage{100, 100};
-const app::Viewport kViewport({0.0, 0.0, 100.0, 100.0}, 1.0, kPage, 0.0);
+
+app::Geometry Placed(app::Geometry geometry) {
+    if (geometry.kind == app::GeometryKind::Text) {
+        app::SetTextFrame(geometry);
+    }
+    return geometry;
+}
+
+}  // namespace
+
+app::Viewport PlainViewport() {
+    app::MapFrame frame;
+    frame.Include({0.0, 0.0, 100.0, 100.0}, 0.0);
+    return frame.FitInto(kPage, 0.0, 1.0);
+}
 
 std::string WithoutSurfaceNumbers(std::string svg) {
     constexpr std::string_view kName = "surface";
@@ -20,12 +38,14 @@ std::string WithoutSurfaceNumbers(std::string svg) {
     return svg;
 }
 
-}  // namespace
-
 RasterPicture::RasterPicture(app::StyleSource styleSource)
     : canvas_(app::PictureFormat::Png, kPage, [](std::string_view) {}),
-      painter_(canvas_.Context(), kViewport, styleSource) {
+      painter_(canvas_.Context(), PlainViewport(), styleSource) {
     canvas_.Fill(kWhite);
+}
+
+void RasterPicture::Add(const app::Geometry& geometry) {
+    painter_.Draw(Placed(geometry));
 }
 
 shr::Color4b RasterPicture::At(int x, int y) const {
@@ -68,50 +88,86 @@ bool RasterPicture::IsSound() const {
     return cairo_status(canvas_.Context()) == CAIRO_STATUS_SUCCESS;
 }
 
-std::string SvgOf(const std::vector<const zeio::TrBase*>& objects) {
+std::string SvgOf(const std::vector<app::Geometry>& geometries) {
     std::string svg;
     app::Canvas canvas(app::PictureFormat::Svg, kPage,
                        [&svg](std::string_view bytes) { svg += bytes; });
-    app::MapPainter painter(canvas.Context(), kViewport, app::StyleSource::Objects);
-    for (const zeio::TrBase* object : objects) {
-        painter.Add(*object);
+    app::MapPainter painter(canvas.Context(), PlainViewport(), app::StyleSource::Objects);
+    for (const app::Geometry& geometry : geometries) {
+        painter.Draw(Placed(geometry));
     }
     canvas.Finish();
     return WithoutSurfaceNumbers(svg);
 }
 
-zeio::TrPen Pen(const shr::Color4b& color, double widthPixels) {
-    zeio::TrPen pen(zeio::TrPen::Style::Solid, color, widthPixels / app::kPixelsPerInch);
-    pen.isRelative = false;
-    return pen;
+app::Style Pen(const shr::Color4b& color, int width, int pattern) {
+    app::Style style;
+    style.pen = app::Pen{width, pattern, app::MifColorOf(color)};
+    return style;
 }
 
-zeio::TrPen NoPen() {
-    return {zeio::TrPen::Style::NoLine, kBlack, 0.0};
+app::Style NoPen() {
+    return Pen(kBlack, 1, 1);
 }
 
-zeio::TrBrush Brush(zeio::TrBrush::Pattern pattern, const shr::Color4b& fore) {
-    zeio::TrBrush brush(pattern);
-    brush.fore = fore;
-    return brush;
+app::Style Brush(int pattern, const shr::Color4b& fore) {
+    app::Style style;
+    style.brush = app::Brush{pattern, app::MifColorOf(fore)};
+    return style;
 }
 
-zeio::TrPolyline Line(std::initializer_list<shr::Vec2d> points) {
-    zeio::TrPolyline line;
-    for (const shr::Vec2d& point : points) {
-        line.vertices.push_back({point.x, point.y, 0.0});
-    }
+app::Style Brush(int pattern, const shr::Color4b& fore, const shr::Color4b& back) {
+    app::Style style = Brush(pattern, fore);
+    style.brush->back = app::MifColorOf(back);
+    return style;
+}
+
+app::Style Symbol(int shape, const shr::Color4b& color, int points) {
+    app::Style style;
+    style.symbol.emplace();
+    style.symbol->shape = shape;
+    style.symbol->color = app::MifColorOf(color);
+    style.symbol->size = points;
+    return style;
+}
+
+app::Style Font(const shr::Color4b& color, int styleBits) {
+    app::Style style;
+    style.font.emplace();
+    style.font->name = "DejaVu Sans";
+    style.font->styleBits = styleBits;
+    style.font->fore = app::MifColorOf(color);
+    return style;
+}
+
+app::Style operator+(app::Style left, const app::Style& right) {
+    left.pen = right.pen ? right.pen : left.pen;
+    left.brush = right.brush ? right.brush : left.brush;
+    left.symbol = right.symbol ? right.symbol : left.symbol;
+    left.font = right.font ? right.font : left.font;
+    return left;
+}
+
+app::Style Area(const shr::Color4b& color) {
+    return NoPen() + Brush(2, color);
+}
+
+app::Geometry Line(std::vector<shr::Vec2d> points, const app::Style& style) {
+    app::Geometry line;
+    line.kind = app::GeometryKind::Line;
+    line.points = std::move(points);
+    line.style = style;
     return line;
 }
 
-zeio::TrPolygon Polygon(std::initializer_list<std::vector<shr::Vec2d>> rings) {
-    zeio::TrPolygon polygon;
+app::Geometry Polygon(const std::vector<std::vector<shr::Vec2d>>& rings, const app::Style& style) {
+    app::Geometry polygon;
+    polygon.kind = app::GeometryKind::Region;
     for (const std::vector<shr::Vec2d>& ring : rings) {
-        polygon.partSizes.push_back(static_cast<std::int32_t>(ring.size()));
-        for (const shr::Vec2d& point : ring) {
-            polygon.vertices.push_back({point.x, point.y, 0.0});
-        }
+        polygon.partSizes.push_back(ring.size());
+        polygon.points.insert(polygon.points.end(), ring.begin(), ring.end());
     }
+    polygon.style = style;
     return polygon;
 }
 
@@ -119,36 +175,37 @@ std::vector<shr::Vec2d> Square(double min, double max) {
     return {{min, min}, {max, min}, {max, max}, {min, max}, {min, min}};
 }
 
-zeio::TrRectangle Rectangle(double x1, double y1, double x2, double y2) {
-    zeio::TrRectangle rectangle;
-    rectangle.x1 = x1;
-    rectangle.y1 = y1;
-    rectangle.x2 = x2;
-    rectangle.y2 = y2;
+app::Geometry Rectangle(const shr::Box2d& box, const app::Style& style) {
+    app::Geometry rectangle;
+    rectangle.kind = app::GeometryKind::Rectangle;
+    rectangle.box = box;
+    rectangle.style = style;
     return rectangle;
 }
 
-zeio::TrMarkerSet Marker(double x, double y, double size) {
-    zeio::TrMarkerSet marker;
-    marker.symbolStyle = zeio::SymbolStyle::DefaultSymbolSet;
-    marker.size = size;
-    marker.positions = {{x, y, 0.0}};
-    return marker;
+app::Geometry Points(std::vector<shr::Vec2d> points, const app::Style& style) {
+    app::Geometry geometry;
+    geometry.kind = app::GeometryKind::Points;
+    geometry.points = std::move(points);
+    geometry.style = style;
+    return geometry;
 }
 
-zeio::TrText Text(const std::wstring& text, const shr::Box2d& box, double angleDegrees) {
-    zeio::TrText object(text, {box.minX, box.minY, 0.0});
-    object.box = box;
-    object.transform.Translate(-box.minX, -box.minY, 0.0);
-    object.transform.RotateZ(angleDegrees * std::numbers::pi / 180.0);
-    object.transform.Translate(box.minX, box.minY, 0.0);
-    return object;
+app::Geometry Text(const std::string& text, const shr::Box2d& box, double angleDegrees) {
+    app::Geometry geometry = TextAt(text, {box.minX, box.minY}, box.maxY - box.minY);
+    geometry.placement.box = box;
+    geometry.placement.angleDegrees = angleDegrees;
+    return geometry;
 }
 
-zeio::TrFont Font(double height) {
-    zeio::TrFont font(L"DejaVu Sans");
-    font.height = height;
-    return font;
+app::Geometry TextAt(const std::string& text, const shr::Vec2d& at, double height) {
+    app::Geometry geometry;
+    geometry.kind = app::GeometryKind::Text;
+    geometry.points = {at};
+    geometry.placement.text = text;
+    geometry.placement.height = height;
+    geometry.style = Font(kBlack);
+    return geometry;
 }
 
 }  // namespace draw_test

@@ -1,10 +1,9 @@
-// Small pictures in memory, and short ways to make the objects that stand in them.
+// Small pictures in memory, and short ways to make the geometry that is drawn in them.
 #pragma once
 
 #include "app/draw/Canvas.h"
 #include "app/draw/MapPainter.h"
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -16,6 +15,9 @@ inline constexpr shr::Color4b kRed{255, 0, 0};
 inline constexpr shr::Color4b kGreen{0, 255, 0};
 inline constexpr shr::Color4b kBlue{0, 0, 255};
 
+// Lays the world from (0, 0) to (100, 100) on a page of 100 by 100 pixels.
+app::Viewport PlainViewport();
+
 // A white raster picture of 100 by 100 pixels, on which a world unit is a pixel: world (0, 0) is
 // the bottom left corner.
 class RasterPicture {
@@ -23,7 +25,7 @@ public:
     explicit RasterPicture(app::StyleSource styleSource = app::StyleSource::Objects);
 
     app::MapPainter& Painter() { return painter_; }
-    void Add(const zeio::TrBase& object) { painter_.Add(object); }
+    void Add(const app::Geometry& geometry);
 
     // The colour of the pixel whose lower left corner has these world coordinates.
     shr::Color4b At(int x, int y) const;
@@ -41,21 +43,36 @@ private:
     app::MapPainter painter_;
 };
 
-// The SVG text of the objects, in one layer on a page of 100 by 100 pixels as above. Numbers that
-// the library counts over the life of the process are taken out.
-std::string SvgOf(const std::vector<const zeio::TrBase*>& objects);
+// The SVG text of the geometries, in one layer on a page of 100 by 100 pixels as above. Numbers
+// that the library counts over the life of the process are taken out.
+std::string SvgOf(const std::vector<app::Geometry>& geometries);
 
-zeio::TrPen Pen(const shr::Color4b& color, double widthPixels = 1.0);
-zeio::TrPen NoPen();
-zeio::TrBrush Brush(zeio::TrBrush::Pattern pattern, const shr::Color4b& fore);
-zeio::TrPolyline Line(std::initializer_list<shr::Vec2d> points);
-zeio::TrPolygon Polygon(std::initializer_list<std::vector<shr::Vec2d>> rings);
+// What a canvas has written, without these numbers.
+std::string WithoutSurfaceNumbers(std::string svg);
+
+// Styles of one part, and the sum of two.
+app::Style Pen(const shr::Color4b& color, int width = 1, int pattern = 2);
+app::Style NoPen();
+app::Style Brush(int pattern, const shr::Color4b& fore);
+app::Style Brush(int pattern, const shr::Color4b& fore, const shr::Color4b& back);
+app::Style Symbol(int shape, const shr::Color4b& color, int points);
+app::Style Font(const shr::Color4b& color, int styleBits = 0);
+app::Style operator+(app::Style left, const app::Style& right);
+
+// An area without an outline.
+app::Style Area(const shr::Color4b& color);
+
+app::Geometry Line(std::vector<shr::Vec2d> points, const app::Style& style = {});
+app::Geometry Polygon(const std::vector<std::vector<shr::Vec2d>>& rings,
+                      const app::Style& style = {});
 std::vector<shr::Vec2d> Square(double min, double max);
-zeio::TrRectangle Rectangle(double x1, double y1, double x2, double y2);
-zeio::TrMarkerSet Marker(double x, double y, double size = 0.0);
+app::Geometry Rectangle(const shr::Box2d& box, const app::Style& style = {});
+app::Geometry Points(std::vector<shr::Vec2d> points, const app::Style& style = {});
 
-// A text in a box, with the transformation that turns it about the box's lower left corner.
-zeio::TrText Text(const std::wstring& text, const shr::Box2d& box, double angleDegrees = 0.0);
-zeio::TrFont Font(double height);
+// A text in a box, turned about the box's lower left corner.
+app::Geometry Text(const std::string& text, const shr::Box2d& box, double angleDegrees = 0.0);
+
+// A text that has only its lower left corner and the height of its letters.
+app::Geometry TextAt(const std::string& text, const shr::Vec2d& at, double height);
 
 }  // namespace draw_test

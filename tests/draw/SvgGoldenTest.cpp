@@ -11,21 +11,7 @@
 
 namespace {
 
-using draw_test::Brush;
-using draw_test::Font;
-using draw_test::kBlack;
-using draw_test::kBlue;
-using draw_test::kGreen;
-using draw_test::kRed;
-using draw_test::Line;
-using draw_test::Marker;
-using draw_test::Pen;
-using draw_test::Polygon;
-using draw_test::Rectangle;
-using draw_test::Square;
-using draw_test::SvgOf;
-using draw_test::Text;
-using Pattern = zeio::TrBrush::Pattern;
+using namespace draw_test;
 
 std::string ReadFile(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
@@ -42,8 +28,8 @@ protected:
         }
     }
 
-    void ExpectGolden(const std::string& name, const std::vector<const zeio::TrBase*>& objects) {
-        const std::string svg = SvgOf(objects);
+    void ExpectGolden(const std::string& name, const std::vector<app::Geometry>& geometries) {
+        const std::string svg = SvgOf(geometries);
         const auto file = std::filesystem::path(QOLF_TEST_GOLDEN) / "draw" / (name + ".svg");
         if (std::getenv("UPDATE_GOLDENS") != nullptr) {
             std::ofstream(file, std::ios::binary) << svg;
@@ -53,99 +39,67 @@ protected:
 };
 
 TEST_F(SvgGolden, OfALineAndADashedLine) {
-    const zeio::TrPen red = Pen(kRed, 2.0);
-    zeio::TrPen dashed = Pen(kBlue, 1.5);
-    dashed.style = zeio::TrPen::Style::CustomDash;
-    dashed.dashes = {6, 2, 1, 2};
-    const zeio::TrPolyline first = Line({{10, 10}, {50, 90}, {90, 10}});
-    const zeio::TrPolyline second = Line({{10, 50}, {90, 50}});
-
-    ExpectGolden("lines", {&red, &first, &dashed, &second});
+    ExpectGolden("lines", {Line({{10, 10}, {50, 90}, {90, 10}}, Pen(kRed, 2)),
+                           Line({{10, 50}, {90, 50}}, Pen(kBlue, 21, 21))});
 }
 
 TEST_F(SvgGolden, OfAPolygonWithAHole) {
-    const zeio::TrPen pen = Pen(kBlack, 1.0);
-    const zeio::TrBrush brush = Brush(Pattern::Solid, shr::Color4b(158, 202, 233));
-    const zeio::TrPolygon polygon = Polygon({Square(10, 90), Square(30, 70)});
-
-    ExpectGolden("polygon-with-hole", {&pen, &brush, &polygon});
+    ExpectGolden("polygon-with-hole",
+                 {Polygon({Square(10, 90), Square(30, 70)},
+                          Pen(kBlack) + Brush(2, shr::Color4b(158, 202, 233)))});
 }
 
 TEST_F(SvgGolden, OfHatchedAreas) {
-    const zeio::TrPen pen = Pen(kBlack, 1.0);
-    const zeio::TrBrush transparent = Brush(Pattern::DiagonalCross, kRed);
-    zeio::TrBrush opaque = Brush(Pattern::Horizontal, kBlue);
-    opaque.back = shr::Color4b(255, 255, 200);
-    const zeio::TrBrush dots = Brush(Pattern::Pattern3, kBlack);
-    const zeio::TrRectangle left = Rectangle(5, 5, 45, 95);
-    const zeio::TrRectangle right = Rectangle(55, 5, 95, 45);
-    const zeio::TrRectangle top = Rectangle(55, 55, 95, 95);
-
-    ExpectGolden("hatched-areas", {&pen, &transparent, &left, &opaque, &right, &dots, &top});
+    const app::Style pen = Pen(kBlack);
+    ExpectGolden("hatched-areas",
+                 {Rectangle({5, 5, 45, 95}, pen + Brush(8, kRed)),
+                  Rectangle({55, 5, 95, 45}, pen + Brush(3, kBlue, shr::Color4b(255, 255, 200))),
+                  Rectangle({55, 55, 95, 95}, pen + Brush(44, kBlack))});
 }
 
 TEST_F(SvgGolden, OfRoundedRectangleAndEllipse) {
-    const zeio::TrPen pen = Pen(kBlack, 0.0);
-    const zeio::TrBrush none(Pattern::None);
-    zeio::TrRectangle rounded = Rectangle(10, 10, 90, 40);
+    const app::Style outline = Pen(kBlack) + Brush(1, kBlack);
+    app::Geometry rounded = Rectangle({10, 10, 90, 40}, outline);
     rounded.radiusX = 10;
     rounded.radiusY = 5;
-    zeio::TrEllipse ellipse;
-    ellipse.x1 = 10;
-    ellipse.y1 = 60;
-    ellipse.x2 = 90;
-    ellipse.y2 = 90;
+    app::Geometry ellipse = Rectangle({10, 60, 90, 90}, outline);
+    ellipse.kind = app::GeometryKind::Ellipse;
 
-    ExpectGolden("rounded-rectangle-and-ellipse", {&pen, &none, &rounded, &ellipse});
+    ExpectGolden("rounded-rectangle-and-ellipse", {rounded, ellipse});
 }
 
-TEST_F(SvgGolden, OfEverySymbolOfTheDefaultSet) {
-    std::vector<zeio::TrMarkerSet> markers;
-    for (int index = 0; index < app::kMarkerShapeCount; ++index) {
-        const int row = index / 5;
-        markers.push_back(Marker(10.0 + 20.0 * (index % 5), 30.0 + 40.0 * row, 12.0));
-        markers.back().symbolIndex = index;
-    }
-    std::vector<const zeio::TrBase*> objects;
-    objects.reserve(markers.size());
-    for (const zeio::TrMarkerSet& marker : markers) {
-        objects.push_back(&marker);
-    }
+class SvgGoldenSymbol : public SvgGolden, public testing::WithParamInterface<int> {};
 
-    ExpectGolden("symbols", objects);
+TEST_P(SvgGoldenSymbol, OfTheNumberedSet) {
+    ExpectGolden("symbol-" + std::to_string(GetParam()),
+                 {Points({{50, 50}}, Symbol(GetParam(), kRed, 30))});
 }
+
+INSTANTIATE_TEST_SUITE_P(, SvgGoldenSymbol, testing::Range(31, 52),
+                         [](const auto& row) { return "Number" + std::to_string(row.param); });
 
 TEST_F(SvgGolden, OfObjectsWithoutStyles) {
-    const zeio::TrPolygon polygon = Polygon({Square(10, 60)});
-    const zeio::TrPolyline line = Line({{0, 80}, {40, 70}, {100, 90}});
-    const zeio::TrMarkerSet marker = Marker(80, 30);
-
-    ExpectGolden("no-styles", {&polygon, &line, &marker});
+    ExpectGolden("no-styles", {Polygon({Square(10, 60)}), Line({{0, 80}, {40, 70}, {100, 90}}),
+                               Points({{80, 30}})});
 }
 
 TEST_F(SvgGolden, OfGeometryCutAtThePage) {
-    const zeio::TrPen pen = Pen(kBlack, 1.0);
-    const zeio::TrBrush brush = Brush(Pattern::Solid, kGreen);
-    const zeio::TrPolygon polygon = Polygon({Square(50, 1e9)});
-    const zeio::TrPolyline line = Line({{-1e9, 20}, {1e9, 20}});
+    const app::Style style = Pen(kBlack) + Brush(2, kGreen);
 
-    ExpectGolden("cut-at-the-page", {&pen, &brush, &polygon, &line});
+    ExpectGolden("cut-at-the-page",
+                 {Polygon({Square(50, 1e9)}, style), Line({{-1e9, 20}, {1e9, 20}}, style)});
 }
 
 TEST(Svg, IsTheSameEachTime) {
-    const zeio::TrBrush hatch = Brush(Pattern::Cross, kRed);
-    const zeio::TrFont font = Font(20.0);
-    const zeio::TrPolygon polygon = Polygon({Square(10, 60)});
-    const zeio::TrText text = Text(L"same", {10, 70, 90, 90});
+    const std::vector<app::Geometry> map{Polygon({Square(10, 60)}, Brush(7, kRed)),
+                                         Text("same", {10, 70, 90, 90})};
 
-    EXPECT_EQ(SvgOf({&hatch, &polygon, &font, &text}), SvgOf({&hatch, &polygon, &font, &text}));
+    EXPECT_EQ(SvgOf(map), SvgOf(map));
 }
 
 TEST(Svg, OfATextHoldsNoControlCharacters) {
-    const zeio::TrFont font = Font(20.0);
-    const zeio::TrText text = Text(std::wstring(L"a\0b\x01\x1F\xFFFE<&>", 9), {10, 70, 90, 90});
-
-    const std::string svg = SvgOf({&font, &text});
+    const std::string svg =
+        SvgOf({Text(std::string("a\0b\x01\x1F\xEF\xBF\xBE<&>", 11), {10, 70, 90, 90})});
 
     EXPECT_EQ(svg.find_first_of(std::string("\0\x01\x1F", 3)), std::string::npos);
     EXPECT_NE(svg.find("</svg>"), std::string::npos);

@@ -1,11 +1,15 @@
 // The end of an export: what is patched, the warning, and what becomes of the files.
 #include "host/zeio/Errors.h"
+#include "standalone/Text.h"
 #include "tests/export/ExportRun.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <limits>
+#include <memory>
+#include <stdexcept>
 #include <string>
 
 namespace mif::test {
@@ -39,6 +43,18 @@ void SendRegions(ExportRun& run, int count) {
 class CancellingHost : public support::RecordingHost {
 public:
     void ProgressIndeterminate() override { throw std::runtime_error("cancelled"); }
+};
+
+class FailingOptionsHost : public support::RecordingHost {
+public:
+    bool GetOption(const std::wstring& name, bool& value, bool persistent) override {
+        if (isFailing) {
+            throw std::runtime_error("no options");
+        }
+        return RecordingHost::GetOption(name, value, persistent);
+    }
+
+    bool isFailing = false;
 };
 
 }  // namespace
@@ -97,16 +113,51 @@ TEST(EndExport, TwiceAnswersTheSameAndKeepsTheFiles) {
     EXPECT_EQ(run.Mif(), mif);
 }
 
-TEST(EndExport, KeptDeletesFilesThatBeginExportCouldNotOpen) {
+TEST(EndExport, LeavesAnOlderFileThatBeginExportDidNotReach) {
     ExportRun run;
     std::filesystem::create_directory(run.folder.path() / "out.mif");
     static_cast<void>(run.folder.Write("out.mid", "from an earlier export"));
     EXPECT_THROW(run.Begin(), zeio::FileOpenError);
-    EXPECT_TRUE(run.HasMid());
 
     EXPECT_EQ(run.End(), ExportStatus::NothingWritten);
-    EXPECT_FALSE(run.HasMid());
+    EXPECT_EQ(run.folder.Read("out.mid"), "from an earlier export");
 }
+
+TEST(EndExport, DeletesTheMifFileBesideAMidFileThatCouldNotBeOpened) {
+    ExportRun run;
+    std::filesystem::create_directory(run.folder.path() / "out.mid");
+    EXPECT_THROW(run.Begin(), zeio::FileOpenError);
+
+    EXPECT_EQ(run.End(), ExportStatus::NothingWritten);
+    EXPECT_FALSE(run.HasMif());
+    EXPECT_TRUE(run.HasMid());
+}
+
+struct SamePathRow {
+    std::string name;
+    std::string path;
+};
+class BeginExportOnto : public testing::TestWithParam<SamePathRow> {};
+
+TEST_P(BeginExportOnto, ThePathOfItsOwnMidFileIsRefused) {
+    ExportRun run;
+    const std::wstring path = run.folder.Write(GetParam().path, "from an earlier export");
+    std::string error;
+    try {
+        static_cast<void>(run.filter->BeginExport(path));
+    } catch (const zeio::FileOpenError& openError) {
+        EXPECT_EQ(openError.Path(), path);
+        error = standalone::Narrow(openError.Source() + L" " + openError.Reason());
+    }
+
+    EXPECT_EQ(error, "MifExportFilter File write or file create error");
+    EXPECT_EQ(run.End(), ExportStatus::NothingWritten);
+    EXPECT_EQ(run.folder.Read(GetParam().path), "from an earlier export");
+}
+INSTANTIATE_TEST_SUITE_P(, BeginExportOnto,
+                         testing::Values(SamePathRow{"Mid", "out.mid"},
+                                         SamePathRow{"MidInCapitals", "out.MID"}),
+                         [](const auto& row) { return row.param.name; });
 
 TEST(TheFiltersEnd, LeavesAFileAloneThatBeginExportDidNotReach) {
     ExportRun run;
@@ -175,7 +226,70 @@ TEST(ASecondExport, EndsTheFirstOnesProgressBeforeItsOwnStarts) {
     static_cast<void>(run.Begin());
 
     EXPECT_THAT(run.host.CallsStartingWith("Progress"),
-                ElementsAre("ProgressStart cancel", "ProgressEnd", "ProgressStart cancel"));
+                ElementsAre("ProgressStart cancel proportion", "ProgressStart cancel",
+                            "ProgressEnd", "ProgressStart cancel proportion",
+                            "ProgressStart cancel"));
+}
+
+struct BlockedRow {
+    std::string name;
+    std::string blocked;  // the file that can't be opened
+};
+// On a filter that has written a whole export before.
+class ASecondExportThatCanNotOpen : public testing::TestWithParam<BlockedRow> {
+protected:
+    ASecondExportThatCanNotOpen() {
+        run.Export(ShortLine());
+        std::filesystem::create_directory(run.folder.path() / GetParam().blocked);
+        EXPECT_THROW(run.filter->BeginExport(run.folder.PathOf("second.mif")), zeio::FileOpenError);
+    }
+
+    ExportRun run;
+};
+
+TEST_P(ASecondExportThatCanNotOpen, HasWrittenNothingAndLeavesNothing) {
+    EXPECT_EQ(run.End(), ExportStatus::NothingWritten);
+
+    EXPECT_FALSE(std::filesystem::is_regular_file(run.folder.path() / "second.mif"));
+    EXPECT_FALSE(std::filesystem::is_regular_file(run.folder.path() / "second.mid"));
+}
+
+TEST_P(ASecondExportThatCanNotOpen, LeavesTheFirstOnesFiles) {
+    const std::string mif = run.Mif();
+    static_cast<void>(run.End());
+    run.filter.reset();
+
+    EXPECT_EQ(run.Mif(), mif);
+    EXPECT_TRUE(run.HasMid());
+}
+
+TEST_P(ASecondExportThatCanNotOpen, TakesNoObject) {
+    EXPECT_THROW(run.Send(ShortLine()), zeio::FileWriteError);
+    EXPECT_THROW(run.Send(zeio::TrPen()), zeio::FileWriteError);
+
+    EXPECT_EQ(run.End(), ExportStatus::NothingWritten);
+    EXPECT_FALSE(std::filesystem::is_regular_file(run.folder.path() / "second.mif"));
+    EXPECT_FALSE(std::filesystem::is_regular_file(run.folder.path() / "second.mid"));
+}
+INSTANTIATE_TEST_SUITE_P(, ASecondExportThatCanNotOpen,
+                         testing::Values(BlockedRow{"ItsMifFile", "second.mif"},
+                                         BlockedRow{"ItsMidFile", "second.mid"}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(ASecondExport, WhoseOptionsCanNotBeReadGivesTheFirstOneUp) {
+    FailingOptionsHost host;
+    const support::TemporaryFolder folder;
+    zeio::IoManager manager(host);
+    MifExportFilter filter(manager);
+    static_cast<void>(filter.BeginExport(folder.PathOf("first.mif")));
+    static_cast<void>(filter.ExportObject(*std::make_unique<zeio::TrPolyline>(ShortLine())));
+    host.isFailing = true;
+
+    EXPECT_THROW(filter.BeginExport(folder.PathOf("second.mif")), std::runtime_error);
+
+    EXPECT_EQ(filter.EndExport(), ExportStatus::NothingWritten);
+    EXPECT_FALSE(folder.Has("first.mif"));
+    EXPECT_FALSE(folder.Has("second.mif"));
 }
 
 TEST(ASecondExport, WritesItsHeaderAndCountsAgain) {

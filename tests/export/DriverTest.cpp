@@ -147,14 +147,14 @@ TEST(OptionsFromAMissingPage, AreAnInternalError) {
     EXPECT_THAT(run.host.calls(), IsEmpty());
 }
 
-TEST(BeginExport, ReadsTheSavedOptionsThenShowsProgress) {
+TEST(BeginExport, ReadsTheSavedOptionsThenStartsTheProgressTwice) {
     ExportRun run;
     EXPECT_EQ(run.Begin(), ExportStatus::Done);
 
     EXPECT_THAT(run.host.calls(),
                 ElementsAre("GetOption AreasToCurves persistent", "GetOption RenderText persistent",
-                            "GetOption RenderMarkers persistent", "ProgressStart cancel",
-                            "Message Exporting data to MIF file out.mif"));
+                            "GetOption RenderMarkers persistent", "ProgressStart cancel proportion",
+                            "ProgressStart cancel", "Message Exporting data to MIF file out.mif"));
 }
 
 TEST(BeginExport, StartsFromTheDefaultsNotFromAnEarlierOptionString) {
@@ -238,7 +238,7 @@ TEST(AMidFileThatCannotBeOpened, LeavesTheMifFileToTheFiltersEnd) {
     EXPECT_FALSE(run.HasMif());
 }
 
-TEST(AMidFileThatCannotBeOpened, MakesGraphicObjectsAWriteError) {
+TEST(AMidFileThatCannotBeOpened, MakesEveryObjectAWriteError) {
     ExportRun run;
     std::filesystem::create_directory(run.folder.path() / "out.mid");
     EXPECT_THROW(run.Begin(), zeio::FileOpenError);
@@ -246,7 +246,7 @@ TEST(AMidFileThatCannotBeOpened, MakesGraphicObjectsAWriteError) {
     const std::string error = ErrorOf<zeio::FileWriteError>([&] {
         run.Send(Markers({{1.0, 2.0, 0.0}}));
     });
-    EXPECT_THAT(error, testing::StartsWith("MifExportFilter(451): "));
+    EXPECT_THAT(error, testing::StartsWith("MifExportFilter(402): "));
     EXPECT_THAT(error, testing::EndsWith("out.mif: File write error"));
 }
 

@@ -173,14 +173,75 @@ TEST(ACloseThatFails, OfAnExportWithoutObjectsIsNoError) {
     EXPECT_FALSE(outcome.hasFiles);
 }
 
-TEST(EndExport, KeptDeletesALinkThatCouldNotBeOpened) {
+TEST(EndExport, LeavesALinkThatCouldNotBeOpened) {
     ExportRun run;
     const std::filesystem::path link = run.folder.path() / "out.mid";
     std::filesystem::create_symlink(run.folder.path() / "none" / "out.mid", link);
     EXPECT_THROW(run.Begin(), zeio::FileOpenError);
     static_cast<void>(run.End());
 
-    EXPECT_FALSE(std::filesystem::is_symlink(link));
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_FALSE(run.HasMif());
+}
+
+// An export whose .mid file stops taking bytes while objects are written.
+class AnExportAfterAFailedWrite : public testing::Test {
+protected:
+    AnExportAfterAFailedWrite() {
+        std::filesystem::create_symlink("/dev/full", run.folder.path() / "out.mid");
+        static_cast<void>(run.Begin());
+        EXPECT_THROW(SendDrawing(run), zeio::FileWriteError);
+        run.host.ForgetCalls();
+    }
+
+    ExportRun run;
+};
+
+TEST_F(AnExportAfterAFailedWrite, RefusesEveryObjectWithTheErrorOfThatWrite) {
+    const Outcome graphics = RunExport(run, [&] { run.Send(Markers({{1, 2, 0}})); });
+
+    EXPECT_THAT(graphics.error, testing::StartsWith("451 MifExportFilter(451): "));
+    EXPECT_TRUE(graphics.hasPath);
+}
+
+TEST_F(AnExportAfterAFailedWrite, RefusesStylesAndUnknownObjectsToo) {
+    EXPECT_THROW(run.Send(zeio::TrPen()), zeio::FileWriteError);
+    EXPECT_THROW(run.Send(zeio::TrInitGraphicsImp({}, {}, zeio::TrGraphics::FT_COORDSYS::World)),
+                 zeio::FileWriteError);
+}
+
+TEST_F(AnExportAfterAFailedWrite, EndsItsProgressAtOnceAndLeavesNoFile) {
+    EXPECT_THROW(run.End(), zeio::FileWriteError);
+
+    EXPECT_THAT(run.host.calls(), testing::ElementsAre("ProgressEnd"));
+    EXPECT_FALSE(run.HasMif());
+    EXPECT_FALSE(run.HasMid());
+}
+
+TEST_F(AnExportAfterAFailedWrite, NeverSaysThatItWasWritten) {
+    EXPECT_THROW(run.End(), zeio::FileWriteError);
+    EXPECT_THROW(run.End(), zeio::FileWriteError);
+}
+
+TEST_F(AnExportAfterAFailedWrite, CanBeBegunAgain) {
+    std::filesystem::remove(run.folder.path() / "out.mid");
+
+    run.Export(Markers({{1, 2, 0}}));
+
+    EXPECT_EQ(run.Objects(), "POINT 1 2\n");
+}
+
+TEST(AWriteThatFailsInEndExport, EndsTheProgressAtOnceAndLeavesNoFile) {
+    ExportRun run;
+    std::filesystem::create_symlink("/dev/full", run.folder.path() / "out.mif");
+    static_cast<void>(run.Begin());
+    static_cast<void>(run.Send(Markers({{1, 2, 0}})));
+
+    EXPECT_THROW(run.End(), zeio::FileWriteError);
+
+    EXPECT_EQ(run.host.calls().back(), "ProgressEnd");
+    EXPECT_FALSE(run.HasMif());
+    EXPECT_FALSE(run.HasMid());
 }
 
 }  // namespace mif::test

@@ -343,6 +343,30 @@ TEST_F(TheExportPage, ReachesBeginExportWithItsChoices) {
     EXPECT_EQ(filter->options(), (ExportOptions{true, true, true}));
 }
 
+TEST_F(TheExportPage, MayBeGoneBeforeItsSheet) {
+    const support::TemporaryFolder folder;
+    {
+        standalone::PropertySheet sheet({&OpenPage()});
+        static_cast<void>(filter->BeginExport(folder.PathOf("out.mif")));
+        sheet.Page(0).Toggle(2101);
+        sheet.PressOk();
+    }
+
+    EXPECT_EQ(filter->options(), ExportOptions());
+    EXPECT_THAT(logged, IsEmpty());
+}
+
+TEST_F(TheExportPage, MayBeReplacedBeforeItsSheetIsClosed) {
+    standalone::PropertySheet sheet({&OpenPage()});
+    standalone::PropertySheet secondSheet({&OpenPage()});
+    sheet.Page(0).Toggle(2101);
+    sheet.PressOk();
+    secondSheet.Page(0).Toggle(2103);
+    secondSheet.PressOk();
+
+    EXPECT_EQ(filter->options(), (ExportOptions{false, false, true}));
+}
+
 TEST_F(TheExportPage, KeptGivesBeginExportTheDefaultsAfterDefaultsAndCancel) {
     const support::TemporaryFolder folder;
     SaveOptions(true, true, true);

@@ -54,6 +54,16 @@ TEST_F(AnOutputFile, ThatIsNotOpenTakesNothing) {
     EXPECT_TRUE(file.Close());
 }
 
+TEST_F(AnOutputFile, TakesWideTextInCodePage0) {
+    ASSERT_TRUE(file.Open());
+
+    EXPECT_TRUE(file.WriteWide(L"\u00E9\u20AC\u0436"));
+    EXPECT_TRUE(file.Write("ab"));
+
+    ASSERT_TRUE(file.Close());
+    EXPECT_EQ(folder.Read("out.mif"), "\xE9\x80?ab");
+}
+
 TEST_F(AnOutputFile, IsDeletedWhenItIsDiscarded) {
     ASSERT_TRUE(file.Open());
     file.Discard();

@@ -1,4 +1,5 @@
 // Every allocation in turn fails, in one import and one export of each kind of object.
+#include "host/zeio/Errors.h"
 #include "host/zeio/IoImportFilter.h"
 #include "host/zeio/IoManager.h"
 #include "module/Module.h"
@@ -135,7 +136,76 @@ protected:
         });
     }
 
+    // The allocations of the last object at whose failure the export was ended as written, or left
+    // a file.
+    std::vector<long> AllocationsThatEndAsWritten() {
+        std::vector<long> wrong;
+        for (long number = 1;; ++number) {
+            PlainHost host;
+            const std::unique_ptr<zeio::IoExportFilter> filter(ExportMIF(host.manager));
+            const bool hasFailed = SendAllWithFaultInTheLast(*filter, host.manager, number);
+            const Ending end = EndingOf(
+                [&](zeio::IoManager&) { return filter->EndExport() == zeio::ExportStatus::Done; },
+                host.manager);
+            if (!hasFailed) {
+                return wrong;
+            }
+            if (end != Ending::HostError || folder_.Has("out.mif") || folder_.Has("out.mid")) {
+                wrong.push_back(number);
+            }
+        }
+    }
+
+    // The allocations of BeginExport after whose failure the export could be ended as written.
+    std::vector<long> BeginningsThatEndAsWritten() {
+        const Objects objects = GetParam().make();
+        std::vector<long> wrong;
+        for (long number = 1;; ++number) {
+            PlainHost host;
+            const std::unique_ptr<zeio::IoExportFilter> filter(ExportMIF(host.manager));
+            if (!FailsToBegin(*filter, number)) {
+                return wrong;
+            }
+            for (const std::unique_ptr<zeio::TrBase>& object : objects) {
+                EXPECT_THROW(filter->ExportObject(*object), zeio::FileWriteError);
+            }
+            if (filter->EndExport() != zeio::ExportStatus::NothingWritten ||
+                folder_.Has("out.mif") || folder_.Has("out.mid")) {
+                wrong.push_back(number);
+            }
+        }
+    }
+
 private:
+    bool FailsToBegin(zeio::IoExportFilter& filter, long number) {
+        const std::wstring path = folder_.PathOf("out.mif");
+        try {
+            const FailingAllocations faults(number, Failing::OnlyOne);
+            static_cast<void>(filter.BeginExport(path));
+        } catch (const std::bad_alloc&) {
+            return true;
+        }
+        return false;
+    }
+
+    // True when the allocation with that number was reached, and so failed.
+    bool SendAllWithFaultInTheLast(zeio::IoExportFilter& filter, zeio::IoManager& manager,
+                                   long number) {
+        const Objects objects = GetParam().make();
+        static_cast<void>(filter.BeginExport(folder_.PathOf("out.mif")));
+        for (std::size_t i = 0; i + 1 < objects.size(); ++i) {
+            static_cast<void>(filter.ExportObject(*objects[i]));
+        }
+        const FailingAllocations faults(number, Failing::OnlyOne);
+        const Ending ending = EndingOf(
+            [&](zeio::IoManager&) {
+                return filter.ExportObject(*objects.back()) == zeio::ExportStatus::Done;
+            },
+            manager);
+        EXPECT_EQ(ending == Ending::OutOfMemory, FailingAllocations::HasFailed());
+        return ending == Ending::OutOfMemory;
+    }
+
     support::TemporaryFolder folder_;
 };
 
@@ -162,6 +232,17 @@ TEST_P(ExportWithoutMemory, FromABlockOnThrowsAndLeaksNothing) {
 
 INSTANTIATE_TEST_SUITE_P(, ExportWithoutMemory, testing::ValuesIn(ExportRows()),
                          [](const auto& row) { return row.param.name; });
+
+// The host goes on after the error.
+TEST_P(ExportWithoutMemory, InTheMiddleOfAnObjectIsNotSaidToBeWritten) {
+    EXPECT_THAT(AllocationsThatEndAsWritten(), IsEmpty());
+}
+
+// The host goes on with objects and the end: the fuzz target of host calls found a file without its
+// first lines that was called written.
+TEST_P(ExportWithoutMemory, AtItsBeginningIsNotSaidToBeWritten) {
+    EXPECT_THAT(BeginningsThatEndAsWritten(), IsEmpty());
+}
 
 TEST(TheFactories, GiveNullWithoutMemoryForAFilter) {
     PlainHost host;

@@ -66,6 +66,12 @@ bool FailingAllocations::HasFailed() {
     return g_hasFailed;
 }
 
+UncountedAllocations::UncountedAllocations() : wasCounting_(g_isCounting.exchange(false)) {}
+
+UncountedAllocations::~UncountedAllocations() {
+    g_isCounting = wasCounting_;
+}
+
 long LiveBlocks() {
     return g_liveBlocks;
 }

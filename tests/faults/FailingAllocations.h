@@ -19,6 +19,19 @@ public:
     static bool HasFailed();
 };
 
+// While it lives, allocations are neither numbered nor made to fail: for what a test does by itself
+// in the middle of the run that it watches.
+class UncountedAllocations {
+public:
+    UncountedAllocations();
+    ~UncountedAllocations();
+    UncountedAllocations(const UncountedAllocations&) = delete;
+    UncountedAllocations& operator=(const UncountedAllocations&) = delete;
+
+private:
+    bool wasCounting_;
+};
+
 // Blocks that were allocated by operator new and not deleted yet.
 long LiveBlocks();
 

@@ -215,6 +215,46 @@ TEST_F(TheImportDialog, LetsAnExceptionPassThatIsNotTheHosts) {
     standalone::SetLogSink(previous);
 }
 
+TEST_F(TheImportDialog, KeepsNoFilterOnceItIsClosed) {
+    User().Press(IDOK);
+    Show(L"roads.mif");
+    Host().ForgetCalls();
+
+    EXPECT_EQ(mif::ImportDlgProc(nullptr, WM_SYSCOMMAND, SC_CONTEXTHELP, 0), 0);
+
+    EXPECT_THAT(Host().calls(), ElementsAre());
+}
+
+TEST_F(TheImportDialog, KeepsNoFilterOnceItHasThrown) {
+    const standalone::LogSink previous = standalone::SetLogSink(nullptr);
+    Host().onHelp = [](const std::wstring&) { throw std::runtime_error("no help"); };
+    User().AskForHelp();
+    EXPECT_THROW(Show(L""), std::runtime_error);
+    standalone::SetLogSink(previous);
+    Host().ForgetCalls();
+
+    EXPECT_EQ(mif::ImportDlgProc(nullptr, WM_SYSCOMMAND, SC_CONTEXTHELP, 0), 0);
+
+    EXPECT_THAT(Host().calls(), ElementsAre());
+}
+
+TEST_F(TheImportDialog, IsItselfAgainAfterOneThatWasOpenedOverIt) {
+    import_test::ImportRun other;
+    standalone::ScriptedPresenter otherUser;
+    otherUser.Toggle(2102).Press(IDOK);
+    User().Do([&](standalone::DialogModel&) {
+        standalone::DialogPresenter* const outer = standalone::SetDialogPresenter(&otherUser);
+        static_cast<void>(other.Filter().ShowOptionsDialog(L""));
+        standalone::SetDialogPresenter(outer);
+    });
+    User().Toggle(2101).Press(IDOK);
+
+    EXPECT_TRUE(Show(L""));
+
+    EXPECT_EQ(Filter().options(), (ImportOptions{true, false}));
+    EXPECT_EQ(other.Filter().options(), (ImportOptions{false, true}));
+}
+
 TEST_F(TheImportDialog, ThatCanNotBeShownIsNotAccepted) {
     standalone::SetDialogPresenter(nullptr);
 

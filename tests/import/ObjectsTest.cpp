@@ -11,6 +11,7 @@ namespace {
 using import_test::Importing;
 using import_test::Lines;
 using import_test::ObjectsOf;
+using std::string_literals::operator""s;
 using testing::ElementsAre;
 
 constexpr char kPen[] = "Pen style=1 color=0,0,0,255 relative width=0";
@@ -199,6 +200,35 @@ const IgnoredRow kIgnoredRows[] = {
 INSTANTIATE_TEST_SUITE_P(, IgnoreStyles, testing::ValuesIn(kIgnoredRows),
                          [](const auto& row) { return row.param.name; });
 
+struct NulRow {
+    std::string name;
+    std::string text;
+    Lines expected;
+};
+
+class AKeyword : public testing::TestWithParam<NulRow> {};
+
+TEST_P(AKeyword, EndsAtANul) {
+    EXPECT_EQ(ObjectsOf(GetParam().text), GetParam().expected);
+}
+
+const NulRow kNulRows[] = {
+    {"OfAnObject", "Point\0Line 1 2\n"s, {Marker("1,2")}},
+    {"OfANone", "None\0\nPoint 1 2\n"s, {Marker("1,2")}},
+    {"OfACollection", "Collection\0x 1\nPoint 1 2\n"s, {Marker("1,2")}},
+    {"OfAMultiplePolyline", "Pline Multiple\0x 1\n2\n1 2\n3 4\n"s, {"Polyline 1,2 3,4"}},
+    {"OfAClause", "Line 1 2 3 4\nPen\0x (1,2,0)\n"s, {kPen, "Polyline 1,2 3,4"}},
+    {"OfAJustification",
+     "Text \"abc\"\n1 2 3 4\nJustify Right\0x\n"s,
+     {"Font \"\" flags=4 height=2", "Pen style=2 color=0,0,0,0 relative width=0",
+      "Brush pattern=2 fore=0,0,0,255 back=255,255,255,0",
+      "Text \"abc\" at 1,2 box=1,2,3,4 justify=2 align=1 rotation=0"}},
+    {"ThatIsAParenthesis", "Line 1 2 3 4\nPen \"(\0\" 1,2,0)\n"s, {kPen, "Polyline 1,2 3,4"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(, AKeyword, testing::ValuesIn(kNulRows),
+                         [](const auto& row) { return row.param.name; });
+
 using ImportedArcs = Importing;
 
 TEST_F(ImportedArcs, BecomePolylinesOfThreeHundredPoints) {
@@ -259,11 +289,41 @@ TEST_F(ImportedArcs, WhoseEndsDifferInOneCoordinateBecomeTwoPoints) {
     EXPECT_NEAR(vertices[1].y, 4, 1e-9);
 }
 
-TEST_F(ImportedArcs, ThatTheHostCanNotDrawThrowItsInternalError) {
-    Import("Arc 0 0 0 2\n0 90\n");
+TEST_F(ImportedArcs, OfACircleAt135DegreesStartAtItsRightEnd) {
+    // Both half-axes enter each coordinate, so at 135 degrees they cancel: the start is the centre.
+    Import("Arc 0 0 4 4\n135 0\n");
 
-    EXPECT_THAT(FirstError(), testing::StartsWith("MifImportParse(1430): "));
+    ASSERT_EQ(Host().Received<zeio::TrPolyline>().size(), 1U);
+    const auto& vertices = Host().Received<zeio::TrPolyline>().at(0)->vertices;
+    EXPECT_EQ(vertices.size(), 300U);
+    EXPECT_EQ(vertices.front(), (shr::Vec3d{4, 2, 0}));
 }
+
+struct OddArcRow {
+    std::string name;
+    std::string text;
+};
+
+class AnArc : public Importing, public testing::WithParamInterface<OddArcRow> {};
+
+TEST_P(AnArc, NeverEndsAnImport) {
+    Import(GetParam().text + "Point 1 2\n");
+
+    EXPECT_EQ(FirstError(), "");
+    EXPECT_EQ(Host().Received<zeio::TrMarkerSet>().size(), 1U);
+}
+INSTANTIATE_TEST_SUITE_P(
+    , AnArc,
+    testing::Values(OddArcRow{"WithoutWidth", "Arc 0 0 0 2\n0 90\n"},
+                    OddArcRow{"WithoutHeight", "Arc 0 0 4 0\n0 90\n"},
+                    OddArcRow{"WithoutEither", "Arc 0 0 0 0\n0 90\n"},
+                    OddArcRow{"OfACircleAt135Degrees", "Arc -2 -2 2 2\n135 10\n"},
+                    OddArcRow{"OfACircleTo315Degrees", "Arc 0 0 4 4\n10 315\n"},
+                    OddArcRow{"OfTheLargestBox", "Arc -1e308 -1e308 1e308 1e308\n0 60\n"},
+                    OddArcRow{"OfABoxFarOut", "Arc 0 0 1.7e308 1.7e308\n0 230\n"},
+                    OddArcRow{"OfAnInfiniteBox", "Arc -inf 0 inf 2\n0 90\n"},
+                    OddArcRow{"WithoutANumber", "Arc nan nan nan nan\nnan nan\n"}),
+    [](const auto& row) { return row.param.name; });
 
 struct ExtentsRow {
     std::string name;

@@ -84,9 +84,10 @@ std::string OutputOf(const std::string& command) {
     return output;
 }
 
-std::vector<std::string> ExportedSymbols() {
+// The module's symbols as nm lists them with these options.
+std::vector<std::string> Symbols(const std::string& options) {
     std::vector<std::string> symbols;
-    std::string output = OutputOf(QOLF_NM " -D --defined-only --format=just-symbols " QOLF_MODULE);
+    std::string output = OutputOf(QOLF_NM " --format=just-symbols " + options + " " QOLF_MODULE);
     for (std::size_t end = output.find('\n'); end != std::string::npos; end = output.find('\n')) {
         symbols.push_back(output.substr(0, end));
         output.erase(0, end + 1);
@@ -94,8 +95,25 @@ std::vector<std::string> ExportedSymbols() {
     return symbols;
 }
 
+// The sources whose static objects are made when the module is loaded.
+std::vector<std::string> SourcesThatWorkAtLoad() {
+    const std::string prefix = "_GLOBAL__sub_I_";
+    std::vector<std::string> sources;
+    for (const std::string& symbol : Symbols("")) {
+        if (symbol.starts_with(prefix)) {
+            sources.push_back(symbol.substr(prefix.size()));
+        }
+    }
+    return sources;
+}
+
 TEST_F(TheModule, ExportsExactlyItsTwoFactories) {
-    EXPECT_THAT(ExportedSymbols(), testing::UnorderedElementsAre("ImportMIF", "ExportMIF"));
+    EXPECT_THAT(Symbols("-D --defined-only"),
+                testing::UnorderedElementsAre("ImportMIF", "ExportMIF"));
+}
+
+TEST_F(TheModule, DoesNothingAtLoadButMakeItsPagesTypeRecord) {
+    EXPECT_THAT(SourcesThatWorkAtLoad(), ElementsAre("PageType.cpp"));
 }
 
 TEST_F(TheModule, ReturnsADistinctImportFilterFromEachCall) {

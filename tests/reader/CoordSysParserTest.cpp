@@ -9,6 +9,8 @@
 
 #include <string>
 
+using namespace std::string_literals;
+
 namespace {
 
 using gcs::DatumMethod;
@@ -17,8 +19,9 @@ using Id = gcs::ProjectionParameterID;
 
 // A clause of a header, read.
 struct ReadClause {
-    explicit ReadClause(const std::string& clause)
-        : text(readertest::Source::Stream, clause), result(mif::ReadCoordSysClause(text.input())) {}
+    explicit ReadClause(const std::string& clause) : text(readertest::Source::Stream, clause) {
+        mif::ReadCoordSysClause(text.input(), result);
+    }
 
     double Parameter(Id id) const { return result.projection.GetParameter(id); }
 
@@ -54,6 +57,13 @@ TEST(CoordSys, KeptAClauseThatEndsAtItsDatumTakesTheFollowingLine) {
 
     EXPECT_TRUE(clause.result.isValid);
     EXPECT_EQ(clause.text.token(), "A");
+}
+
+TEST(CoordSys, TakesACommaWithANulBehindItForAComma) {
+    const ReadClause clause("CoordSys Earth\0x Projection\0x 1 \",\0x\" 104, \"m\"\nnext\n"s);
+
+    EXPECT_TRUE(clause.result.isValid);
+    EXPECT_EQ(clause.result.datum.GetToken(), L"DATUM_WGS84");
 }
 
 TEST(CoordSys, OfLongitudeLatitudeWithAUnitLeavesTheFollowingLine) {
@@ -281,7 +291,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(CoordSys, WithNothingOpenIsInvalid) {
     mif::CMifInputFile input;
 
-    const mif::CoordSysClause clause = mif::ReadCoordSysClause(input);
+    mif::CoordSysClause clause;
+    mif::ReadCoordSysClause(input, clause);
 
     EXPECT_FALSE(clause.isValid);
     EXPECT_EQ(clause.message, L"Input file not open.");
@@ -493,7 +504,8 @@ TEST(CoordSys, IsReadFromABlockOfMemoryToo) {
     readertest::OpenText text(readertest::Source::Memory,
                               "CoordSys Earth Projection 10, 104, \"m\", 5\nnext here\n");
 
-    const mif::CoordSysClause clause = mif::ReadCoordSysClause(text.input());
+    mif::CoordSysClause clause;
+    mif::ReadCoordSysClause(text.input(), clause);
 
     EXPECT_TRUE(clause.isValid);
     EXPECT_EQ(clause.projection.GetParameter(Id::CentralLongitude), 5.0);

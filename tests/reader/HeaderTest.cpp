@@ -422,6 +422,7 @@ INSTANTIATE_TEST_SUITE_P(
         BoundsRow{"UpToAMissingParenthesis", "Bounds (3,4 5,6", {3, 4, 0, 0}, 5.0},
         BoundsRow{"UpToASecondPairThatIsMissing", "Bounds (3,4)", {3, 4, 0, 0}, 5.0},
         BoundsRow{"WithoutTheLastParenthesis", "Bounds (1,2) (4,6 x", {1, 2, 4, 6}, 5.0},
+        BoundsRow{"WithNulsBehindTheirSigns", "Bounds \"(\0x\" 1,2) (4,6)"s, {1, 2, 4, 6}, 5.0},
         BoundsRow{"OfAlmostNoSize", "Bounds (0,0) (1e-8,1e-8)", {0, 0, 1e-8, 1e-8}, 0.0},
         BoundsRow{"AbsentAsZeros", "Charset \"Y\"", {0, 0, 0, 0}, 0.0}),
     [](const auto& row) { return row.param.name; });

@@ -129,6 +129,53 @@ TEST(ArcToCurve, TakesTheLargestBox) {
     EXPECT_EQ(points.front().x, largest);
 }
 
+struct NoDirectionRow {
+    std::string name;
+    shr::Vec2d point;
+};
+class AnArcFromAPointWithoutADirection : public testing::TestWithParam<NoDirectionRow> {};
+
+TEST_P(AnArcFromAPointWithoutADirection, StartsAtAngleZero) {
+    EXPECT_EQ(Arc(kBox, GetParam().point, {0, 1}), Arc(kBox, {1, 0}, {0, 1}));
+}
+
+TEST_P(AnArcFromAPointWithoutADirection, EndsAtAngleZeroWhenItIsTheEnd) {
+    EXPECT_EQ(Arc(kBox, {0, 1}, GetParam().point), Arc(kBox, {0, 1}, {1, 0}));
+}
+INSTANTIATE_TEST_SUITE_P(, AnArcFromAPointWithoutADirection,
+                         testing::Values(NoDirectionRow{"TheCentre", {0, 0}},
+                                         NoDirectionRow{"Infinity", {kInfinity, 0}},
+                                         NoDirectionRow{"NoNumber", {0, std::nan("")}}),
+                         [](const auto& row) { return row.param.name; });
+
+struct FlatRow {
+    std::string name;
+    shr::Box2d box;
+    shr::Vec2d first;
+    shr::Vec2d middle;
+    shr::Vec2d last;
+};
+class AFlatArc : public testing::TestWithParam<FlatRow> {};
+
+TEST_P(AFlatArc, IsACirclesArcPressedOntoTheLine) {
+    const std::vector<shr::Vec2d> points = Arc(GetParam().box, {2, 1}, {0, 1}, 3);
+
+    ASSERT_EQ(points.size(), 3U);
+    EXPECT_NEAR(points[0].x, GetParam().first.x, 1e-15);
+    EXPECT_NEAR(points[0].y, GetParam().first.y, 1e-15);
+    EXPECT_NEAR(points[1].x, GetParam().middle.x, 1e-15);
+    EXPECT_NEAR(points[1].y, GetParam().middle.y, 1e-15);
+    EXPECT_NEAR(points[2].x, GetParam().last.x, 1e-15);
+    EXPECT_NEAR(points[2].y, GetParam().last.y, 1e-15);
+}
+// From angle 0 to angle 180 of a circle round (1, 1).
+INSTANTIATE_TEST_SUITE_P(
+    , AFlatArc,
+    testing::Values(FlatRow{"WithoutWidth", {1, 0, 1, 2}, {1, 1}, {1, 2}, {1, 1}},
+                    FlatRow{"WithoutHeight", {0, 1, 2, 1}, {2, 1}, {1, 1}, {0, 1}},
+                    FlatRow{"WithoutEither", {1, 1, 1, 1}, {1, 1}, {1, 1}, {1, 1}}),
+    [](const auto& row) { return row.param.name; });
+
 struct RefusedRow {
     std::string name;
     shr::Box2d box;
@@ -149,13 +196,8 @@ TEST_P(ArcWithout, IsRefusedAndLeavesThePoints) {
 }
 INSTANTIATE_TEST_SUITE_P(
     , ArcWithout,
-    testing::Values(RefusedRow{"Width", {1, -2, 1, 2}, {1, 0}, {0, 1}, 3},
-                    RefusedRow{"Height", {-4, 2, 4, 2}, {1, 0}, {0, 1}, 3},
-                    RefusedRow{"AStartDirection", kBox, {0, 0}, {0, 1}, 3},
-                    RefusedRow{"AnEndDirection", kBox, {1, 0}, {0, 0}, 3},
-                    RefusedRow{"AFiniteBox", {-kInfinity, -2, 4, 2}, {1, 0}, {0, 1}, 3},
-                    RefusedRow{"AFiniteStart", kBox, {kInfinity, 0}, {0, 1}, 3},
-                    RefusedRow{"ANumberForItsEnd", kBox, {1, 0}, {0, std::nan("")}, 3},
+    testing::Values(RefusedRow{"AFiniteBox", {-kInfinity, -2, 4, 2}, {1, 0}, {0, 1}, 3},
+                    RefusedRow{"ANumberForItsBox", {-4, -2, 4, std::nan("")}, {1, 0}, {0, 1}, 3},
                     RefusedRow{"TwoPoints", kBox, {1, 0}, {0, 1}, 1}),
     [](const auto& row) { return row.param.name; });
 

@@ -96,8 +96,9 @@ constexpr CodeRow kCodes[] = {
     {L"DATUM_NAD27_GREENLAND", 4267, "NAD27"},
     {L"DATUM_NAD27_MEXICO", 4267, "NAD27"},
     {L"DATUM_NAD83", 4269, "NAD83"},
-    {L"DATUM_NTF_PARIS", 4807, nullptr},
-    {L"DATUM_NTF_GREENWICH", 4275, "NTF"},
+    // The tokens name each other's meridian; see the table of the known datums.
+    {L"DATUM_NTF_PARIS", 4275, "NTF"},
+    {L"DATUM_NTF_GREENWICH", 4807, nullptr},
     {L"DATUM_OLD_EGYPTIAN", 4229, "Egypt 1907"},
     {L"DATUM_OLD_HAWAIIAN_MEAN", 4135, "Old Hawaiian"},
     {L"DATUM_OMAN", 4232, "Fahud"},

@@ -1,0 +1,87 @@
+// Reads the layers of a map, each once, and brings them into one coordinate system.
+#pragma once
+
+#include "app/base/Reporter.h"
+#include "app/draw/LayerSystems.h"
+#include "app/feature/Feature.h"
+#include "app/feature/LayerFacts.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace app {
+
+struct MapInput {
+    std::vector<std::string> paths;  // files, and folders for the files in them; the top one last
+    std::string crs;                 // of the map: a definition; empty: that of the first layer
+    std::string assumedCrs;          // of MIF files, whatever their headers say; empty: their own
+    std::string encoding;            // of the texts of MIF files; empty: by their headers
+    bool asIs = false;
+    std::string modulePath;
+    std::vector<std::string> labels;  // "COLUMN" or "LAYER:COLUMN"
+};
+
+struct MapLayer {
+    std::string name;  // UTF-8
+    std::vector<LayerColumn> columns;
+    std::optional<std::size_t> labelColumn;  // whose values label the objects
+};
+
+// Receives the layers of a map and their objects, in their order.
+class MapSink {
+public:
+    virtual ~MapSink() = default;
+
+    virtual void BeginLayer(const MapLayer& layer) = 0;
+
+    // The feature's coordinates are the map's; a point without a place is infinite. Curves have
+    // become lines and regions where coordinates were moved. A Text has its frame for points
+    // (app/draw/TextFrame.h). The feature may be changed.
+    virtual void Take(Feature& feature) = 0;
+};
+
+class MapReader {
+public:
+    // `target` is the map's system, null to leave it to the first layer that has one. Throws
+    // Failure for an input of which there is none; UsageError for one of no known format.
+    MapReader(const MapInput& input, LayerSystems::SystemPtr target);
+
+    // The files, in their order; a folder has become those in it.
+    const std::vector<std::string>& Files() const { return files_; }
+
+    // Hands over everything. Layers that have no place in the map's system are handed over as they
+    // stand, with a warning. Throws Failure, also for a label's column that no layer has.
+    void Read(MapSink& sink, Reporter& reporter);
+
+    // After Read: the map's system.
+    const LayerSystems& Systems() const { return systems_; }
+
+private:
+    void ReadFile(const std::string& file, MapSink& sink, Reporter& reporter);
+    MapLayer LayerOf(const LayerFacts& facts);
+    void CheckLabels() const;
+
+    const MapInput& input_;
+    std::vector<std::string> files_;
+    LayerSystems systems_;
+    bool isAnyPlaced_;
+    std::vector<std::string> unplaced_;    // what to say of layers that are nowhere on the Earth
+    std::vector<bool> isLabelFound_;       // by the labels of the input
+    std::vector<std::string> labelNames_;  // that there are, for a message
+};
+
+// The files of an input: a folder stands for those in it and below, sorted, that have an extension
+// of a format; .json files, which hold all sorts of things, must be named. Throws Failure.
+std::vector<std::string> FilesOf(const std::vector<std::string>& paths);
+
+// The system that an option names. Throws Failure, with the option's name. Warnings go to the
+// reporter.
+LayerSystems::SystemPtr SystemNamed(const std::string& option, const std::string& definition,
+                                    Reporter& reporter);
+
+// A value as people read it; empty for null.
+std::string TextOf(const Value& value);
+
+}  // namespace app
