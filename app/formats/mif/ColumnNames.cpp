@@ -26,13 +26,13 @@ constexpr std::array<Range, 20> kNoLetters{{
     {0xFF3B, 0xFF40}, {0xFF5B, 0xFF65}, {0xFFE0, 0xFFFF}, {0x1F000, 0x1FAFF}, {0xE0000, 0x10FFFF},
 }};
 
-bool IsDigit(char32_t c) {
+bool IsAsciiDigit(char32_t c) {
     return c >= '0' && c <= '9';
 }
 
 bool IsAllowed(char32_t c, CharsetEncoder& encoder) {
     if (c < 0x80) {
-        return IsDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+        return IsAsciiDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
     }
     return encoder.Holds(c) && std::ranges::none_of(kNoLetters, [c](const Range& range) {
                return c >= range.first && c <= range.last;
@@ -41,7 +41,7 @@ bool IsAllowed(char32_t c, CharsetEncoder& encoder) {
 
 std::string CleanName(std::string_view wanted, CharsetEncoder& encoder) {
     std::string name;
-    if (!wanted.empty() && IsDigit(static_cast<unsigned char>(wanted.front()))) {
+    if (!wanted.empty() && IsAsciiDigit(static_cast<unsigned char>(wanted.front()))) {
         name += '_';
     }
     while (!wanted.empty()) {
