@@ -9,9 +9,9 @@
 
 namespace {
 
-class SaidSink : public app::check::FindingSink {
+class SaidSink : public app::FindingSink {
 public:
-    void Add(const app::check::Finding& finding) override {
+    void Add(const app::Finding& finding) override {
         fuzz::Require(!finding.message.empty(), "a finding says what it is");
     }
 };
@@ -23,10 +23,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::filesystem::path input = fuzz::PathOf("map.mif");
     const std::filesystem::path fixed = fuzz::PathOf("fixed.mif");
     SaidSink sink;
-    app::check::CheckPair(input, {}, sink);
+    app::CheckPair(input, {}, sink);
     try {
-        const app::check::RepairReport report =
-            app::check::RepairMif(input, fixed, app::IfExists::Overwrite);
+        const app::RepairReport report = app::RepairMif(input, fixed, app::IfExists::Overwrite);
         fuzz::Require(report.count > 0 || fuzz::ReadFile("fixed.mif") == fuzz::ReadFile("map.mif"),
                       "without repairs the copy is equal");
     } catch (const app::Failure& failure) {

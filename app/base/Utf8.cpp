@@ -1,6 +1,10 @@
 #include "app/base/Utf8.h"
 
+#include "host/shr/Text.h"
+#include "standalone/Text.h"
+
 #include <cstddef>
+#include <utility>
 
 namespace app {
 namespace {
@@ -43,6 +47,28 @@ char32_t TakeCodePoint(std::string_view& utf8) {
     }
     utf8.remove_prefix(length);
     return codePoint;
+}
+
+bool IsAscii(std::string_view bytes) {
+    unsigned char all = 0;
+    for (const char byte : bytes) {
+        all |= static_cast<unsigned char>(byte);
+    }
+    return all < 0x80;
+}
+
+bool IsUtf8(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const std::size_t before = bytes.size();
+        if (TakeCodePoint(bytes) == kReplacement && before - bytes.size() == 1) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string Utf8FromNarrow(std::string narrow) {
+    return IsAscii(narrow) ? std::move(narrow) : standalone::Narrow(shr::AtoW(narrow));
 }
 
 }  // namespace app

@@ -1,7 +1,7 @@
 // UTF-8, character by character.
 #pragma once
 
-#include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace app {
@@ -10,9 +10,12 @@ namespace app {
 // by itself, U+FFFD. `utf8` must not be empty.
 char32_t TakeCodePoint(std::string_view& utf8);
 
-inline bool IsAscii(std::string_view bytes) {
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
+bool IsAscii(std::string_view bytes);
+
+// Well-formed by the Unicode standard: no overlong forms, no surrogates.
+bool IsUtf8(std::string_view bytes);
+
+// Text of the host's code page 0 as UTF-8.
+std::string Utf8FromNarrow(std::string narrow);
 
 }  // namespace app

@@ -1,5 +1,6 @@
 #include "app/check/CharsetCheck.h"
 
+#include "app/base/Utf8.h"
 #include "app/mif/Charsets.h"
 #include "app/mif/Words.h"
 
@@ -10,7 +11,7 @@
 #include <cerrno>
 #include <cstdint>
 
-namespace app::check {
+namespace app {
 namespace {
 
 iconv_t NoConversion() {
@@ -18,44 +19,7 @@ iconv_t NoConversion() {
     return reinterpret_cast<iconv_t>(static_cast<std::intptr_t>(-1));
 }
 
-// The number of bytes of the UTF-8 character that bytes begins with; 0 when it is none.
-std::size_t Utf8Length(std::string_view bytes) {
-    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-    const unsigned char first = byteAt(0);
-    if (first < 0x80) {
-        return 1;
-    }
-    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    if (first < 0xC2 || first > 0xF4 || bytes.size() < length) {
-        return 0;
-    }
-    for (std::size_t i = 1; i < length; ++i) {
-        if (byteAt(i) < 0x80 || byteAt(i) > 0xBF) {
-            return 0;
-        }
-    }
-    const unsigned char second = byteAt(1);
-    const bool isBad = (first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F) ||
-                       (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F);
-    return isBad ? 0 : length;
-}
-
 }  // namespace
-
-bool IsAscii(std::string_view bytes) {
-    return std::ranges::all_of(bytes, [](char c) { return static_cast<unsigned char>(c) < 128; });
-}
-
-bool IsUtf8(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const std::size_t length = Utf8Length(bytes);
-        if (length == 0) {
-            return false;
-        }
-        bytes.remove_prefix(length);
-    }
-    return true;
-}
 
 CharsetTester::CharsetTester(std::string_view declaredName) {
     if (declaredName.empty()) {
@@ -142,4 +106,4 @@ std::size_t CharsetTester::CountCharacters(std::string_view bytes) const {
         bytes, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
-}  // namespace app::check
+}  // namespace app

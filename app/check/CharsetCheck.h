@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace app::check {
+namespace app {
 
 enum class CharsetKind {
     Undeclared,  // no Charset clause
@@ -45,8 +45,4 @@ private:
     bool isMultiByte_ = false;  // two bytes of it may look like UTF-8 by chance
 };
 
-bool IsAscii(std::string_view bytes);
-// Well-formed by the Unicode standard: no overlong forms, no surrogates.
-bool IsUtf8(std::string_view bytes);
-
-}  // namespace app::check
+}  // namespace app

@@ -3,9 +3,13 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/base/Reporter.h"
+#include "app/base/Utf8.h"
+#include "app/check/GatheredFindings.h"
 #include "app/check/PairCheck.h"
 #include "app/check/RepairMif.h"
 #include "app/json/JsonText.h"
+#include "app/mif/Charsets.h"
+#include "app/run/CodePage.h"
 
 #include <algorithm>
 #include <array>
@@ -20,9 +24,9 @@ constexpr int kExitWarnings = 3;
 
 using SeverityCounts = std::array<std::uint64_t, 3>;
 
-SeverityCounts BySeverity(const check::CodeCounts& counts) {
+SeverityCounts BySeverity(const FindingCounts& counts) {
     SeverityCounts sums{};
-    for (const check::CodeInfo& info : check::AllCodes()) {
+    for (const FindingInfo& info : AllFindings()) {
         sums[static_cast<std::size_t>(info.severity)] +=
             counts[static_cast<std::size_t>(info.code)].found;
     }
@@ -35,7 +39,7 @@ std::string Printable(std::string text) {
     return TerminalText(text);
 }
 
-std::string PlaceText(const check::Finding& finding) {
+std::string PlaceText(const Finding& finding) {
     std::string text = Printable(PathText(finding.file));
     if (finding.line > 0) {
         text += ":" + std::to_string(finding.line);
@@ -44,22 +48,28 @@ std::string PlaceText(const check::Finding& finding) {
 }
 
 // Prints findings as they come.
-class TextSink : public check::FindingSink {
+class TextSink : public FindingSink {
 public:
-    explicit TextSink(OutputFile& out) : out_(out) {}
+    TextSink(OutputFile& out, bool asIs) : out_(out), asIs_(asIs) {}
 
-    void Add(const check::Finding& finding) override {
+    void Add(const Finding& finding) override {
         std::string text = PlaceText(finding) + ": " +
-                           std::string(check::SeverityName(finding.code->severity)) + " " +
+                           std::string(SeverityName(finding.code->severity)) + " " +
                            finding.code->id + ": ";
         if (finding.object > 0) {
             text += "object " + std::to_string(finding.object) + ": ";
         }
-        out_.Write(text + Printable(finding.message) + "\n    " + finding.advice + "\n");
+        text += Printable(finding.message) + "\n    " + finding.advice + "\n";
+        if (finding.code->isCaredFor && !asIs_) {
+            text += "    qolf itself reads it as it was meant; it matters for other programs "
+                    "only.\n";
+        }
+        out_.Write(text);
     }
 
 private:
     OutputFile& out_;
+    bool asIs_;
 };
 
 void AppendMember(std::string& json, const char* key, std::string_view value) {
@@ -71,19 +81,22 @@ void AppendMember(std::string& json, const char* key, std::uint64_t value) {
     json += std::string(", \"") + key + "\": " + std::to_string(value);
 }
 
-class JsonSink : public check::FindingSink {
+class JsonSink : public FindingSink {
 public:
-    explicit JsonSink(OutputFile& out) : out_(out) {}
+    JsonSink(OutputFile& out, bool asIs) : out_(out), asIs_(asIs) {}
 
-    void Add(const check::Finding& finding) override {
+    void Add(const Finding& finding) override {
         std::string json = isFirst_ ? "\n      {\"code\": " : ",\n      {\"code\": ";
         isFirst_ = false;
         AppendJsonString(json, finding.code->id);
         AppendMember(json, "name", finding.code->name);
-        AppendMember(json, "severity", check::SeverityName(finding.code->severity));
+        AppendMember(json, "severity", SeverityName(finding.code->severity));
         AppendMember(json, "file", PathText(finding.file));
         AppendMember(json, "line", finding.line);
         AppendMember(json, "object", finding.object);
+        AppendMember(json, "count", finding.count);
+        json += std::string(", \"otherProgramsOnly\": ") +
+                (finding.code->isCaredFor && !asIs_ ? "true" : "false");
         AppendMember(json, "message", finding.message);
         AppendMember(json, "advice", finding.advice);
         out_.Write(json + "}");
@@ -91,26 +104,71 @@ public:
 
 private:
     OutputFile& out_;
+    bool asIs_;
     bool isFirst_ = true;
 };
 
-check::CodeCounts CheckFile(const std::filesystem::path& file, const CheckOptions& options,
-                            check::FindingSink& sink) {
-    check::CodeCounts counts = check::CheckPair(file, {.maxPerCode = options.maxPerCode}, sink);
-    if (counts[static_cast<std::size_t>(check::Code::FileUnreadable)].found == 0) {
-        check::CheckByImport(file, options.modulePath, sink, counts);
+// The charset that headers name so; "" for an encoding that they have no name for.
+std::string CharsetOf(const std::string& encoding) {
+    const Charset* const charset = FindCharsetOfEncoding(encoding);
+    return charset == nullptr ? std::string() : std::string(charset->mifName);
+}
+
+// Messages name pieces of the file as its bytes; here they become texts.
+class DecodedFindings : public FindingSink {
+public:
+    explicit DecodedFindings(FindingSink& sink, bool isBelieved)
+        : sink_(sink), isBelieved_(isBelieved) {}
+
+    void Add(const Finding& finding) override {
+        const bool isText = finding.code->code == FindingCode::MidNameCase ||
+                            (!isBelieved_ && IsUtf8(finding.message));
+        Finding decoded = finding;
+        if (!isText) {
+            decoded.message = Utf8FromNarrow(finding.message);
+        }
+        sink_.Add(decoded);
     }
-    return counts;
+
+private:
+    FindingSink& sink_;
+    bool isBelieved_;  // the bytes are of the code page that is set, whatever they look like
+};
+
+FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& options,
+                        FindingSink& sink) {
+    MifHeader header;
+    if (std::error_code error; std::filesystem::is_regular_file(AsOnDisk(file), error)) {
+        header = ScanHeader(file);
+    }
+    Reporter silent(stderr, false, false);
+    silent.SetVerbosity(Verbosity::Quiet);
+    SetCodePageFor(header, options.encoding, /*areLettersUtf8=*/false, PathText(file), silent);
+    DecodedFindings decoded(sink, AreLettersBelieved(header, options.encoding));
+    const PairCheckOptions pairOptions{.maxPerCode = options.maxPerCode,
+                                       .tabRewriting = TabRewriting::Off,
+                                       .charset = CharsetOf(options.encoding)};
+    CheckedPair pair;
+    if (options.maxPerCode == 0) {
+        pair = CheckPair(file, pairOptions, decoded);
+    } else {
+        GatheredFindings gathered;
+        pair = CheckPair(file, pairOptions, gathered);
+        gathered.PassOn(decoded, pair);
+    }
+    if (pair.findings[static_cast<std::size_t>(FindingCode::FileUnreadable)].found == 0) {
+        CheckByImport(file, options.modulePath, sink, pair.findings);
+    }
+    return pair.findings;
 }
 
 std::string Plural(std::uint64_t count, const char* one) {
-    return check::Counted(count, one, (std::string(one) + "s").c_str());
+    return Counted(count, one, (std::string(one) + "s").c_str());
 }
 
-void WriteSummary(const std::filesystem::path& file, const check::CodeCounts& counts,
-                  OutputFile& out) {
-    for (const check::CodeInfo& info : check::AllCodes()) {
-        const check::CodeCount& count = counts[static_cast<std::size_t>(info.code)];
+void WriteSummary(const std::filesystem::path& file, const FindingCounts& counts, OutputFile& out) {
+    for (const FindingInfo& info : AllFindings()) {
+        const FindingCount& count = counts[static_cast<std::size_t>(info.code)];
         if (count.found > count.reported) {
             out.Write(Printable(PathText(file)) + ": " + info.id + ": " +
                       std::to_string(count.found - count.reported) + " more not shown\n");
@@ -124,25 +182,24 @@ void WriteSummary(const std::filesystem::path& file, const check::CodeCounts& co
     out.Write(Printable(PathText(file)) + ": " + text + "\n");
 }
 
-void WriteRepairs(const CheckOptions& options, const check::RepairReport& report, OutputFile& out) {
-    for (const check::Repair& repair : report.repairs) {
+void WriteRepairs(const CheckOptions& options, const RepairReport& report, OutputFile& out) {
+    for (const Repair& repair : report.repairs) {
         out.Write(Printable(PathText(repair.file)) + ":" + std::to_string(repair.line) +
-                  ": repaired " + check::InfoOf(repair.code).id + ": " + Printable(repair.what) +
-                  "\n");
+                  ": repaired " + InfoOf(repair.code).id + ": " + Printable(repair.what) + "\n");
     }
     out.Write(PathText(options.fix) + ": written with " + Plural(report.count, "repair") + "\n");
 }
 
-std::string RepairsAsJson(const CheckOptions& options, const check::RepairReport& report) {
+std::string RepairsAsJson(const CheckOptions& options, const RepairReport& report) {
     std::string json = ",\n  \"fix\": {\"path\": ";
     AppendJsonString(json, PathText(options.fix));
     AppendMember(json, "count", report.count);
     json += ", \"repairs\": [";
     bool isFirst = true;
-    for (const check::Repair& repair : report.repairs) {
+    for (const Repair& repair : report.repairs) {
         json += isFirst ? "\n      {\"code\": " : ",\n      {\"code\": ";
         isFirst = false;
-        AppendJsonString(json, check::InfoOf(repair.code).id);
+        AppendJsonString(json, InfoOf(repair.code).id);
         AppendMember(json, "file", PathText(repair.file));
         AppendMember(json, "line", repair.line);
         AppendMember(json, "what", repair.what);
@@ -158,7 +215,7 @@ SeverityCounts CheckAsJson(const CheckOptions& options, OutputFile& out) {
         std::string json = i == 0 ? "\n  {\"path\": " : ",\n  {\"path\": ";
         AppendJsonString(json, PathText(options.files[i]));
         out.Write(json + ", \"findings\": [");
-        JsonSink sink(out);
+        JsonSink sink(out, options.asIs);
         const SeverityCounts sums = BySeverity(CheckFile(options.files[i], options, sink));
         out.Write("], \"errors\": " + std::to_string(sums[0]) + ", \"warnings\": " +
                   std::to_string(sums[1]) + ", \"notes\": " + std::to_string(sums[2]) + "}");
@@ -173,8 +230,8 @@ SeverityCounts CheckAsJson(const CheckOptions& options, OutputFile& out) {
 SeverityCounts CheckAsText(const CheckOptions& options, OutputFile& out) {
     SeverityCounts all{};
     for (const std::filesystem::path& file : options.files) {
-        TextSink sink(out);
-        const check::CodeCounts counts = CheckFile(file, options, sink);
+        TextSink sink(out, options.asIs);
+        const FindingCounts counts = CheckFile(file, options, sink);
         WriteSummary(file, counts, out);
         const SeverityCounts sums = BySeverity(counts);
         for (std::size_t s = 0; s < all.size(); ++s) {
@@ -208,21 +265,23 @@ CheckOptions CheckedCheckOptions(const CheckArguments& arguments) {
     options.json = arguments.json;
     options.strict = arguments.strict;
     options.maxPerCode = arguments.maxPerCode;
+    options.encoding = arguments.encoding;
+    options.asIs = arguments.asIs;
     options.ifExists = arguments.overwrite ? IfExists::Overwrite : IfExists::Refuse;
     return options;
 }
 
 int PrintCodes() {
     OutputFile out("-", IfExists::Overwrite);
-    out.Write(check::CodesAsMarkdown());
+    out.Write(FindingsAsMarkdown());
     out.Finish();
     return 0;
 }
 
 int RunCheck(const CheckOptions& options, Reporter& reporter) {
-    std::optional<check::RepairReport> repairs;
+    std::optional<RepairReport> repairs;
     if (!options.fix.empty()) {
-        repairs = check::RepairMif(options.files.front(), options.fix, options.ifExists);
+        repairs = RepairMif(options.files.front(), options.fix, options.ifExists);
         if (repairs->count == 0) {
             reporter.Note(PathText(options.files.front()) +
                           ": nothing to repair; the copy is the same");

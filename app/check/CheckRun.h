@@ -20,6 +20,8 @@ struct CheckArguments {
     bool overwrite = false;
     std::uint64_t maxPerCode = 100;
     std::string fix;
+    std::string encoding;
+    bool asIs = false;
 };
 
 struct CheckOptions {
@@ -29,6 +31,8 @@ struct CheckOptions {
     std::uint64_t maxPerCode = 100;  // findings of one code shown for a file; 0: all
     std::filesystem::path fix = {};  // the repaired copy; empty: none
     IfExists ifExists = IfExists::Refuse;
+    std::string encoding = {};  // of the files' texts, whatever their headers say
+    bool asIs = false;          // what the files are to the module is all that matters
     std::string modulePath = {};
 };
 

@@ -11,7 +11,7 @@
 #include <memory>
 #include <string_view>
 
-namespace app::check {
+namespace app {
 namespace {
 
 // What a reporter says, kept in memory.
@@ -41,12 +41,12 @@ private:
     std::FILE* stream_;
 };
 
-void Pass(Code code, const std::filesystem::path& mif, std::string message, FindingSink& sink,
-          CodeCounts& counts) {
-    CodeCount& count = counts[static_cast<std::size_t>(code)];
+void Pass(FindingCode code, const std::filesystem::path& mif, std::string message,
+          FindingSink& sink, FindingCounts& counts) {
+    FindingCount& count = counts[static_cast<std::size_t>(code)];
     ++count.found;
     ++count.reported;
-    const CodeInfo& info = InfoOf(code);
+    const FindingInfo& info = InfoOf(code);
     sink.Add({.code = &info,
               .file = mif,
               .line = 0,
@@ -62,7 +62,7 @@ std::string WithoutName(const std::string& text, const std::filesystem::path& mi
 
 // A warning begins with the file's name; the lines after it belong to it.
 void PassWarnings(std::string_view kept, const std::filesystem::path& mif, FindingSink& sink,
-                  CodeCounts& counts) {
+                  FindingCounts& counts) {
     constexpr std::string_view kPrefix = "qolf: warning: ";
     std::string warning;
     while (!kept.empty()) {
@@ -73,21 +73,17 @@ void PassWarnings(std::string_view kept, const std::filesystem::path& mif, Findi
             continue;
         }
         line.remove_prefix(kPrefix.size());
-        // The check has a finding of its own for a file without objects.
-        if (!line.ends_with(": holds no objects")) {
-            warning += (warning.empty() ? "" : " ") + WithoutName(std::string(line), mif);
-        }
+        warning += (warning.empty() ? "" : " ") + WithoutName(std::string(line), mif);
     }
     if (!warning.empty()) {
-        Pass(Code::ModuleWarning, mif, warning, sink, counts);
+        Pass(FindingCode::ModuleWarning, mif, warning, sink, counts);
     }
 }
 
 }  // namespace
 
 void CheckByImport(const std::filesystem::path& mif, const std::string& modulePath,
-                   FindingSink& sink, CodeCounts& counts) {
-    const Module module(modulePath);  // loaded first: its absence is no fault of the file
+                   FindingSink& sink, FindingCounts& counts) {
     KeptText kept;
     Reporter reporter(kept.Stream(), false, false);
     ImportSettings settings;
@@ -96,14 +92,14 @@ void CheckByImport(const std::filesystem::path& mif, const std::string& modulePa
     settings.modulePath = modulePath;
     std::string error;
     try {
-        static_cast<void>(RunImport(settings, reporter, [](zeio::TrBase&) {}));
-    } catch (const Failure& failure) {
-        error = failure.what();
+        ImportRun(std::move(settings), reporter).Import(reporter, [](zeio::TrBase&) {});
+    } catch (const ImportFailure& failure) {
+        error = failure.Reason();
     }
     PassWarnings(kept.Text(), mif, sink, counts);
     if (!error.empty()) {
-        Pass(Code::ModuleError, mif, WithoutName(error, mif), sink, counts);
+        Pass(FindingCode::ModuleError, mif, WithoutName(error, mif), sink, counts);
     }
 }
 
-}  // namespace app::check
+}  // namespace app

@@ -12,7 +12,7 @@
 #include <optional>
 #include <utility>
 
-namespace app::check {
+namespace app {
 namespace {
 
 constexpr std::uint64_t kToTheEnd = std::numeric_limits<std::uint64_t>::max();
@@ -101,8 +101,8 @@ private:
 class NullSink : public FindingSink {
 public:
     void Add(const Finding& finding) override {
-        isUnreadable_ = isUnreadable_ || finding.code->code == Code::FileUnreadable ||
-                        finding.code->code == Code::Utf16;
+        isUnreadable_ = isUnreadable_ || finding.code->code == FindingCode::FileUnreadable ||
+                        finding.code->code == FindingCode::Utf16;
     }
     bool IsUnreadable() const { return isUnreadable_; }
 
@@ -115,19 +115,19 @@ public:
     RepairSink(EditedCopy& mif, EditedCopy* mid) : mif_(mif), mid_(mid) {}
 
     void Add(const Finding&) override {}
-    void AddEdit(PairFile file, const Edit& edit) override {
+    void AddEdit(FileOfPair file, const Edit& edit) override {
         if (EditedCopy* const copy = CopyOf(file); copy != nullptr) {
             copy->Add(edit);
         }
     }
-    void Settle(PairFile file, std::uint64_t offset) override {
+    void Settle(FileOfPair file, std::uint64_t offset) override {
         if (EditedCopy* const copy = CopyOf(file); copy != nullptr) {
             copy->Settle(offset);
         }
     }
 
 private:
-    EditedCopy* CopyOf(PairFile file) { return file == PairFile::Mif ? &mif_ : mid_; }
+    EditedCopy* CopyOf(FileOfPair file) { return file == FileOfPair::Mif ? &mif_ : mid_; }
 
     EditedCopy& mif_;
     EditedCopy* mid_;
@@ -162,13 +162,14 @@ private:
 
 TabRewriting LookForTabs(const std::filesystem::path& input) {
     NullSink sink;
-    const CodeCounts counts = CheckPair(input, {.maxPerCode = 1}, sink);
+    const FindingCounts counts = CheckPair(input, {.maxPerCode = 1, .charset = {}}, sink).findings;
     if (sink.IsUnreadable()) {
         throw Failure(PathText(input) + ": can't be repaired: it can't be read as a text of single "
                                         "bytes");
     }
-    return counts[static_cast<std::size_t>(Code::EmptyFieldUnderTab)].found > 0 ? TabRewriting::On
-                                                                                : TabRewriting::Off;
+    return counts[static_cast<std::size_t>(FindingCode::EmptyFieldUnderTab)].found > 0
+               ? TabRewriting::On
+               : TabRewriting::Off;
 }
 
 }  // namespace
@@ -181,7 +182,7 @@ RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem
     const TabRewriting rewriting = LookForTabs(input);
     RepairReport report;
     report.hasMid = !mid.empty();
-    CodeCounts listed{};
+    FindingCounts listed{};
     const auto record = [&](const std::filesystem::path& file) {
         return [&, file](const Edit& edit) {
             ++report.count;
@@ -190,7 +191,7 @@ RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem
             }
         };
     };
-    const PairCheckOptions options{.maxPerCode = 1, .tabRewriting = rewriting};
+    const PairCheckOptions options{.maxPerCode = 1, .tabRewriting = rewriting, .charset = {}};
     if (mid.empty()) {
         OutputFile out(output, ifExists);
         out.Write({});
@@ -221,4 +222,4 @@ RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem
     return report;
 }
 
-}  // namespace app::check
+}  // namespace app

@@ -2,19 +2,19 @@
 #pragma once
 
 #include "app/base/Output.h"
-#include "app/check/FindingCodes.h"
-#include "app/check/Report.h"
+#include "app/mif/FindingCodes.h"
+#include "app/mif/FindingCounter.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-namespace app::check {
+namespace app {
 
 // One repair, for people.
 struct Repair {
-    Code code = Code::FileUnreadable;
+    FindingCode code = FindingCode::FileUnreadable;
     std::filesystem::path file;  // of the input
     std::uint64_t line = 0;
     std::string what;  // "count 5 becomes 4"
@@ -35,4 +35,4 @@ struct RepairReport {
 RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem::path& output,
                        IfExists ifExists);
 
-}  // namespace app::check
+}  // namespace app

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string_view>
 
-namespace app::check {
+namespace app {
 namespace {
 
 GEOSContextHandle_t AsContext(void* context) {
@@ -16,7 +16,7 @@ GEOSContextHandle_t AsContext(void* context) {
 }
 
 // The sequence of the closed ring, owned by the caller; null when memory is short.
-GEOSCoordSequence* SequenceOf(GEOSContextHandle_t context, const std::vector<Vertex>& ring) {
+GEOSCoordSequence* SequenceOf(GEOSContextHandle_t context, std::span<const shr::Vec2d> ring) {
     const bool isClosed = ring.front() == ring.back();
     const std::size_t size = ring.size() + (isClosed ? 0 : 1);
     GEOSCoordSequence* sequence =
@@ -25,14 +25,14 @@ GEOSCoordSequence* SequenceOf(GEOSContextHandle_t context, const std::vector<Ver
         return nullptr;
     }
     for (std::size_t i = 0; i < size; ++i) {
-        const Vertex& vertex = ring[i % ring.size()];
+        const shr::Vec2d& vertex = ring[i % ring.size()];
         GEOSCoordSeq_setXY_r(context, sequence, static_cast<unsigned int>(i), vertex.x, vertex.y);
     }
     return sequence;
 }
 
-Vertex PointOf(GEOSContextHandle_t context, const GEOSGeometry* point) {
-    Vertex vertex;
+shr::Vec2d PointOf(GEOSContextHandle_t context, const GEOSGeometry* point) {
+    shr::Vec2d vertex;
     GEOSGeomGetX_r(context, point, &vertex.x);
     GEOSGeomGetY_r(context, point, &vertex.y);
     return vertex;
@@ -40,7 +40,7 @@ Vertex PointOf(GEOSContextHandle_t context, const GEOSGeometry* point) {
 
 }  // namespace
 
-std::uint64_t CountDoubled(const std::vector<Vertex>& vertices) {
+std::uint64_t CountDoubled(std::span<const shr::Vec2d> vertices) {
     std::uint64_t doubled = 0;
     for (std::size_t i = 1; i < vertices.size(); ++i) {
         doubled += vertices[i] == vertices[i - 1] ? 1U : 0U;
@@ -48,10 +48,10 @@ std::uint64_t CountDoubled(const std::vector<Vertex>& vertices) {
     return doubled;
 }
 
-bool HasArea(const std::vector<Vertex>& ring) {
+bool HasArea(std::span<const shr::Vec2d> ring) {
     const auto second =
-        std::ranges::find_if(ring, [&](const Vertex& v) { return !(v == ring.front()); });
-    return second != ring.end() && std::any_of(second, ring.end(), [&](const Vertex& v) {
+        std::ranges::find_if(ring, [&](const shr::Vec2d& v) { return !(v == ring.front()); });
+    return second != ring.end() && std::any_of(second, ring.end(), [&](const shr::Vec2d& v) {
                return !(v == ring.front()) && !(v == *second);
            });
 }
@@ -62,15 +62,18 @@ RingTester::~RingTester() {
     GEOS_finish_r(AsContext(context_));
 }
 
-std::optional<Crossing> RingTester::Test(const std::vector<Vertex>& ring) {
+std::optional<Crossing> RingTester::Test(std::span<const shr::Vec2d> ring) {
     if (ring.size() < 3 || !HasArea(ring)) {
+        return std::nullopt;
+    }
+    if (simple_.IsSimple(ring)) {
         return std::nullopt;
     }
     if (ring.size() > kMaxVertices) {
         return Crossing{.where = {}, .reason = "it has more than 4,000,000 vertices"};
     }
     if (!std::ranges::all_of(
-            ring, [](const Vertex& v) { return std::isfinite(v.x) && std::isfinite(v.y); })) {
+            ring, [](const shr::Vec2d& v) { return std::isfinite(v.x) && std::isfinite(v.y); })) {
         return Crossing{.where = {}, .reason = "it has coordinates that are no numbers"};
     }
     const GEOSContextHandle_t context = AsContext(context_);
@@ -103,4 +106,4 @@ std::optional<Crossing> RingTester::Test(const std::vector<Vertex>& ring) {
                     .reason = {}};
 }
 
-}  // namespace app::check
+}  // namespace app

@@ -1,28 +1,26 @@
 // Finds what is wrong with one ring or line: unclosed, self-crossing, doubled vertices.
 #pragma once
 
+#include "app/check/SimpleRing.h"
+#include "host/shr/Geometry.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
-namespace app::check {
-
-struct Vertex {
-    double x = 0.0;
-    double y = 0.0;
-    bool operator==(const Vertex&) const = default;
-};
+namespace app {
 
 // The number of vertices that equal the one before.
-std::uint64_t CountDoubled(const std::vector<Vertex>& vertices);
+std::uint64_t CountDoubled(std::span<const shr::Vec2d> vertices);
 
 enum class CrossingKind { Crosses, Touches, NotTested };
 
 struct Crossing {
     CrossingKind kind = CrossingKind::NotTested;
-    Vertex where;        // no meaning for NotTested
+    shr::Vec2d where;    // no meaning for NotTested
     std::string reason;  // for NotTested: why
 };
 
@@ -39,13 +37,14 @@ public:
 
     // The ring is closed for the test if it is not. Nothing when it is simple, or has fewer than
     // three different vertices.
-    std::optional<Crossing> Test(const std::vector<Vertex>& ring);
+    std::optional<Crossing> Test(std::span<const shr::Vec2d> ring);
 
 private:
     void* context_;  // of the geometry library, owned
+    SimpleRing simple_;
 };
 
 // True when the ring has at least three different vertices.
-bool HasArea(const std::vector<Vertex>& ring);
+bool HasArea(std::span<const shr::Vec2d> ring);
 
-}  // namespace app::check
+}  // namespace app

@@ -1,7 +1,7 @@
 #include "app/check/RowCheck.h"
 
-#include "app/check/NumberLine.h"
 #include "app/mif/Numbers.h"
+#include "app/mif/RowReader.h"
 #include "app/mif/Words.h"
 
 #include <algorithm>
@@ -10,18 +10,8 @@
 #include <string_view>
 #include <vector>
 
-namespace app::check {
+namespace app {
 namespace {
-
-constexpr std::size_t kMaxJoinedLines = 64;
-
-struct Field {
-    std::string_view raw;  // with quotes and blanks
-    std::string value;     // as meant: without them, doubled quotes made one
-    std::uint64_t begin = 0;
-    bool isQuoted = false;
-    bool hasDoubledQuote = false;
-};
 
 std::string_view Trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \r");
@@ -31,42 +21,10 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \r") - first + 1);
 }
 
-Field FieldOf(std::string_view raw, std::uint64_t begin) {
-    Field field{.raw = raw, .value = {}, .begin = begin};
-    std::string_view inner = Trimmed(raw);
-    field.isQuoted = inner.size() >= 2 && inner.front() == '"' && inner.back() == '"';
-    if (!field.isQuoted) {
-        field.value = inner;
-        return field;
-    }
-    inner = inner.substr(1, inner.size() - 2);
-    for (std::size_t i = 0; i < inner.size(); ++i) {
-        field.value += inner[i];
-        if (inner[i] == '"') {
-            field.hasDoubledQuote = true;
-            i += i + 1 < inner.size() && inner[i + 1] == '"' ? 1U : 0U;
-        }
-    }
-    return field;
-}
-
-std::vector<Field> FieldsOf(std::string_view row, char delimiter, std::uint64_t begin) {
-    std::vector<Field> fields;
-    bool isInQuotes = false;
-    std::size_t first = 0;
-    for (std::size_t i = 0; i <= row.size(); ++i) {
-        if (i == row.size() || (row[i] == delimiter && !isInQuotes)) {
-            fields.push_back(FieldOf(row.substr(first, i - first), begin + first));
-            first = i + 1;
-        } else if (row[i] == '"') {
-            isInQuotes = !isInQuotes;
-        }
-    }
-    return fields;
-}
-
-bool HasOpenQuote(std::string_view row) {
-    return std::ranges::count(row, '"') % 2 != 0;
+std::string OneLine(std::string_view text) {
+    std::string line(text);
+    std::ranges::replace(line, '\n', ' ');
+    return line;
 }
 
 bool IsWholeWithin(std::string_view text, std::int64_t least, std::int64_t most) {
@@ -133,146 +91,123 @@ bool IsNumeric(ColumnKind kind) {
 
 class RowChecker {
 public:
-    RowChecker(LineReader& lines, Report& report, const CheckedHeader& header,
+    RowChecker(LineReader& lines, FindingCounter& report, const MifHeader& header,
                const CharsetTester& charset, TabRewriting rewriting, std::uint64_t& row)
         : lines_(lines), report_(report), header_(header), charset_(charset), rewriting_(rewriting),
-          row_(row) {}
+          row_(row), reader_(lines, DelimiterOf(header), header.columns.size()) {}
 
     std::uint64_t Check();
 
 private:
+    std::uint64_t SkipBlankLines(std::uint64_t rows);
     void CheckRow();
-    std::string JoinedRow();
-    void CheckCount(const std::vector<Field>& fields);
-    void CheckValue(const Field& field, const Column& column);
-    bool IsTooWide(const Field& field, const Column& column) const;
-    void CheckEmptyFields(const std::vector<Field>& fields);
-    void OfferCommas(const std::vector<Field>& fields, std::uint64_t begin, std::uint64_t end);
-    Place Here() const { return {PairFile::Mid, line_, row_}; }
+    void CheckLines();
+    void CheckCount();
+    void CheckValue(const RowField& field, const Column& column);
+    void ReportComma(const RowField& field, const Column& column);
+    bool IsTooWide(const std::string& value, const Column& column) const;
+    void CheckEmptyFields();
+    void OfferCommas();
+    std::string_view TextOf(const RowField& field) const {
+        return reader_.Last().text.substr(field.begin, field.end - field.begin);
+    }
+    Place Here() const { return {FileOfPair::Mid, reader_.Last().line, row_}; }
 
     LineReader& lines_;
-    Report& report_;
-    const CheckedHeader& header_;
+    FindingCounter& report_;
+    const MifHeader& header_;
     const CharsetTester& charset_;
     TabRewriting rewriting_;
     std::uint64_t& row_;
-    std::uint64_t line_ = 0;
-    std::uint64_t end_ = 0;  // offset behind the row
-    std::size_t lineCount_ = 1;
+    RowReader reader_;
+    std::vector<RowField> fields_;
 };
 
 std::uint64_t RowChecker::Check() {
     row_ = 0;
     std::uint64_t rows = 0;
     for (const MifLine* line = lines_.Peek(); line != nullptr; line = lines_.Peek()) {
-        report_.Settle(PairFile::Mid, line->begin);
-        if (!line->raw.empty()) {
-            row_ = ++rows;
-            line_ = line->number;
-            CheckRow();
+        report_.Settle(FileOfPair::Mid, line->begin);
+        if (line->raw.empty()) {
+            rows += SkipBlankLines(rows);
             continue;
         }
-        const std::uint64_t first = line->number;
-        std::uint64_t blanks = 0;
-        while (lines_.Peek() != nullptr && lines_.Peek()->raw.empty()) {
-            ++blanks;
-            lines_.Skip();
-        }
-        if (lines_.Peek() == nullptr) {
-            break;
-        }
-        report_.Add(Code::RowEmpty, {PairFile::Mid, first, rows + 1},
-                    Counted(blanks, "empty line stands", "empty lines stand") +
-                        " between the rows; the reader takes each for a row");
-        rows += blanks;
+        row_ = ++rows;
+        reader_.Next(fields_);
+        CheckRow();
     }
     return rows;
 }
 
-// The next row with the lines that a quoted value spreads over.
-std::string RowChecker::JoinedRow() {
-    const MifLine& line = *lines_.Peek();
-    lineCount_ = 1;
-    end_ = line.end;
-    if (!HasOpenQuote(line.raw) || header_.delimiter.empty()) {
-        return std::string(line.raw);
+// Returns how many of them are rows: none at the end.
+std::uint64_t RowChecker::SkipBlankLines(std::uint64_t rows) {
+    const std::uint64_t first = lines_.Peek()->number;
+    std::uint64_t blanks = 0;
+    for (; lines_.Peek() != nullptr && lines_.Peek()->raw.empty(); lines_.Skip()) {
+        ++blanks;
     }
-    std::string joined(line.raw);
-    for (std::size_t i = 1; i <= kMaxJoinedLines && lines_.Peek(i) != nullptr; ++i) {
-        const MifLine& next = *lines_.Peek(i);
-        joined +=
-            std::string(static_cast<std::size_t>(next.begin - end_), ' ') + std::string(next.raw);
-        end_ = next.end;
-        if (joined.size() > LineReader::kMaxLineBytes || next.isCut) {
-            break;
-        }
-        const bool isWhole = !HasOpenQuote(joined);
-        const std::size_t count = isWhole ? FieldsOf(joined, header_.delimiter[0], 0).size() : 0;
-        if (isWhole && count <= header_.columns.size() + 1 && count >= header_.columns.size()) {
-            lineCount_ = i + 1;
-            return joined;
-        }
+    if (lines_.Peek() == nullptr) {
+        return 0;
     }
-    end_ = line.end;
-    return std::string(line.raw);
+    report_.Add(FindingCode::RowEmpty, {FileOfPair::Mid, first, rows + 1},
+                Counted(blanks, "empty line stands", "empty lines stand") +
+                    " between the rows; the reader takes each for a row");
+    return blanks;
 }
 
 void RowChecker::CheckRow() {
-    const std::uint64_t begin = lines_.Peek()->begin;
-    const bool isOpen = HasOpenQuote(lines_.Peek()->raw);
-    const std::string row = JoinedRow();
-    if (isOpen && lineCount_ == 1) {
-        report_.Add(Code::RowQuoteUnclosed, Here(), "the row has a quote without its partner");
-    }
-    for (std::size_t i = 0; i + 1 < lineCount_; ++i) {
-        const MifLine& line = *lines_.Peek(i);
-        if (i == 0) {
-            report_.Add(Code::LineBreakInValue, Here(),
-                        "a quoted value goes on on the next line; the reader ends the row there");
-        }
-        report_.Change(PairFile::Mid, {.begin = line.end,
-                                       .end = line.next,
-                                       .text = " ",
-                                       .code = Code::LineBreakInValue,
-                                       .line = line.number,
-                                       .what = "the line break in the value becomes a blank"});
-    }
-    for (std::size_t i = 0; i < lineCount_; ++i) {
-        lines_.Skip();
-    }
+    CheckLines();
     if (header_.columns.empty() || header_.delimiter.empty()) {
         return;
     }
-    const std::vector<Field> fields = FieldsOf(row, header_.delimiter[0], begin);
-    CheckCount(fields);
-    for (std::size_t i = 0; i < std::min(fields.size(), header_.columns.size()); ++i) {
-        CheckValue(fields[i], header_.columns[i]);
+    CheckCount();
+    for (std::size_t i = 0; i < std::min(fields_.size(), header_.columns.size()); ++i) {
+        CheckValue(fields_[i], header_.columns[i]);
     }
-    CheckEmptyFields(fields);
+    CheckEmptyFields();
     if (rewriting_ == TabRewriting::On) {
-        OfferCommas(fields, begin, end_);
+        OfferCommas();
     }
 }
 
-void RowChecker::CheckCount(const std::vector<Field>& fields) {
+void RowChecker::CheckLines() {
+    if (reader_.Last().isOpen) {
+        report_.Add(FindingCode::RowQuoteUnclosed, Here(),
+                    "the row has a quote without its partner");
+    }
+    if (!reader_.Last().breaks.empty()) {
+        report_.Add(FindingCode::LineBreakInValue, Here(),
+                    "a quoted value goes on on the next line; the reader ends the row there");
+    }
+    for (const Row::Break& lineEnd : reader_.Last().breaks) {
+        report_.Change(FileOfPair::Mid, {.begin = lineEnd.begin,
+                                         .end = lineEnd.end,
+                                         .text = " ",
+                                         .code = FindingCode::LineBreakInValue,
+                                         .line = lineEnd.line,
+                                         .what = "the line break in the value becomes a blank"});
+    }
+}
+
+void RowChecker::CheckCount() {
     const std::size_t columns = header_.columns.size();
-    if (fields.size() == columns) {
+    if (fields_.size() == columns) {
         return;
     }
-    const std::string text = "the row has " + Counted(fields.size(), "value", "values") + ", and " +
-                             Counted(columns, "column is", "columns are") + " declared";
-    if (fields.size() < columns) {
-        report_.Add(Code::RowTooShort, Here(), text);
-    } else if (fields.size() == columns + 1 && fields.back().value.empty() &&
-               !fields.back().isQuoted) {
-        report_.Add(Code::RowTrailingDelimiter, Here(), "the row ends with a delimiter too many");
+    const std::string text = "the row has " + Counted(fields_.size(), "value", "values") +
+                             ", and " + Counted(columns, "column is", "columns are") + " declared";
+    if (fields_.size() < columns) {
+        report_.Add(FindingCode::RowTooShort, Here(), text);
+    } else if (fields_.size() == columns + 1 && fields_.back().value.empty() &&
+               !fields_.back().isQuoted) {
+        report_.Add(FindingCode::RowTrailingDelimiter, Here(),
+                    "the row ends with a delimiter too many");
     } else {
-        report_.Add(Code::RowTooLong, Here(), text);
+        report_.Add(FindingCode::RowTooLong, Here(), text);
     }
 }
 
-bool RowChecker::IsTooWide(const Field& field, const Column& column) const {
-    const std::string& value = field.value;
+bool RowChecker::IsTooWide(const std::string& value, const Column& column) const {
     if (column.kind == ColumnKind::Char) {
         return column.width > 0 &&
                charset_.CountCharacters(value) > static_cast<std::size_t>(column.width);
@@ -291,47 +226,48 @@ bool RowChecker::IsTooWide(const Field& field, const Column& column) const {
            whole > static_cast<std::size_t>(column.width);
 }
 
-void RowChecker::CheckValue(const Field& field, const Column& column) {
+void RowChecker::CheckValue(const RowField& field, const Column& column) {
     if (field.hasDoubledQuote) {
-        report_.Add(Code::DoubledQuote, Here(),
+        report_.Add(FindingCode::DoubledQuote, Here(),
                     "a value of " + Quoted(column.name) +
-                        " holds a doubled quote; the reader "
-                        "ends it there");
+                        " holds a doubled quote; the reader ends it there");
     }
     if (field.value.empty()) {
         return;
     }
     if (IsNumeric(column.kind) && HasDecimalComma(field.value)) {
-        const std::size_t comma = field.raw.find(',');
-        report_.Add(Code::DecimalCommaInValue, Here(),
-                    "the value " + Quoted(field.value) + " of " + Quoted(column.name) +
-                        " has a decimal comma");
-        report_.Change(PairFile::Mid, {.begin = field.begin + comma,
-                                       .end = field.begin + comma + 1,
-                                       .text = ".",
-                                       .code = Code::DecimalCommaInValue,
-                                       .line = line_,
-                                       .what = "the decimal comma becomes a full stop"});
-        return;
-    }
-    if (!IsOfKind(field.value, column.kind)) {
-        report_.Add(Code::ValueNotOfType, Here(),
+        ReportComma(field, column);
+    } else if (!IsOfKind(field.value, column.kind)) {
+        report_.Add(FindingCode::ValueNotOfType, Here(),
                     "the value " + Quoted(field.value) + " of " + Quoted(column.name) + " is no " +
                         ColumnKindName(column.kind));
-    } else if (IsTooWide(field, column)) {
-        report_.Add(Code::ValueTooWide, Here(),
+    } else if (IsTooWide(field.value, column)) {
+        report_.Add(FindingCode::ValueTooWide, Here(),
                     "the value " + Quoted(field.value) + " of " + Quoted(column.name) +
                         " is wider than its column");
     }
 }
 
-void RowChecker::CheckEmptyFields(const std::vector<Field>& fields) {
+void RowChecker::ReportComma(const RowField& field, const Column& column) {
+    const std::uint64_t comma = reader_.Last().OffsetOf(field.begin + TextOf(field).find(','));
+    report_.Add(FindingCode::DecimalCommaInValue, Here(),
+                "the value " + Quoted(field.value) + " of " + Quoted(column.name) +
+                    " has a decimal comma");
+    report_.Change(FileOfPair::Mid, {.begin = comma,
+                                     .end = comma + 1,
+                                     .text = ".",
+                                     .code = FindingCode::DecimalCommaInValue,
+                                     .line = reader_.Last().line,
+                                     .what = "the decimal comma becomes a full stop"});
+}
+
+void RowChecker::CheckEmptyFields() {
     if (header_.delimiter != "\t") {
         return;
     }
-    for (std::size_t i = 0; i + 1 < fields.size(); ++i) {
-        if (fields[i].value.empty() && !fields[i].isQuoted) {
-            report_.Add(Code::EmptyFieldUnderTab, Here(),
+    for (std::size_t i = 0; i + 1 < fields_.size(); ++i) {
+        if (fields_[i].value.empty() && !fields_[i].isQuoted) {
+            report_.Add(FindingCode::EmptyFieldUnderTab, Here(),
                         "value " + std::to_string(i + 1) +
                             " is empty between tabs; the reader takes the next one for it");
             return;
@@ -339,11 +275,10 @@ void RowChecker::CheckEmptyFields(const std::vector<Field>& fields) {
     }
 }
 
-void RowChecker::OfferCommas(const std::vector<Field>& fields, std::uint64_t begin,
-                             std::uint64_t end) {
+void RowChecker::OfferCommas() {
     std::string text;
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        const Field& field = fields[i];
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const RowField& field = fields_[i];
         const ColumnKind kind =
             i < header_.columns.size() ? header_.columns[i].kind : ColumnKind::Other;
         std::string value = field.value;
@@ -356,24 +291,24 @@ void RowChecker::OfferCommas(const std::vector<Field>& fields, std::uint64_t beg
             (kind != ColumnKind::Char || (value.find('"') != std::string::npos && value[0] != '"'));
         text += i == 0 ? "" : ",";
         if (field.isQuoted) {
-            text += Trimmed(field.raw);
+            text += OneLine(Trimmed(TextOf(field)));
         } else {
             text += isBare ? value : "\"" + value + "\"";
         }
     }
-    report_.Change(PairFile::Mid, {.begin = begin,
-                                   .end = end,
-                                   .text = text,
-                                   .code = Code::EmptyFieldUnderTab,
-                                   .line = line_,
-                                   .what = "tabs become commas, texts get quotes"});
+    report_.Change(FileOfPair::Mid, {.begin = reader_.Last().begin,
+                                     .end = reader_.Last().end,
+                                     .text = text,
+                                     .code = FindingCode::EmptyFieldUnderTab,
+                                     .line = reader_.Last().line,
+                                     .what = "tabs become commas, texts get quotes"});
 }
 
 }  // namespace
 
-std::uint64_t CheckRows(LineReader& lines, Report& report, const CheckedHeader& header,
+std::uint64_t CheckRows(LineReader& lines, FindingCounter& report, const MifHeader& header,
                         const CharsetTester& charset, TabRewriting rewriting, std::uint64_t& row) {
     return RowChecker(lines, report, header, charset, rewriting, row).Check();
 }
 
-}  // namespace app::check
+}  // namespace app

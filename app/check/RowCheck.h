@@ -2,18 +2,17 @@
 #pragma once
 
 #include "app/check/CharsetCheck.h"
-#include "app/check/HeaderCheck.h"
-#include "app/check/HeaderFacts.h"
-#include "app/check/Report.h"
+#include "app/mif/FindingCounter.h"
+#include "app/mif/HeaderPass.h"
 #include "app/mif/LineReader.h"
 
 #include <cstdint>
 
-namespace app::check {
+namespace app {
 
 // Reads all lines and answers how many rows there are; empty lines at the end are none. row is kept
 // at the number of the row under check.
-std::uint64_t CheckRows(LineReader& lines, Report& report, const CheckedHeader& header,
+std::uint64_t CheckRows(LineReader& lines, FindingCounter& report, const MifHeader& header,
                         const CharsetTester& charset, TabRewriting rewriting, std::uint64_t& row);
 
-}  // namespace app::check
+}  // namespace app

@@ -39,6 +39,12 @@ void AddCheckCommand(CLI::App& program, CommandContext& context) {
                      "Findings of one code shown for a file (100); 0 shows all")
         ->type_name("COUNT")
         ->check(CLI::NonNegativeNumber);
+    command->add_flag("--as-is", arguments->asIs,
+                      "Say nothing of what qolf itself would read right");
+    command
+        ->add_option("--encoding", arguments->encoding,
+                     "Encoding of the texts, whatever the headers say")
+        ->type_name("NAME");
     command->add_flag("--codes", arguments->codes, "List all codes with their meaning");
     command->footer(kCheckFooter);
     command->callback([arguments, &context] {

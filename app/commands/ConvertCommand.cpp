@@ -1,6 +1,4 @@
 // The options of qolf convert.
-#include "app/base/Paths.h"
-#include "app/check/RepairMif.h"
 #include "app/commands/Command.h"
 #include "app/convert/BatchConvert.h"
 #include "app/convert/ConvertRun.h"
@@ -23,16 +21,6 @@ Examples:
   qolf convert --crs EPSG:3301 in.geojson out.mif
   qolf convert --bbox 24,58,26,60 --select id,name roads.mif - | jq .
   qolf convert --jobs 2 --to gpkg --output-dir out/ maps/)";
-
-// The repair of qolf check, for SourceOptions::repair.
-void RepairTo(const std::filesystem::path& mif, const std::filesystem::path& copy,
-              Reporter& reporter) {
-    const check::RepairReport report = check::RepairMif(mif, copy, IfExists::Overwrite);
-    for (const check::Repair& repair : report.repairs) {
-        reporter.Note(PathText(repair.file) + ":" + std::to_string(repair.line) + ": " +
-                      repair.what);
-    }
-}
 
 std::vector<std::string> Split(const std::string& text) {
     std::vector<std::string> words(1);
@@ -91,9 +79,8 @@ void AddInput(CLI::App& command, ConvertOptions& options) {
         .add_option("--assume-crs", options.assumedCrs,
                     "Coordinate system of a MIF input, whatever its header says")
         ->type_name("SYSTEM");
-    command.add_flag_callback(
-        "--fix", [&options] { options.repair = RepairTo; },
-        "Read a MIF input with the faults repaired that check --fix repairs");
+    // Files are read as they were meant in any case; scripts may still say so.
+    command.add_flag("--fix")->group("");
     command.add_option("--encoding", options.encoding, "Encoding of the MIF file's texts")
         ->type_name("NAME");
     command

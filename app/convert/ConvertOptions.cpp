@@ -13,7 +13,6 @@ SourceOptions SourceOptionsOf(const ConvertOptions& options, Reporter& reporter)
         result.assumedSystem = SystemOfDefinition("--assume-crs", options.assumedCrs, reporter);
     }
     result.modulePath = options.modulePath;
-    result.repair = options.repair;
     return result;
 }
 

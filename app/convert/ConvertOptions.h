@@ -24,12 +24,9 @@ struct ConvertOptions {
     bool asIs = false;
     bool noStore = false;
     bool withStyles = false;
-    int segments = 64;       // edges of a full turn, for ellipses and rounded corners
-    std::string crs;         // empty: what suits the output; "keep"; or a definition for PROJ
-    std::string assumedCrs;  // --assume-crs: of a MIF input, whatever its header says
-
-    // --fix: a MIF input is read with its faults repaired (SourceOptions::repair); empty without.
-    decltype(SourceOptions::repair) repair;
+    int segments = 64;           // edges of a full turn, for ellipses and rounded corners
+    std::string crs;             // empty: what suits the output; "keep"; or a definition for PROJ
+    std::string assumedCrs;      // --assume-crs: of a MIF input, whatever its header says
     std::string encoding;        // of a MIF input, and of a MIF output from another format
     std::string outputEncoding;  // of a MIF output; empty: `encoding`, or what suits it
     std::optional<int>

@@ -34,6 +34,12 @@ NamedFile OutputOf(const ConvertOptions& options) {
             options.format.empty() ? FormatOfPath(argument) : FormatOfName(options.format)};
 }
 
+NamedFile InputOf(const std::string& argument) {
+    const Format& format = FormatOfPath(argument);
+    const bool isOneFile = format.mainFile == nullptr;
+    return {isOneFile ? argument : PathText(format.mainFile(PathFromArgument(argument))), format};
+}
+
 void CheckNoFolder(const std::string& input) {
     std::error_code error;
     if (std::filesystem::is_directory(PathFromArgument(input), error)) {
@@ -50,9 +56,9 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
     Conversion conversion{{}, OutputOf(options), {}, TargetOptionsOf(options)};
     const NamedFile& output = conversion.output;
     for (std::size_t i = 0; i + 1 < options.paths.size(); ++i) {
-        const std::string& input = options.paths[i];
-        CheckNoFolder(input);
-        conversion.inputs.push_back({input, FormatOfPath(input)});
+        CheckNoFolder(options.paths[i]);
+        conversion.inputs.push_back(InputOf(options.paths[i]));
+        const std::string& input = conversion.inputs.back().argument;
         if (input != "-" && output.argument != "-") {
             CheckNotInput(PathFromArgument(input), PathFromArgument(output.argument));
         }

@@ -1,5 +1,8 @@
 #include "app/convert/LayerConversion.h"
 
+#include "app/base/Counted.h"
+#include "app/base/Errors.h"
+
 #include <utility>
 
 namespace app {
@@ -42,7 +45,7 @@ bool LayerConversion::Take(Feature& feature) {
         FlattenCurves(feature, options_.segments);
     }
     if (plan_.reprojection) {
-        plan_.reprojection->Apply(feature);
+        Reproject(feature);
     }
     if (options_.precision) {
         RoundCoordinates(feature, *options_.precision);
@@ -57,6 +60,29 @@ bool LayerConversion::Take(Feature& feature) {
     return !filter_.CountIsLast();
 }
 
+void LayerConversion::Reproject(Feature& feature) {
+    const std::uint64_t failedBefore = plan_.reprojection->FailedPoints();
+    plan_.reprojection->Apply(feature);
+    if (plan_.reprojection->FailedPoints() > failedBefore) {
+        ++unplacedCount_;
+    } else if (feature.geometry.kind != GeometryKind::None) {
+        isAnyPlaced_ = true;
+    }
+}
+
+void LayerConversion::SayUnplaced() const {
+    if (!isAnyPlaced_) {
+        throw Failure(subject_ + ": no object has a place in the output's coordinate system; the "
+                                 "coordinates seem to be of another system than the input declares "
+                                 "(--assume-crs names that of a MIF file, --crs keep leaves the "
+                                 "coordinates as they are)");
+    }
+    reporter_.Warning(subject_ + ": " + Counted(unplacedCount_, "object", "objects") + " (" +
+                      Counted(plan_.reprojection->FailedPoints(), "point", "points") +
+                      (unplacedCount_ == 1 ? ") has" : ") have") +
+                      " no place in the output's coordinate system");
+}
+
 void LayerConversion::End() {
     if (outsideCount_ > 0 && !isAnyWritten_) {
         reporter_.Warning(
@@ -64,9 +90,8 @@ void LayerConversion::End() {
             (format_.holds.emptyLayers && !options_.asIs ? "an empty layer" : "nothing") +
             " is written");
     }
-    if (plan_.reprojection && plan_.reprojection->FailedPoints() > 0) {
-        reporter_.Warning(subject_ + ": " + std::to_string(plan_.reprojection->FailedPoints()) +
-                          " points have no place in the output's coordinate system");
+    if (unplacedCount_ > 0) {
+        SayUnplaced();
     }
 }
 

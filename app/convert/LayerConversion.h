@@ -27,11 +27,14 @@ public:
     // Writes the feature, unless it lies outside --bbox. False when that was the last one.
     bool Take(Feature& feature);
 
-    // Says when the box has kept everything out, and what happened to points that have no place in
-    // the output's system.
+    // Warns when the box has kept everything out, and of objects that have no place in the output's
+    // system. Throws Failure when no object has one.
     void End();
 
 private:
+    void Reproject(Feature& feature);
+    void SayUnplaced() const;
+
     const ConvertOptions& options_;
     const Format& format_;
     Target& target_;
@@ -39,7 +42,9 @@ private:
     FeatureFilter filter_;
     SystemPlan plan_;
     std::string subject_;
-    std::uint64_t outsideCount_ = 0;  // features that --bbox has kept out
+    std::uint64_t outsideCount_ = 0;   // features that --bbox has kept out
+    std::uint64_t unplacedCount_ = 0;  // features with a point that can't be reprojected
+    bool isAnyPlaced_ = false;
     bool isAnyWritten_ = false;
 };
 

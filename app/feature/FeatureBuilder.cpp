@@ -1,9 +1,8 @@
 #include "app/feature/FeatureBuilder.h"
 
+#include "app/base/Utf8.h"
 #include "app/feature/ObjectStyles.h"
 #include "standalone/Text.h"
-
-#include "host/shr/Text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,11 +12,6 @@
 
 namespace app {
 namespace {
-
-bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
 
 std::vector<shr::Vec2d> Flat(const std::vector<shr::Vec3d>& points) {
     std::vector<shr::Vec2d> flat;
@@ -90,10 +84,6 @@ void TakeText(const zeio::TrText& text, Geometry& geometry) {
 }
 
 }  // namespace
-
-std::string Utf8FromNarrow(std::string narrow) {
-    return IsAscii(narrow) ? std::move(narrow) : standalone::Narrow(shr::AtoW(narrow));
-}
 
 bool FeatureBuilder::Take(zeio::TrBase& object, Feature& feature) {
     Geometry& geometry = feature.geometry;

@@ -12,9 +12,6 @@
 
 namespace app {
 
-// Text of the host's code page 0 as UTF-8.
-std::string Utf8FromNarrow(std::string narrow);
-
 class FeatureBuilder {
 public:
     // `bounds` is the box of the header's own Bounds line, by which the module grades pens.
@@ -25,8 +22,11 @@ public:
     // Copies a graphic object into the feature, with the style in force, and returns true.
     bool Take(zeio::TrBase& object, Feature& feature);
 
-private:
+    // Copies the shape of a graphic object into the geometry; false for an object of another kind.
+    // What the object doesn't say stays as it is.
     static bool TakeGeometry(zeio::TrBase& object, Geometry& geometry);
+
+private:
     void TakeStyle(zeio::TrBase& object);
     void SetStyle(Geometry& geometry);
     void TakeValues(const shr::CParamList& attributes, Feature& feature);

@@ -21,12 +21,6 @@ struct SourceOptions {
     std::string encoding;  // --encoding, of a MIF file's texts; empty: by its header
     std::shared_ptr<const gcs::CSDef> assumedSystem;  // --assume-crs, of a MIF file; null: its own
     std::string modulePath;                           // as in Module
-
-    // --fix: writes a repaired copy of the pair `mif` to `copy` and notes what was repaired. Empty:
-    // a MIF file is read as it is.
-    std::function<void(const std::filesystem::path& mif, const std::filesystem::path& copy,
-                       Reporter& reporter)>
-        repair;
 };
 
 // Receives features one at a time; may change and move them. False ends the reading.

@@ -11,6 +11,7 @@
 #include "app/formats/mif/MifTarget.h"
 #include "app/formats/mif/ModuleTarget.h"
 #include "app/formats/mif/PairCopy.h"
+#include "app/mif/PairPass.h"
 
 #include <algorithm>
 #include <array>
@@ -50,9 +51,9 @@ std::unique_ptr<Source> OpenGeoJson(const std::string& argument, const SourceOpt
 
 template <GeoJsonForm form>
 std::unique_ptr<Target> WriteGeoJson(const std::string& argument, const TargetOptions& options,
-                                     Reporter& /*reporter*/) {
+                                     Reporter& reporter) {
     return std::make_unique<GeoJsonWriter>(PathFromArgument(argument), options.ifExists, form,
-                                           options.withStyles);
+                                           options.withStyles, reporter);
 }
 
 std::unique_ptr<Source> OpenPackage(const std::string& argument, const SourceOptions& /*options*/) {
@@ -82,6 +83,8 @@ constexpr std::array kFormats = {
            .openSource = OpenMif,
            .openTarget = WriteMif,
            .checkTarget = CheckMifOutput,
+           .companion = ".mid",
+           .mainFile = MifBeside,
            .copy = CopyMif},
     Format{.extensions = kGeoJson,
            .words = "GeoJSON",
@@ -153,6 +156,11 @@ const Format& FormatOfPath(const std::string& argument) {
                                                   : LowerExtension(PathFromArgument(argument));
     if (const Format* format = FindFormat(extension)) {
         return *format;
+    }
+    for (const Format& format : kFormats) {
+        if (!extension.empty() && extension == format.companion) {
+            return format;
+        }
     }
     std::vector<std::string> extensions;
     for (const Format& format : kFormats) {

@@ -5,6 +5,7 @@
 #include "app/feature/Source.h"
 #include "app/feature/Target.h"
 
+#include <filesystem>
 #include <memory>
 #include <span>
 #include <string>
@@ -44,6 +45,10 @@ struct Format {
 
     // Throws UsageError for a name that a file of the format can't have.
     void (*checkTarget)(const std::string& argument) = nullptr;  // null: every name will do
+
+    // The extension of a file that stands beside each; who names that one as an input means both.
+    std::string_view companion = {};  // none
+    std::filesystem::path (*mainFile)(const std::filesystem::path& named) = nullptr;
 
     // Copies a file to another of the same format as its own program does (--as-is); false when
     // there was nothing to write. Null: there is no such way.

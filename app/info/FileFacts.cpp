@@ -1,13 +1,16 @@
 #include "app/info/FileFacts.h"
 
-#include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/base/Utf8.h"
 #include "app/formats/mif/MifSource.h"
+#include "app/mif/PairPass.h"
 #include "host/platform/Stdio.h"
 #include "standalone/Text.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <memory>
+#include <utility>
 
 namespace app {
 namespace {
@@ -36,99 +39,64 @@ std::optional<std::uint64_t> CountRows(const std::filesystem::path& mifPath) {
     return rows + (last != '\n' && last != 0 ? 1 : 0);
 }
 
-class Counter {
+// What the module answers of a file without an import: slots 7 and 8.
+class Slots {
 public:
-    void Take(const Feature& feature) {
-        const Geometry& geometry = feature.geometry;
-        switch (geometry.kind) {
-        case GeometryKind::Points:
-            ++counts_.points;
-            break;
-        case GeometryKind::Line:
-            ++counts_.lines;
-            break;
-        case GeometryKind::Region:
-            ++counts_.regions;
-            break;
-        case GeometryKind::Rectangle:
-            ++counts_.rectangles;
-            WidenBy(geometry.box);
-            break;
-        case GeometryKind::Ellipse:
-            ++counts_.ellipses;
-            WidenBy(geometry.box);
-            break;
-        case GeometryKind::Text:
-            ++counts_.texts;
-            break;
-        default:  // the module hands over no others
-            break;
-        }
-        counts_.vertices += geometry.points.size();
-        for (const shr::Vec2d& point : geometry.points) {
-            Widen(point.x, point.y);
-        }
-    }
+    Slots(const MifSource& source, Reporter& reporter)
+        : store_(OpenOptionStore(/*noStore=*/true)),
+          host_(*store_, reporter, PathText(source.Path())), manager_(host_),
+          filter_(source.Run().TheModule().NewImportFilter(manager_)),
+          path_(WidePath(source.Path())) {}
 
-    const ObjectCounts& Counts() const { return counts_; }
+    bool CanImport() { return filter_->CanImportFile(path_) != 0; }
+    zeio::ImportFileInfo FileInfo() { return filter_->GetFileInfo(0, path_); }
 
 private:
-    void WidenBy(const shr::Box2d& box) {
-        Widen(box.minX, box.minY);
-        Widen(box.maxX, box.maxY);
-    }
-
-    void Widen(double x, double y) {
-        if (!counts_.extent) {
-            counts_.extent = shr::Box2d{x, y, x, y};
-        }
-        counts_.extent->minX = std::min(counts_.extent->minX, x);
-        counts_.extent->minY = std::min(counts_.extent->minY, y);
-        counts_.extent->maxX = std::max(counts_.extent->maxX, x);
-        counts_.extent->maxY = std::max(counts_.extent->maxY, y);
-    }
-
-    ObjectCounts counts_;
+    std::unique_ptr<standalone::OptionStore> store_;
+    ReportingHost host_;
+    zeio::IoManager manager_;
+    ImportFilterPtr filter_;
+    std::wstring path_;
 };
 
-// Slots 7 and 8.
-void AskSlots(ImportRun& run, Reporter& reporter, FileFacts& facts) {
-    facts.isCareTaken = run.IsPadded();
-    const auto store = OpenOptionStore(/*noStore=*/true);
-    ReportingHost host(*store, reporter, PathText(facts.path));
-    zeio::IoManager manager(host);
-    const ImportFilterPtr filter = run.TheModule().NewImportFilter(manager);
-    const std::wstring path = WidePath(run.ReadPath());
-    facts.canImport = filter->CanImportFile(path);
-    const zeio::ImportFileInfo info = filter->GetFileInfo(0, path);
+void TakeSlotAnswers(const zeio::ImportFileInfo& info, FileFacts& facts) {
     facts.version = Entry<int>(info, L"HDR_VERSION", 0);
     facts.charset = Entry<std::string>(info, L"HDR_CHARSET", "");
     facts.delimiter = Entry<std::string>(info, L"HDR_DELIMITER", "");
     facts.isEarth = Entry<bool>(info, L"HDR_HAS_EARTH_COORDS", false);
-    facts.bounds = {Entry<double>(info, L"HDR_XMIN", 0.0), Entry<double>(info, L"HDR_YMIN", 0.0),
-                    Entry<double>(info, L"HDR_XMAX", 0.0), Entry<double>(info, L"HDR_YMAX", 0.0)};
-    // The copy has some bytes more than the file.
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(facts.path, error);
-    facts.fileSize =
-        error ? Entry<long long>(info, L"File Size", 0LL) : static_cast<long long>(size);
+    const shr::Box2d bounds{
+        Entry<double>(info, L"HDR_XMIN", 0.0), Entry<double>(info, L"HDR_YMIN", 0.0),
+        Entry<double>(info, L"HDR_XMAX", 0.0), Entry<double>(info, L"HDR_YMAX", 0.0)};
+    if (bounds != shr::Box2d{}) {
+        facts.bounds = bounds;
+        facts.areBoundsOfCoordSys = false;
+    }
 }
 
-}  // namespace
+void TakeHeader(const MifHeader& header, FileFacts& facts) {
+    facts.version = header.version;
+    facts.charset = header.charset;
+    facts.delimiter = header.delimiter;
+    facts.bounds = header.bounds;
+    facts.areBoundsOfCoordSys = header.bounds && !header.ownBounds;
+    facts.coordSysText = Utf8FromNarrow(header.coordSys.text);
+    facts.coordSysLine = Utf8FromNarrow(header.coordSysText);
+}
 
-FileFacts CollectFacts(const std::filesystem::path& path, const SourceOptions& options, bool count,
-                       Reporter& reporter) {
-    FileFacts facts;
-    facts.path = path;
-    facts.hasMid = !FindCompanion(path, ".mid").empty();
-    MifSource source(path, options);
+void TakeFindings(const FindingCounts& findings, FileFacts& facts) {
+    facts.cares = CaresOf(findings);
+    facts.isCareTaken = std::ranges::any_of(AllFindings(), [&](const FindingInfo& info) {
+        return info.isCaredFor && findings[static_cast<std::size_t>(info.code)].found > 0;
+    });
+}
+
+void CollectAsIs(MifSource& source, bool count, Reporter& reporter, FileFacts& facts) {
     const LayerFacts layer = source.Begin(0, reporter);
-    facts.header = source.Run().Header();
+    TakeHeader(source.Header(), facts);
     facts.columns = layer.columns;
     facts.coordinateSystem = layer.system;
-    AskSlots(source.Run(), reporter, facts);
-    facts.codePage = standalone::CodePage0();
-    Counter counter;
+    TakeSlotAnswers(Slots(source, reporter).FileInfo(), facts);
+    FeatureCounter counter;
     // Without `count` the first object shows whether there is one.
     source.Read(reporter, [&](const Feature& feature) {
         counter.Take(feature);
@@ -136,8 +104,48 @@ FileFacts CollectFacts(const std::filesystem::path& path, const SourceOptions& o
     });
     if (count) {
         facts.counts = counter.Counts();
-        facts.counts->rows = CountRows(path);
+        facts.counts->rows = CountRows(source.Path());
     }
+}
+
+void CollectAsMeant(MifSource& source, bool count, Reporter& reporter, FileFacts& facts) {
+    PassedHeader passed = PassHeaderOf(source.Path());
+    if (!passed.header.hasData) {
+        facts.problem = "the header ends without the line Data";
+    } else if (count) {
+        ObjectCounter counter;
+        PassedPair pair = PassPair(source.Path(), counter);
+        facts.counts = counter.Counts();
+        facts.counts->rows = pair.rows;
+        passed = std::move(pair);
+    }
+    const LayerFacts layer = source.BeginHeader(passed, reporter);
+    TakeHeader(passed.header, facts);
+    TakeFindings(passed.findings, facts);
+    const CoordSysClause& clause = passed.header.coordSys;
+    facts.isCareTaken = facts.isCareTaken || clause.lackingParts > clause.emptyLinesBehind;
+    facts.columns = layer.columns;
+    facts.coordinateSystem = layer.system;
+    facts.isEarth = layer.system != nullptr;
+}
+
+}  // namespace
+
+FileFacts CollectFacts(const std::filesystem::path& path, const SourceOptions& options, bool count,
+                       Reporter& reporter) {
+    MifSource source(path, options);
+    FileFacts facts;
+    facts.path = source.Path();
+    std::error_code error;
+    facts.fileSize = std::filesystem::file_size(AsOnDisk(source.Path()), error);
+    facts.hasMid = !FindCompanion(source.Path(), ".mid").empty();
+    if (options.asIs) {
+        CollectAsIs(source, count, reporter, facts);
+    } else {
+        CollectAsMeant(source, count, reporter, facts);
+    }
+    facts.canImport = Slots(source, reporter).CanImport();
+    facts.codePage = standalone::CodePage0();
     return facts;
 }
 

@@ -3,9 +3,9 @@
 
 #include "app/base/Reporter.h"
 #include "app/feature/Source.h"
-#include "app/mif/HeaderScan.h"
+#include "app/info/ObjectCounter.h"
+#include "app/mif/Cares.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,41 +13,31 @@
 
 namespace app {
 
-struct ObjectCounts {
-    std::uint64_t points = 0;  // marker sets; positions are counted apart
-    std::uint64_t lines = 0;
-    std::uint64_t regions = 0;
-    std::uint64_t rectangles = 0;
-    std::uint64_t ellipses = 0;
-    std::uint64_t texts = 0;
-    std::uint64_t vertices = 0;  // positions, vertices and rings' vertices of all of them
-    std::optional<shr::Box2d> extent;
-    std::optional<std::uint64_t> rows;  // of the .mid file; absent without one
-    std::uint64_t Objects() const {
-        return points + lines + regions + rectangles + ellipses + texts;
-    }
-};
-
 struct FileFacts {
     std::filesystem::path path;
-    long long fileSize = 0;  // bytes
-    int canImport = 0;       // slot 7
-    int version = 0;         // slot 8, as what follows
+    std::uintmax_t fileSize = 0;  // bytes
+    bool canImport = false;       // what the module answers of the file as it is
+    int version = 0;
     std::string charset;
     std::string delimiter;
     bool isEarth = false;
-    shr::Box2d bounds;
-    std::string codePage;  // in which the texts were read
+    std::optional<shr::Box2d> bounds;
+    bool areBoundsOfCoordSys = false;  // not on a line of their own
+    std::string codePage;              // in which the texts were read
     bool hasMid = false;
-    MifHeader header;
-    bool isCareTaken = false;
-    std::vector<LayerColumn> columns;                    // as the module names them
+    std::string coordSysText;  // the clause as it stands in the file
+    std::string coordSysLine;  // the same on one line
+    bool isCareTaken = false;  // the file is not what the module takes it for
+    std::vector<Care> cares;
+    std::vector<LayerColumn> columns;
     std::shared_ptr<const gcs::CSDef> coordinateSystem;  // null: not an Earth system
     std::optional<ObjectCounts> counts;                  // with `count` only
+    std::string problem;  // why more is not known; empty when all is well
 };
 
-// Asks the module's slots 7 and 8, reads the names and the system that an import begins with, and
-// counts in a whole import when asked to. Throws Failure.
+// Reads the header, and passes over the whole file when it is to count. With options.asIs all
+// answers are the module's: what it makes of the header, and the objects of an import. Throws
+// Failure when there is no header.
 FileFacts CollectFacts(const std::filesystem::path& path, const SourceOptions& options, bool count,
                        Reporter& reporter);
 

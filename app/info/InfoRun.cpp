@@ -1,5 +1,6 @@
 #include "app/info/InfoRun.h"
 
+#include "app/base/DisplayWidth.h"
 #include "app/base/Errors.h"
 #include "app/base/Output.h"
 #include "app/base/Paths.h"
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace app {
 namespace {
@@ -36,10 +38,10 @@ std::string DelimiterInWords(const std::string& delimiter) {
     return delimiter.empty() ? "none" : "'" + delimiter + "'";
 }
 
-std::string SizeInWords(long long bytes) {
+std::string SizeInWords(std::uintmax_t bytes) {
     char text[48];
     if (bytes < 10'000) {
-        std::snprintf(text, sizeof text, "%lld bytes", bytes);
+        std::snprintf(text, sizeof text, "%ju bytes", bytes);
     } else if (bytes < 1'000'000) {
         std::snprintf(text, sizeof text, "%.0f kB", static_cast<double>(bytes) / 1e3);
     } else if (bytes < 1'000'000'000) {
@@ -73,11 +75,11 @@ public:
     std::string Text(const std::string& indent) const {
         std::size_t width = 0;
         for (const auto& [label, text] : rows_) {
-            width = std::max(width, label.size());
+            width = std::max(width, DisplayWidth(label));
         }
         std::string out;
         for (const auto& [label, text] : rows_) {
-            out.append(indent).append(label).append(width - label.size() + 2, ' ');
+            out.append(indent).append(label).append(width - DisplayWidth(label) + 2, ' ');
             out.append(text).append("\n");
         }
         return out;
@@ -102,7 +104,13 @@ void AddCountRows(Table& table, const ObjectCounts& counts) {
     AddCount(kinds, counts.regions, "region");
     AddCount(kinds, counts.rectangles, "rectangle");
     AddCount(kinds, counts.ellipses, "ellipse");
+    AddCount(kinds, counts.arcs, "arc");
     AddCount(kinds, counts.texts, "text");
+    AddCount(kinds, counts.collections, "collection");
+    if (counts.withoutPlace > 0) {
+        kinds +=
+            (kinds.empty() ? "" : ", ") + std::to_string(counts.withoutPlace) + " without a place";
+    }
     table.Row("Objects",
               std::to_string(counts.Objects()) + (kinds.empty() ? "" : " (" + kinds + ")"));
     table.Row("Vertices", std::to_string(counts.vertices));
@@ -143,18 +151,15 @@ void AddCoordSysRows(Table& table, const FileFacts& facts, const CrsIdentifier& 
     static_cast<void>(identify);
     table.Row("System", facts.isEarth ? "on the Earth" : "plane");
 #endif
-    table.Row("Clause", facts.header.coordSysText.empty() ? "none" : facts.header.coordSysText);
+    table.Row("Clause", facts.coordSysLine.empty() ? "none" : facts.coordSysLine);
 }
 
-// The bounds that slot 8 answers, else those of the CoordSys clause, which the module leaves alone.
 std::string BoundsInWords(const FileFacts& facts) {
-    if (facts.bounds != shr::Box2d{}) {
-        return BoxInWords(facts.bounds);
-    }
-    if (!facts.header.bounds) {
+    if (!facts.bounds) {
         return "not given";
     }
-    return BoxInWords(*facts.header.bounds) + " (of the CoordSys clause)";
+    return BoxInWords(*facts.bounds) +
+           (facts.areBoundsOfCoordSys ? " (of the CoordSys clause)" : "");
 }
 
 std::string InfoText(const FileFacts& facts, const CrsIdentifier& identify) {
@@ -170,8 +175,8 @@ std::string InfoText(const FileFacts& facts, const CrsIdentifier& identify) {
     if (facts.counts) {
         AddCountRows(table, *facts.counts);
     }
-    if (facts.isCareTaken) {
-        table.Row("Care", "an empty line was put behind the CoordSys clause (--as-is does not)");
+    for (const Care& care : facts.cares) {
+        table.Row("Care", care.text);
     }
     table.Row("Columns", facts.columns.empty() ? "none" : std::to_string(facts.columns.size()));
     Table columns;
@@ -202,6 +207,30 @@ void AddBox(std::string& out, const char* key, const shr::Box2d& box) {
            Number(box.maxY) + "]";
 }
 
+void AddBox(std::string& out, const char* key, const std::optional<shr::Box2d>& box) {
+    if (box) {
+        AddBox(out, key, *box);
+    } else {
+        AddMember(out, key);
+        out += "null";
+    }
+}
+
+void AddFlag(std::string& out, const char* key, bool value) {
+    AddMember(out, key);
+    out += value ? "true" : "false";
+}
+
+void AddCares(std::string& out, const std::vector<Care>& cares) {
+    AddMember(out, "cares");
+    out += '[';
+    for (const Care& care : cares) {
+        out += out.back() == '[' ? "" : ",";
+        AppendJsonString(out, care.text);
+    }
+    out += ']';
+}
+
 void AddColumns(std::string& out, const std::vector<LayerColumn>& columns) {
     AddMember(out, "columns");
     out += '[';
@@ -225,15 +254,13 @@ void AddCounts(std::string& out, const ObjectCounts& counts) {
     AddInteger(out, "regions", static_cast<std::int64_t>(counts.regions));
     AddInteger(out, "rectangles", static_cast<std::int64_t>(counts.rectangles));
     AddInteger(out, "ellipses", static_cast<std::int64_t>(counts.ellipses));
+    AddInteger(out, "arcs", static_cast<std::int64_t>(counts.arcs));
     AddInteger(out, "texts", static_cast<std::int64_t>(counts.texts));
+    AddInteger(out, "collections", static_cast<std::int64_t>(counts.collections));
+    AddInteger(out, "withoutPlace", static_cast<std::int64_t>(counts.withoutPlace));
     out += '}';
     AddInteger(out, "vertices", static_cast<std::int64_t>(counts.vertices));
-    if (counts.extent) {
-        AddBox(out, "extent", *counts.extent);
-    } else {
-        AddMember(out, "extent");
-        out += "null";
-    }
+    AddBox(out, "extent", counts.extent);
     if (counts.rows) {
         AddInteger(out, "rows", static_cast<std::int64_t>(*counts.rows));
     } else {
@@ -243,7 +270,7 @@ void AddCounts(std::string& out, const ObjectCounts& counts) {
 }
 
 void AddCoordSys(std::string& out, const FileFacts& facts, const CrsIdentifier& identify) {
-    AddText(out, "coordSys", facts.header.coordSysText);
+    AddText(out, "coordSys", facts.coordSysText);
 #ifdef QOLF_HAS_CRS
     const CoordSysDescription description =
         DescribeCoordSys(facts.coordinateSystem.get(), identify);
@@ -261,24 +288,33 @@ void AddCoordSys(std::string& out, const FileFacts& facts, const CrsIdentifier& 
 std::string InfoJson(const FileFacts& facts, const CrsIdentifier& identify) {
     std::string out = "{";
     AddText(out, "file", PathText(facts.path));
-    AddInteger(out, "fileSize", facts.fileSize);
-    AddInteger(out, "canImport", facts.canImport);
+    AddInteger(out, "fileSize", static_cast<std::int64_t>(facts.fileSize));
+    AddFlag(out, "canImport", facts.canImport);
     AddInteger(out, "version", facts.version);
     AddText(out, "charset", facts.charset);
     AddText(out, "codePage", facts.codePage);
     AddText(out, "delimiter", facts.delimiter);
-    AddMember(out, "earth");
-    out += facts.isEarth ? "true" : "false";
+    AddFlag(out, "earth", facts.isEarth);
     AddCoordSys(out, facts, identify);
     AddBox(out, "bounds", facts.bounds);
-    AddMember(out, "mid");
-    out += facts.hasMid ? "true" : "false";
-    AddMember(out, "careTaken");
-    out += facts.isCareTaken ? "true" : "false";
+    AddFlag(out, "mid", facts.hasMid);
+    AddFlag(out, "careTaken", facts.isCareTaken);
+    AddCares(out, facts.cares);
     AddColumns(out, facts.columns);
     if (facts.counts) {
         AddCounts(out, *facts.counts);
     }
+    if (!facts.problem.empty()) {
+        AddText(out, "error", facts.problem);
+    }
+    return out + "}";
+}
+
+// In place of a file that has no header.
+std::string ErrorJson(const std::filesystem::path& path, const std::string& error) {
+    std::string out = "{";
+    AddText(out, "file", PathText(path));
+    AddText(out, "error", error);
     return out + "}";
 }
 
@@ -292,20 +328,28 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
         output.Write("{\"files\":[");
         reporter.SetProgress(false);
     }
+    const auto write = [&](const std::string& text) {
+        output.Write(std::exchange(isFirst, false) ? "" : options.json ? "," : "\n");
+        output.Write(text);
+    };
     SourceOptions sourceOptions;
     sourceOptions.asIs = options.asIs;
     sourceOptions.noStore = true;
     sourceOptions.encoding = options.encoding;
     sourceOptions.modulePath = options.modulePath;
     for (const std::string& file : options.files) {
+        const std::filesystem::path path = PathFromArgument(file);
         try {
-            const FileFacts facts =
-                CollectFacts(PathFromArgument(file), sourceOptions, options.count, reporter);
-            output.Write(isFirst ? "" : options.json ? "," : "\n");
-            output.Write(options.json ? InfoJson(facts, options.identify)
-                                      : InfoText(facts, options.identify));
-            isFirst = false;
+            const FileFacts facts = CollectFacts(path, sourceOptions, options.count, reporter);
+            write(options.json ? InfoJson(facts, options.identify)
+                               : InfoText(facts, options.identify));
+            if (!facts.problem.empty()) {
+                reporter.Warning(PathText(facts.path) + ": " + facts.problem);
+            }
         } catch (const Failure& failure) {
+            if (options.json) {
+                write(ErrorJson(path, failure.what()));
+            }
             reporter.Error(failure.what());
             anyFailed = true;
         }

@@ -1,7 +1,7 @@
 // The character sets that a MIF header names, and which code page a file is read in.
 #pragma once
 
-#include "app/mif/HeaderScan.h"
+#include "app/mif/MifHeader.h"
 
 #include <span>
 #include <string>

@@ -32,7 +32,8 @@ struct Column {
     ColumnKind kind = ColumnKind::Other;
     int width = 0;  // Char(width), Decimal(width, decimals)
     int decimals = 0;
-    std::string typeText;  // as written, without blanks: "Decimal(10,2)"
+    std::string typeText;         // as written, without blanks: "Decimal(10,2)"
+    bool hasBlankInName = false;  // and no quotes around it
 };
 
 }  // namespace app

@@ -28,16 +28,12 @@ bool MifLine::IsBlank() const {
     return std::ranges::all_of(raw, [](char c) { return IsByte(c, kBlankByte) || c == '\r'; });
 }
 
-LineReader::LineReader(ReadBytes read, Cut cut, OnLine onLine)
-    : read_(std::move(read)), cut_(cut), onLine_(std::move(onLine)) {
+LineReader::LineReader(ByteSource& input, OnLine onLine)
+    : input_(input), onLine_(std::move(onLine)) {
     ReadMore();
     DetectStart();
     DetectLoneReturns();
 }
-
-LineReader::LineReader(std::FILE* stream, Cut cut, OnLine onLine)
-    : LineReader([stream](char* to, std::size_t most) { return std::fread(to, 1, most, stream); },
-                 cut, std::move(onLine)) {}
 
 void LineReader::DetectStart() {
     if (Rest().starts_with("\xEF\xBB\xBF")) {
@@ -70,7 +66,7 @@ void LineReader::ReadMore() {
     }
     if (next.size < 2 * rest.size() || next.size == 0) {
         next.size = std::max(kPieceBytes, 2 * rest.size());
-        next.bytes = std::make_unique_for_overwrite<char[]>(next.size);
+        next.bytes = std::make_unique_for_overwrite<char[]>(next.size + 1);
     }
     std::copy(rest.begin(), rest.end(), next.bytes.get());
     next.used = rest.size();
@@ -86,7 +82,8 @@ void LineReader::ReadMore() {
 
 void LineReader::FillPiece() {
     while (piece_.used < piece_.size && !isAtEnd_) {
-        const std::size_t got = read_(piece_.bytes.get() + piece_.used, piece_.size - piece_.used);
+        const std::size_t got =
+            input_.Read(piece_.bytes.get() + piece_.used, piece_.size - piece_.used);
         isAtEnd_ = got == 0;
         piece_.used += got;
     }
@@ -181,9 +178,6 @@ bool LineReader::ReadLine(MifLine& line) {
         line.isCut = true;
     }
     line.number = ++lineNumber_;
-    if (cut_ == Cut::IntoTokens) {
-        line.tokens = TokensOf(line.raw, line.begin, kMaxTokens);
-    }
     return true;
 }
 
@@ -213,7 +207,8 @@ const MifLine* LineReader::Peek(std::size_t ahead) {
             return nullptr;
         }
         ahead_.push_back(line);
-        if (onLine_) {
+        if (onLine_ && ahead_.back().number > seen_) {
+            seen_ = ahead_.back().number;
             onLine_(ahead_.back());
         }
     }
@@ -224,6 +219,57 @@ void LineReader::Skip() {
     if (Peek() != nullptr) {
         ahead_.pop_front();
     }
+}
+
+LineReader::Mark LineReader::Here() const {
+    return ahead_.empty() ? Mark{offset_, lineNumber_}
+                          : Mark{ahead_.front().begin, ahead_.front().number - 1};
+}
+
+void LineReader::ReturnTo(const Mark& mark) {
+    ahead_.clear();
+    const std::uint64_t pieceBegin = offset_ - pos_;
+    if (mark.offset >= pieceBegin && mark.offset <= pieceBegin + piece_.used) {
+        pos_ = static_cast<std::size_t>(mark.offset - pieceBegin);
+        searched_ = pos_;
+    } else {
+        input_.SeekTo(mark.offset);
+        isAtEnd_ = false;
+        kept_.clear();
+        piece_.used = 0;
+        pos_ = 0;
+        searched_ = 0;
+        FillPiece();
+    }
+    offset_ = mark.offset;
+    lineNumber_ = mark.linesBefore;
+}
+
+std::string_view LineReader::Buffered(AtTheEnd atTheEnd) {
+    if (!ahead_.empty()) {
+        ReturnTo(Here());
+    }
+    const std::string_view rest = Rest();
+    if (atTheEnd == AtTheEnd::StaysAsItIs || !isAtEnd_ || rest.empty() || rest.back() == '\n') {
+        return rest;
+    }
+    piece_.bytes[piece_.used] = '\n';  // every piece has a byte to spare
+    return {rest.data(), rest.size() + 1};
+}
+
+bool LineReader::BufferMore() {
+    const std::size_t before = Rest().size();
+    if (!isAtEnd_) {
+        ReadMore();
+    }
+    return Rest().size() > before;
+}
+
+void LineReader::TakeBuffered(std::size_t bytes, std::uint64_t lines) {
+    bytes = std::min(bytes, Rest().size());
+    pos_ += bytes;
+    offset_ += bytes;
+    lineNumber_ += lines;
 }
 
 }  // namespace app

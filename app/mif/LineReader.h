@@ -5,17 +5,15 @@
 // line the first kMaxLineBytes are kept. Interprets nothing.
 #pragma once
 
-#include "app/mif/MifTokens.h"
+#include "app/mif/ByteSource.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace app {
 
@@ -33,8 +31,6 @@ struct MifLine {
     bool isCut = false;    // longer than kMaxLineBytes
     std::string_view raw;  // the bytes without the line end, or their beginning
 
-    std::vector<MifToken> tokens;  // when the reader was asked for them; at most kMaxTokens
-
     // Whether nothing but blanks stands on the line.
     bool IsBlank() const;
 };
@@ -44,18 +40,11 @@ enum class FileStart { Plain, ByteOrderMark, Utf16 };
 class LineReader {
 public:
     static constexpr std::size_t kMaxLineBytes = std::size_t{1} << 20;
-    static constexpr std::size_t kMaxTokens = 256;
-    enum class Cut { IntoTokens, NotAtAll };
-
-    // Hands out the next bytes of the input, at most that many; 0 at its end.
-    using ReadBytes = std::function<std::size_t(char* to, std::size_t most)>;
     using OnLine = std::function<void(const MifLine&)>;
 
-    // onLine sees each line once, when it is read; it may be empty.
-    explicit LineReader(ReadBytes read, Cut cut = Cut::NotAtAll, OnLine onLine = {});
-
-    // The stream must outlive the reader.
-    explicit LineReader(std::FILE* stream, Cut cut = Cut::NotAtAll, OnLine onLine = {});
+    // The input must outlive the reader. onLine sees each line once, when it is first read by Peek;
+    // it may be empty.
+    explicit LineReader(ByteSource& input, OnLine onLine = {});
 
     // How the file begins. A byte-order mark is not part of the first line.
     FileStart Start() const { return start_; }
@@ -66,6 +55,28 @@ public:
 
     // Takes the next line away; nothing happens at the end.
     void Skip();
+
+    // A place in the file, before a line.
+    struct Mark {
+        std::uint64_t offset = 0;
+        std::uint64_t linesBefore = 0;
+    };
+    Mark Here() const;
+
+    // Goes back to a place that was left before. Peeked lines are forgotten.
+    void ReturnTo(const Mark& mark);
+
+    // The bytes from the next line on that are in memory, without looking for line ends. Peeked
+    // lines are forgotten. They end with the file, or anywhere. At the end of a file that has no
+    // last line end, ClosesLastLine adds one.
+    enum class AtTheEnd { StaysAsItIs, ClosesLastLine };
+    std::string_view Buffered(AtTheEnd atTheEnd = AtTheEnd::StaysAsItIs);
+
+    // Makes Buffered() longer. False when the file has no more bytes.
+    bool BufferMore();
+
+    // Takes whole lines away that Buffered() begins with.
+    void TakeBuffered(std::size_t bytes, std::uint64_t lines);
 
 private:
     // A piece of the file in memory. Lines do not cross pieces.
@@ -88,16 +99,16 @@ private:
     std::uint64_t FirstInUse() const;
     std::string_view Rest() const { return {piece_.bytes.get() + pos_, piece_.used - pos_}; }
 
-    ReadBytes read_;
-    Cut cut_;
+    ByteSource& input_;
     OnLine onLine_;
-    Piece piece_;               // the one that is being cut
-    std::deque<Piece> kept_;    // earlier ones that lines in use may lie in
-    std::size_t pos_ = 0;       // of the next line, in piece_
-    std::size_t searched_ = 0;  // up to where piece_ was searched for the next LF
-    bool isAtEnd_ = false;      // the input has no more bytes
-    std::uint64_t offset_ = 0;  // of the next line, in the file
-    std::uint64_t lineNumber_ = 0;
+    Piece piece_;                   // the one that is being cut
+    std::deque<Piece> kept_;        // earlier ones that lines in use may lie in
+    std::size_t pos_ = 0;           // of the next line, in piece_
+    std::size_t searched_ = 0;      // up to where piece_ was searched for the next LF
+    bool isAtEnd_ = false;          // the input has no more bytes
+    std::uint64_t offset_ = 0;      // of the next line, in the file
+    std::uint64_t lineNumber_ = 0;  // of the last line that was read
+    std::uint64_t seen_ = 0;        // number of the last line that onLine_ saw
     FileStart start_ = FileStart::Plain;
     bool onlyReturns_ = false;  // the first line end is a lone carriage return
     std::deque<MifLine> ahead_;

@@ -1,27 +1,18 @@
 #include "app/run/ImportRun.h"
 
 #include "app/base/Errors.h"
-#include "app/base/InputFile.h"
 #include "app/base/Paths.h"
+#include "app/base/TempFolder.h"
 #include "app/mif/CoordSysCodes.h"
+#include "app/mif/MifHeader.h"
 #include "standalone/Text.h"
 
-#ifdef QOLF_HAS_CRS
-#include "app/mif/Charsets.h"
-#endif
-
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <fstream>
 #include <memory>
 #include <utility>
 
 namespace app {
 namespace {
-
-// Longer headers are not kept in memory for ImportHeader.
-constexpr std::uint64_t kMostHeaderBytes = std::uint64_t{1} << 20;
 
 // Ends an import once its first part is known.
 struct HeaderIsOver {};
@@ -32,37 +23,13 @@ bool IsOfHeader(const zeio::TrBase& object) {
            type == zeio::TrCRS::GetClassTypeId() || type == zeio::TrNamedIds::GetClassTypeId();
 }
 
-// Says what a user can do when the module stopped an import.
-std::string AdviceFor(const MifHeader& header, const std::string& name) {
-    if (header.unknownProjection) {
-        const std::int64_t code = *header.unknownProjection;
-        return "Projection code " + std::to_string(code) + " is " + ProjectionInWords(code) + ". " +
-               AdviceForProjection(code);
+// Why the module does not take the projection of a file that it stopped at; "" when it does.
+std::string ProblemOfProjection(const MifHeader& header) {
+    if (!header.unknownProjection) {
+        return "";
     }
-    return "'qolf check " + name + "' says more.";
-}
-
-// Scans the header, and keeps its bytes up to the line after Data when they are few.
-MifHeader ReadHeader(const std::filesystem::path& path, std::string& bytes) {
-    const InputFile stream = OpenInput(path);
-    if (stream == nullptr) {
-        throw Failure(PathText(path) + ": can't open: " + std::strerror(errno));
-    }
-    MifHeader header = ScanHeader(stream.get());
-    if (header.hasData && header.dataOffset <= kMostHeaderBytes) {
-        bytes.resize(static_cast<std::size_t>(header.dataOffset));
-        std::rewind(stream.get());
-        bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));
-    }
-    return header;
-}
-
-// Returns the bytes with an empty line at each offset.
-std::string Padded(std::string bytes, const std::vector<std::uint64_t>& offsets) {
-    for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset) {
-        bytes.insert(static_cast<std::size_t>(*offset), 1, '\n');
-    }
-    return bytes;
+    const std::int64_t code = *header.unknownProjection;
+    return " Projection code " + std::to_string(code) + " is " + ProjectionInWords(code) + ".";
 }
 
 }  // namespace
@@ -80,31 +47,6 @@ std::unique_ptr<standalone::OptionStore> OpenOptionStore(bool noStore) {
     const std::filesystem::path file = standalone::OptionStore::UserFile();
     return noStore || file.empty() ? std::make_unique<standalone::OptionStore>()
                                    : std::make_unique<standalone::OptionStore>(file);
-}
-
-void ChooseCodePage(const MifHeader& header, const std::string& name, const std::string& encoding,
-                    Reporter& reporter) {
-    if (!encoding.empty()) {
-        if (!standalone::SetCodePage0(encoding)) {
-            throw UsageError("--encoding " + encoding + ": the system knows no such encoding");
-        }
-        return;
-    }
-#ifdef QOLF_HAS_CRS
-    const CodePageChoice choice = CodePageOf(header);
-    if (!choice.warning.empty()) {
-        reporter.Warning(name + ": " + choice.warning);
-    }
-    if (!standalone::SetCodePage0(choice.codePage)) {
-        reporter.Warning(name + ": the system can't read " + choice.codePage +
-                         "; taken as Windows-1252");
-        static_cast<void>(standalone::SetCodePage0("CP1252"));  // the host's own, always there
-    }
-#else
-    static_cast<void>(header);
-    static_cast<void>(name);
-    static_cast<void>(reporter);
-#endif
 }
 
 ReportingHost::ReportingHost(standalone::OptionStore& store, Reporter& reporter,
@@ -145,8 +87,7 @@ public:
         : ReportingHost(store, reporter, run.ShownName()), run_(run), sink_(sink) {}
 
     int Warning(shr::IError::WarnStyle style, const std::wstring& text) override {
-        return run_.hasWarned_ ? 0
-                               : ReportingHost::Warning(style, run_.copy_->WithOriginalPath(text));
+        return run_.hasWarned_ ? 0 : ReportingHost::Warning(style, run_.WithShownPath(text));
     }
 
     void ImportObject(zeio::TrBase& object) override { sink_(object); }
@@ -157,19 +98,7 @@ private:
 };
 
 ImportRun::ImportRun(ImportSettings settings, Reporter& reporter)
-    : settings_(std::move(settings)), header_(ReadHeader(settings_.path, headerBytes_)),
-      module_(settings_.modulePath) {
-    if (const std::string problem = UnitProblem(header_); !problem.empty()) {
-        reporter.Warning(ShownName() + ": " + problem);
-    }
-    ChooseCodePage(header_, PathText(settings_.path), settings_.encoding, reporter);
-    codePage_ = standalone::CodePage0();
-    MifHeader careHeader = header_;
-    if (settings_.asIs) {
-        careHeader.careOffsets.clear();
-    }
-    copy_.emplace(settings_.path, careHeader);
-    headerBytes_ = Padded(std::move(headerBytes_), careHeader.careOffsets);
+    : settings_(std::move(settings)), module_(settings_.modulePath) {
     reporter.Detail("module: " + PathText(module_.Path()));
 }
 
@@ -179,22 +108,42 @@ std::string ImportRun::ShownName() const {
     return PathText(settings_.shownPath.empty() ? settings_.path : settings_.shownPath);
 }
 
-void ImportRun::Rethrow(const shr::IError& error) const {
-    std::string text = standalone::Narrow(copy_->WithOriginalPath(error.Message()));
-    const std::string read = PathText(settings_.path);
-    const std::string name = ShownName();
-    if (const std::size_t at = text.find(read); at != std::string::npos) {
-        text.replace(at, read.size(), name);
+std::wstring ImportRun::WithShownPath(std::wstring text) const {
+    const std::wstring read = WidePath(settings_.path);
+    const std::wstring shown = WidePath(settings_.shownPath);
+    for (std::size_t at = text.find(read); !shown.empty() && at != std::wstring::npos;
+         at = text.find(read, at)) {
+        text.replace(at, read.size(), shown);
+        at += shown.size();
     }
+    return text;
+}
+
+void ImportRun::Rethrow(const shr::IError& error) const {
+    std::string text = standalone::Narrow(WithShownPath(error.Message()));
+    const std::string name = ShownName();
     if (text.find(name) == std::string::npos) {
         text = name + ": " + text;
     }
-    throw Failure(text + (text.ends_with('.') ? " " : ". ") + AdviceFor(header_, name));
+    while (text.ends_with(' ')) {
+        text.pop_back();
+    }
+    // The module has no words for a file that ends before its header does.
+    if (text.ends_with("'.")) {
+        text += "  The file ends before the line Data.";
+    }
+    text += text.ends_with('.') ? "" : ".";
+    const MifHeader header = ScanHeader(settings_.path);
+    throw ImportFailure(text + ProblemOfProjection(header),
+                        header.unknownProjection ? AdviceForProjection(*header.unknownProjection)
+                                                 : "'qolf check " + name + "' says more.");
 }
 
 void ImportRun::Import(const std::filesystem::path& path, Reporter& reporter,
                        const ObjectSink& sink) {
-    static_cast<void>(standalone::SetCodePage0(codePage_));  // other runs may have set theirs since
+    if (!settings_.codePage.empty()) {
+        static_cast<void>(standalone::SetCodePage0(settings_.codePage));  // others set theirs, too
+    }
     const auto store = OpenOptionStore(settings_.noStore);
     Host host(*store, reporter, *this, sink);
     zeio::IoManager manager(host);
@@ -209,26 +158,13 @@ void ImportRun::Import(const std::filesystem::path& path, Reporter& reporter,
 void ImportRun::ImportHeader(Reporter& reporter, const ObjectSink& sink) {
     Reporter withoutProgress = reporter;
     withoutProgress.SetProgress(false);
-    const ObjectSink headerSink = [&sink](zeio::TrBase& object) {
-        if (!IsOfHeader(object)) {
-            throw HeaderIsOver();
-        }
-        sink(object);
-    };
-    if (!headerBytes_.empty()) {
-        const TempFolder folder;
-        const std::filesystem::path path = folder.File(settings_.path.filename());
-        std::ofstream(path, std::ios::binary) << headerBytes_;
-        try {
-            Import(path, withoutProgress, headerSink);
-            return;
-        } catch (const shr::IError&) {
-            // Imported again from the file itself, for the error with the user's path; or because
-            // the module looks for the header's end behind this Data line.
-        }
-    }
     try {
-        Import(ReadPath(), withoutProgress, headerSink);
+        Import(settings_.path, withoutProgress, [&sink](zeio::TrBase& object) {
+            if (!IsOfHeader(object)) {
+                throw HeaderIsOver();
+            }
+            sink(object);
+        });
     } catch (const HeaderIsOver&) {
         hasWarned_ = true;
     } catch (const shr::IError& error) {
@@ -236,24 +172,32 @@ void ImportRun::ImportHeader(Reporter& reporter, const ObjectSink& sink) {
     }
 }
 
-void ImportRun::Import(Reporter& reporter, const ObjectSink& sink) {
+void ImportRun::ImportHeader(const std::string& header, Reporter& reporter,
+                             const ObjectSink& sink) {
+    const TempFolder folder;
+    const std::filesystem::path path = folder.File(settings_.path.filename());
+    std::ofstream(path, std::ios::binary) << header;
+    Reporter withoutProgress = reporter;
+    withoutProgress.SetProgress(false);
+    try {
+        Import(path, withoutProgress, sink);
+    } catch (const shr::IError& error) {
+        Rethrow(error);
+    }
+}
+
+std::uint64_t ImportRun::Import(Reporter& reporter, const ObjectSink& sink) {
     std::uint64_t objectCount = 0;
     const ObjectSink counting = [&](zeio::TrBase& object) {
         objectCount += IsGraphics(object) ? 1 : 0;
         sink(object);
     };
     try {
-        Import(ReadPath(), reporter, counting);
+        Import(settings_.path, reporter, counting);
     } catch (const shr::IError& error) {
         Rethrow(error);
     }
-    if (objectCount == 0) {
-        reporter.Warning(ShownName() + ": holds no objects");
-    }
-}
-
-void RunImport(const ImportSettings& settings, Reporter& reporter, const ObjectSink& sink) {
-    ImportRun(settings, reporter).Import(reporter, sink);
+    return objectCount;
 }
 
 }  // namespace app

@@ -6,6 +6,7 @@
 #include "app/base/platform/System.h"
 #include "app/json/JsonError.h"
 #include "app/json/JsonText.h"
+#include "app/run/CodePage.h"
 #include "app/run/ExportRun.h"
 #include "app/trace/ExtentOfObjects.h"
 #include "app/trace/ObjectReader.h"
@@ -130,7 +131,7 @@ Answers ExportWithTrace(const RereadableInput& input, const ReplayOptions& optio
 int RunReplay(const ReplayOptions& options, Reporter& reporter) {
     CheckMifOutput(options.output);
     if (!options.encoding.empty()) {
-        ChooseCodePage({}, "", options.encoding, reporter);
+        SetEncoding(options.encoding);
     }
     const ExportSettings settings = SettingsOf(options);
     CheckNotInput(PathFromArgument(options.input), settings.path);

@@ -3,6 +3,7 @@
 #include "app/base/Errors.h"
 #include "app/base/Output.h"
 #include "app/base/Paths.h"
+#include "app/run/CodePage.h"
 #include "app/run/ImportRun.h"
 #include "app/trace/TraceHost.h"
 #include "standalone/Text.h"
@@ -11,7 +12,7 @@ namespace app {
 
 int RunTrace(const TraceOptions& options, Reporter& reporter) {
     if (!options.encoding.empty()) {
-        ChooseCodePage({}, "", options.encoding, reporter);
+        SetEncoding(options.encoding);
     }
     const std::filesystem::path path = PathFromArgument(options.file);
     const Module module(options.modulePath);

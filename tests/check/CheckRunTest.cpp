@@ -86,6 +86,8 @@ TEST(QolfCheck, PrintsOneJsonDocumentForAllFiles) {
                                               {"file", Data("unclosed-ring.mif")},
                                               {"line", 10},
                                               {"object", 1},
+                                              {"count", 1},
+                                              {"otherProgramsOnly", false},
                                               {"message", "the last vertex is not the first one"},
                                               {"advice", "Repeat the first vertex at the end."}}})
                   .dump());

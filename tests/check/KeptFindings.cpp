@@ -5,20 +5,20 @@
 
 namespace {
 
-class KeepingSink : public app::check::FindingSink {
+class KeepingSink : public app::FindingSink {
 public:
     explicit KeepingSink(KeptFindings& kept) : kept_(kept) {}
 
-    void Add(const app::check::Finding& finding) override {
+    void Add(const app::Finding& finding) override {
         const bool isMid = finding.file.extension() == ".mid";
         kept_.names.push_back((isMid ? "mid:" : "") + std::string(finding.code->name) + "@" +
                               std::to_string(finding.line));
         kept_.messages.push_back(finding.message);
         kept_.advice.push_back(finding.advice);
         kept_.objects.push_back(finding.object);
-        kept_.errorCount += finding.code->severity == app::check::Severity::Error ? 1U : 0U;
+        kept_.errorCount += finding.code->severity == app::Severity::Error ? 1U : 0U;
     }
-    void AddEdit(app::check::PairFile, const app::check::Edit&) override { ++kept_.editCount; }
+    void AddEdit(app::FileOfPair, const app::Edit&) override { ++kept_.editCount; }
 
 private:
     KeptFindings& kept_;
@@ -29,15 +29,15 @@ private:
 KeptFindings FindingsOf(const std::filesystem::path& mif) {
     KeptFindings kept;
     KeepingSink sink(kept);
-    static_cast<void>(app::check::CheckPair(mif, {.maxPerCode = 0}, sink));
+    static_cast<void>(app::CheckPair(mif, {.maxPerCode = 0}, sink));
     return kept;
 }
 
 KeptFindings ImportFindingsOf(const std::filesystem::path& mif) {
     KeptFindings kept;
     KeepingSink sink(kept);
-    app::check::CodeCounts counts{};
-    app::check::CheckByImport(mif, QOLF_MODULE, sink, counts);
+    app::FindingCounts counts{};
+    app::CheckByImport(mif, QOLF_MODULE, sink, counts);
     return kept;
 }
 

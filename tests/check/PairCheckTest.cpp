@@ -83,17 +83,17 @@ TEST(ACheck, SaysWhenARingCannotBeTested) {
 }
 
 TEST(ACheck, PassesOnNoMoreFindingsOfACodeThanAskedFor) {
-    class CountingSink : public app::check::FindingSink {
+    class CountingSink : public app::FindingSink {
     public:
-        void Add(const app::check::Finding&) override { ++count; }
+        void Add(const app::Finding&) override { ++count; }
         int count = 0;
     } sink;
 
-    const app::check::CodeCounts counts =
-        app::check::CheckPair(Data("decimal-commas.mif"), {.maxPerCode = 2}, sink);
+    const app::FindingCounts counts =
+        app::CheckPair(Data("decimal-commas.mif"), {.maxPerCode = 2}, sink).findings;
 
     EXPECT_EQ(sink.count, 2);
-    EXPECT_EQ(counts[static_cast<std::size_t>(app::check::Code::DecimalComma)].found, 3U);
+    EXPECT_EQ(counts[static_cast<std::size_t>(app::FindingCode::DecimalComma)].found, 3U);
 }
 
 TEST(TheImportOfACheck, PassesOnTheModulesError) {

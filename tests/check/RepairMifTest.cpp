@@ -19,9 +19,9 @@ std::filesystem::path Data(const std::string& name) {
 
 class ARepairOf : public testing::TestWithParam<std::string> {
 protected:
-    app::check::RepairReport Repair() {
-        return app::check::RepairMif(Data(GetParam() + ".mif"), folder_.path() / "copy.mif",
-                                     app::IfExists::Refuse);
+    app::RepairReport Repair() {
+        return app::RepairMif(Data(GetParam() + ".mif"), folder_.path() / "copy.mif",
+                              app::IfExists::Refuse);
     }
 
     support::TemporaryFolder folder_;
@@ -90,8 +90,7 @@ TEST_P(AUnit, BecomesItsNumberInAMetre) {
     };
     folder.Write("a.mif", text(GetParam().name));
 
-    app::check::RepairMif(folder.path() / "a.mif", folder.path() / "copy.mif",
-                          app::IfExists::Refuse);
+    app::RepairMif(folder.path() / "a.mif", folder.path() / "copy.mif", app::IfExists::Refuse);
 
     EXPECT_EQ(folder.Read("copy.mif"), text(GetParam().perMetre));
 }
@@ -109,8 +108,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(RepairMif, CopiesAFileWithoutFaultsByteForByte) {
     const support::TemporaryFolder folder;
 
-    const auto report = app::check::RepairMif(Data("clean-region.mif"), folder.path() / "copy.mif",
-                                              app::IfExists::Refuse);
+    const auto report =
+        app::RepairMif(Data("clean-region.mif"), folder.path() / "copy.mif", app::IfExists::Refuse);
 
     EXPECT_EQ(report.count, 0U);
     EXPECT_EQ(folder.Read("copy.mif"), BytesOf(Data("clean-region.mif")));
@@ -120,20 +119,20 @@ TEST(RepairMif, CopiesAFileWithoutFaultsByteForByte) {
 TEST(RepairMif, SaysWhatItChanged) {
     const support::TemporaryFolder folder;
 
-    const auto report = app::check::RepairMif(Data("ring-count-one-too-large.mif"),
-                                              folder.path() / "copy.mif", app::IfExists::Refuse);
+    const auto report = app::RepairMif(Data("ring-count-one-too-large.mif"),
+                                       folder.path() / "copy.mif", app::IfExists::Refuse);
 
     ASSERT_EQ(report.repairs.size(), 1U);
     EXPECT_EQ(report.repairs[0].what, "the count 6 becomes 5");
     EXPECT_EQ(report.repairs[0].line, 10U);
-    EXPECT_EQ(report.repairs[0].code, app::check::Code::CountMismatch);
+    EXPECT_EQ(report.repairs[0].code, app::FindingCode::CountMismatch);
 }
 
 TEST(RepairMif, MakesNoMidFileWhereThereIsNone) {
     const support::TemporaryFolder folder;
 
-    const auto report = app::check::RepairMif(Data("no-mid.mif"), folder.path() / "copy.mif",
-                                              app::IfExists::Refuse);
+    const auto report =
+        app::RepairMif(Data("no-mid.mif"), folder.path() / "copy.mif", app::IfExists::Refuse);
 
     EXPECT_FALSE(report.hasMid);
     EXPECT_TRUE(folder.Has("copy.mif"));
@@ -144,8 +143,8 @@ TEST(RepairMif, RefusesToReplaceTheInputEvenIfOverwritingIsAllowed) {
     const support::TemporaryFolder folder;
     folder.Write("roads.mif", BytesOf(Data("arc.mif")));
 
-    EXPECT_THROW(app::check::RepairMif(folder.path() / "roads.mif", folder.path() / "roads.mif",
-                                       app::IfExists::Overwrite),
+    EXPECT_THROW(app::RepairMif(folder.path() / "roads.mif", folder.path() / "roads.mif",
+                                app::IfExists::Overwrite),
                  app::Failure);
     EXPECT_EQ(folder.Read("roads.mif"), BytesOf(Data("arc.mif")));
 }
@@ -153,9 +152,9 @@ TEST(RepairMif, RefusesToReplaceTheInputEvenIfOverwritingIsAllowed) {
 TEST(RepairMif, LeavesNothingBehindForAFileThatCannotBeRead) {
     const support::TemporaryFolder folder;
 
-    EXPECT_THROW(app::check::RepairMif(Data("utf-16.mif"), folder.path() / "copy.mif",
-                                       app::IfExists::Refuse),
-                 app::Failure);
+    EXPECT_THROW(
+        app::RepairMif(Data("utf-16.mif"), folder.path() / "copy.mif", app::IfExists::Refuse),
+        app::Failure);
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 

@@ -147,7 +147,7 @@ TEST(ConvertToGeoJson, MakesPointsOfTextsWithTheirProperties) {
     EXPECT_EQ(turned["geometry"]["type"], "Point");
     EXPECT_EQ(turned["properties"]["text"], "turned");
     EXPECT_EQ(turned["properties"]["font"], "Arial");
-    EXPECT_NEAR(turned["properties"]["angle"].get<double>(), 45.0, 1e-9);
+    EXPECT_NEAR(turned["properties"]["angle"].get<double>(), 45.9, 1e-9);
     EXPECT_EQ(turned["properties"]["justify"], "right");
 }
 
@@ -244,8 +244,9 @@ TEST(ConvertToGeoJson, WritesATextSequence) {
 TEST(ConvertToGeoJson, SaysSoWhenAFileHoldsNoObjects) {
     const Sandbox sandbox;
 
-    const Result result =
-        sandbox.Qolf({"convert", cli::Sample("real/field_types_v900.mif"), "out.geojson"});
+    sandbox.Write("a.mif", "Version 300\nColumns 0\nData\n");
+
+    const Result result = sandbox.Qolf({"convert", "a.mif", "out.geojson"});
 
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_NE(result.err.find("holds no objects"), std::string::npos);
@@ -331,16 +332,25 @@ TEST(ConvertWithAnAssumedSystem, WritesItIntoAPair) {
               std::string::npos);
 }
 
-TEST(ConvertWithFix, ReadsWhatWouldBeMisread) {
+TEST(ConvertToGeoJson, KeepsObjectsWithoutAPlace) {
+    const Sandbox sandbox;
+
+    const Json json = GeoJsonOf(sandbox, {cli::Sample("real/field_types_v900.mif")});
+
+    ASSERT_EQ(json["features"].size(), 2U);
+    EXPECT_EQ(json["features"][0]["geometry"], nullptr);
+}
+
+TEST(ConvertWithFix, ReadsAsItDoesWithout) {
     const Sandbox sandbox;
     sandbox.Write("a.mif", "Version 300\nCharset \"Neutral\"\nCoordSys Nonearth Units \"m\"\nData\n"
                            "Pline\n2\n1 2\n3 4\n");
 
-    const Result plain = sandbox.Qolf({"convert", "a.mif", "a.geojson"});
+    const Json plain = GeoJsonOf(sandbox, {"a.mif"});
     const Json json = GeoJsonOf(sandbox, {"--fix", "a.mif"});
 
-    EXPECT_EQ(plain.exitCode, 1);
-    EXPECT_EQ(json["features"][0]["geometry"]["coordinates"], Json::parse("[[1,2],[3,4]]"));
+    EXPECT_EQ(plain["features"][0]["geometry"]["coordinates"], Json::parse("[[1,2],[3,4]]"));
+    EXPECT_EQ(json, plain);
 }
 
 TEST(ConvertPair, LeavesOutTextsAndPointsWhenTold) {

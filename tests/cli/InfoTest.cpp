@@ -20,7 +20,7 @@ Json InfoOf(const Sandbox& sandbox, std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"info", "--json"});
     const Result result = sandbox.Qolf(arguments);
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.err.find("error"), std::string::npos) << result.err;
     return Json::parse(result.out).at("files").at(0);
 }
 
@@ -29,7 +29,7 @@ TEST(Info, AnswersWhatTheSlotsAndTheHeaderSay) {
 
     const Json info = InfoOf(sandbox, {cli::Sample("real/utm_ridge.mif")});
 
-    EXPECT_EQ(info.at("canImport"), 1);
+    EXPECT_EQ(info.at("canImport"), true);
     EXPECT_EQ(info.at("version"), 300);
     EXPECT_EQ(info.at("charset"), "Neutral");
     EXPECT_EQ(info.at("codePage"), "CP1252");
@@ -160,11 +160,11 @@ struct BrokenRow {
 
 class InfoOfABrokenFile : public testing::TestWithParam<BrokenRow> {};
 
-TEST_P(InfoOfABrokenFile, GivesTheModulesReasonAndWhatToDo) {
+TEST_P(InfoOfABrokenFile, GivesTheModulesReasonAndWhatToDoWithAsIs) {
     const Sandbox sandbox;
     sandbox.Write("a.mif", GetParam().text);
 
-    const Result result = sandbox.Qolf({"info", "a.mif"});
+    const Result result = sandbox.Qolf({"info", "--as-is", "a.mif"});
 
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.out, "");
@@ -199,6 +199,37 @@ const BrokenRow kBroken[] = {
 };
 INSTANTIATE_TEST_SUITE_P(, InfoOfABrokenFile, testing::ValuesIn(kBroken),
                          [](const auto& row) { return row.param.name; });
+
+TEST(Info, SaysAllThatAHeaderHoldsThenWhatIsWrongWithIt) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Charset \"WindowsLatin1\"\nCoordSys Earth Projection 8\nColumns 1\n"
+                           "  street name Char(9)\n");
+
+    const Result result = sandbox.Qolf({"info", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_NE(result.out.find("  Clause     CoordSys Earth Projection 8\n"), std::string::npos);
+    EXPECT_NE(result.out.find("    street name  Char(9)\n"), std::string::npos) << result.out;
+    EXPECT_EQ(result.err,
+              "qolf: warning: a.mif: the CoordSys clause can't be read; the objects have "
+              "no coordinate system\n"
+              "qolf: warning: a.mif: the header ends without the line Data\n");
+}
+
+TEST(Info, HasEveryFileInItsDocument) {
+    const Sandbox sandbox;
+    sandbox.Write("zip.mif", "PK\x03\x04");
+    sandbox.Write("a.mif", kSwallowed);
+
+    const Result result = sandbox.Qolf({"info", "--json", "zip.mif", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    const Json files = Json::parse(result.out).at("files");
+    ASSERT_EQ(files.size(), 2U);
+    EXPECT_EQ(files.at(0).at("file"), "zip.mif");
+    EXPECT_EQ(files.at(0).at("error"), "zip.mif: is not a MIF file: it looks like a zip archive");
+    EXPECT_EQ(files.at(1).at("columns").size(), 1U);
+}
 
 TEST(Info, OfAFolderIsAnError) {
     const Sandbox sandbox;

@@ -12,7 +12,7 @@ namespace {
 
 class PlainConversion : public testing::TestWithParam<const char*> {};
 
-TEST_P(PlainConversion, OpensThePairForItsHeaderAndForTheModuleOnly) {
+TEST_P(PlainConversion, OpensEachFileOfThePairTwice) {
     const cli::Sandbox sandbox;
     std::filesystem::copy_file(cli::Sample("island.mif"), sandbox.Path("in.mif"));
     std::filesystem::copy_file(cli::Sample("island.mid"), sandbox.Path("in.mid"));
@@ -24,7 +24,7 @@ TEST_P(PlainConversion, OpensThePairForItsHeaderAndForTheModuleOnly) {
 
     ASSERT_EQ(result.exitCode, 0) << result.err;
     EXPECT_EQ(mif.Count(), 2);
-    EXPECT_EQ(mid.Count(), 1);
+    EXPECT_EQ(mid.Count(), 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(To, PlainConversion,

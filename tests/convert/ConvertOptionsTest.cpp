@@ -97,7 +97,6 @@ TEST(SourceOptionsOfAConversion, HandOnWhatTheSourceNeeds) {
     EXPECT_EQ(source.encoding, "CP1251");
     EXPECT_EQ(source.modulePath, "m.so");
     EXPECT_TRUE(app::IsWgs84(source.assumedSystem.get()));
-    EXPECT_FALSE(source.repair);
 }
 
 TEST(SourceOptionsOfAConversion, NameTheOptionWhoseSystemIsUnknown) {

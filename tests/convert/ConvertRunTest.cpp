@@ -114,18 +114,13 @@ TEST_F(AConversion, MakesALayerOfEachInput) {
     EXPECT_EQ(folder_.Read("back.geojsonl"), kLines);
 }
 
-TEST_F(AConversion, ReadsAPairThroughTheRepairThatItIsGiven) {
-    folder_.Write("in.mif", "Version 300\nData\n");
-    options_.repair = [](const std::filesystem::path& /*mif*/, const std::filesystem::path& copy,
-                         app::Reporter& reporter) {
-        reporter.Note("repaired");
-        std::filesystem::copy_file(std::string(QOLF_SAMPLES) + "/texts.mif", copy);
-    };
+TEST_F(AConversion, ReadsThePairWhoseMidFileIsNamed) {
+    folder_.Write("in.mif", "Version 300\nColumns 1\n  id Integer\nData\n\nPoint 1 2\n");
+    folder_.Write("in.mid", "7\n");
 
-    EXPECT_EQ(Run({"in.mif", "out.geojsonl"}), 0);
+    EXPECT_EQ(Run({"in.mid", "out.geojsonl"}), 0);
 
-    EXPECT_TRUE(messages_.Text().starts_with("qolf: note: repaired\n")) << messages_.Text();
-    EXPECT_NE(folder_.Read("out.geojsonl"), "");
+    EXPECT_NE(folder_.Read("out.geojsonl").find("{\"id\":7}"), std::string::npos);
 }
 
 TEST_F(AConversion, WritesAPairThatHasNoObjects) {

@@ -1,5 +1,6 @@
 #include "app/convert/LayerConversion.h"
 
+#include "app/base/Errors.h"
 #include "app/convert/SystemPlan.h"
 #include "tests/support/Features.h"
 #include "tests/support/KeptMessages.h"
@@ -158,15 +159,26 @@ TEST_F(ALayerConversion, SaysSoWhenTheBoxHasKeptEverythingOut) {
               "the output; an empty layer is written\n");
 }
 
-TEST_F(ALayerConversion, CountsPointsWithoutAPlaceInTheOutput) {
+TEST_F(ALayerConversion, CountsObjectsAndPointsWithoutAPlaceInTheOutput) {
     app::LayerConversion conversion = To("geojson");
 
     static_cast<void>(conversion.Begin(Facts("EPSG:32635"), "roads.mif"));
-    Take(conversion, support::PointsAt({{500000, 0}, {1e300, 1e300}}));
+    Take(conversion, support::PointAt(500000, 0));
+    Take(conversion, support::PointsAt({{500000, 0}, {1e300, 1e300}, {1e300, 0}}));
     conversion.End();
 
-    EXPECT_EQ(messages_.Text(), "qolf: warning: roads.mif: 1 points have no place in the output's "
-                                "coordinate system\n");
+    EXPECT_EQ(messages_.Text(), "qolf: warning: roads.mif: 1 object (2 points) has no place in the "
+                                "output's coordinate system\n");
+}
+
+TEST_F(ALayerConversion, FailsWhenNoObjectHasAPlaceInTheOutput) {
+    app::LayerConversion conversion = To("geojson");
+
+    static_cast<void>(conversion.Begin(Facts("EPSG:32635"), "roads.mif"));
+    Take(conversion, support::PointAt(1e300, 1e300));
+    Take(conversion, app::Feature());
+
+    EXPECT_THROW(conversion.End(), app::Failure);
 }
 
 }  // namespace

@@ -14,21 +14,28 @@ using app::LineEnd;
 using app::LineReader;
 using app::MifLine;
 
-// Hands out `text` in portions of at most that many bytes.
-LineReader::ReadBytes From(std::string text, std::size_t portion = 7) {
-    return [text = std::move(text), portion, pos = std::size_t{0}](char* to,
-                                                                   std::size_t most) mutable {
-        const std::size_t count = std::min({most, portion, text.size() - pos});
-        std::memcpy(to, text.data() + pos, count);
-        pos += count;
-        return count;
-    };
-}
+// Hands out a text in portions of at most so many bytes.
+class Portions : public app::ByteSource {
+public:
+    explicit Portions(std::string text, std::size_t portion = 7)
+        : text_(std::move(text)), source_(text_), portion_(portion) {}
+
+    std::size_t Read(char* to, std::size_t most) override {
+        return source_.Read(to, std::min(most, portion_));
+    }
+    void SeekTo(std::uint64_t offset) override { source_.SeekTo(offset); }
+
+private:
+    std::string text_;
+    app::TextSource source_;
+    std::size_t portion_;
+};
 
 // "number:text@begin-end-next kind", one per line.
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> shown;
-    LineReader lines(From(text));
+    Portions input(text);
+    LineReader lines(input);
     for (const MifLine* line = lines.Peek(); line != nullptr; line = lines.Peek()) {
         const char* const kind = line->lineEnd == LineEnd::Lf     ? "lf"
                                  : line->lineEnd == LineEnd::CrLf ? "crlf"
@@ -51,9 +58,9 @@ void PrintTo(const LineRow& row, std::ostream* out) {
     *out << row.name;
 }
 
-class AText : public testing::TestWithParam<LineRow> {};
+class LinesOf : public testing::TestWithParam<LineRow> {};
 
-TEST_P(AText, HasTheseLines) {
+TEST_P(LinesOf, AText) {
     EXPECT_EQ(Lines(GetParam().text), GetParam().lines);
 }
 
@@ -78,13 +85,17 @@ const LineRow kRows[] = {
     {"WithAReturnAtItsEnd", "a\nb\r", {"1:a@0-1-2 lf", "2:b@2-3-4 cr"}},
     {"WithAReturnInQuotesAtItsEnd", "a\n\"b\r", {"1:a@0-1-2 lf", "2:\"b\r@2-5-5 none"}},
 };
-INSTANTIATE_TEST_SUITE_P(, AText, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(, LinesOf, testing::ValuesIn(kRows),
                          [](const auto& row) { return row.param.name; });
 
 TEST(LineReader, TellsUtf16ByItsFirstBytes) {
-    EXPECT_EQ(LineReader(From(std::string("\xFF\xFEV\0", 4))).Start(), app::FileStart::Utf16);
-    EXPECT_EQ(LineReader(From(std::string("V\0e\0", 4))).Start(), app::FileStart::Utf16);
-    EXPECT_EQ(LineReader(From("Version")).Start(), app::FileStart::Plain);
+    const auto startOf = [](const std::string& text) {
+        Portions input(text);
+        return LineReader(input).Start();
+    };
+    EXPECT_EQ(startOf(std::string("\xFF\xFEV\0", 4)), app::FileStart::Utf16);
+    EXPECT_EQ(startOf(std::string("V\0e\0", 4)), app::FileStart::Utf16);
+    EXPECT_EQ(startOf("Version"), app::FileStart::Plain);
 }
 
 TEST(LineReader, GivesTheSameLinesWhateverThePortions) {
@@ -92,8 +103,10 @@ TEST(LineReader, GivesTheSameLinesWhateverThePortions) {
     for (int i = 0; i < 100'000; ++i) {
         text += std::to_string(i) + (i % 3 == 0 ? "\r\n" : "\n");
     }
-    LineReader small(From(text, 1000));
-    LineReader large(From(text, 1U << 20));
+    Portions inSmall(text, 1000);
+    Portions inLarge(text, 1U << 20);
+    LineReader small(inSmall);
+    LineReader large(inLarge);
     std::uint64_t count = 0;
     for (; small.Peek() != nullptr; ++count) {
         ASSERT_EQ(small.Peek()->raw, std::to_string(count));
@@ -110,7 +123,8 @@ TEST(LineReader, LooksAheadAcrossPieces) {
     for (int i = 0; i < 64; ++i) {
         text += std::string(20'000, static_cast<char>('a' + i % 26)) + "\n";
     }
-    LineReader lines(From(text, 1U << 20));
+    Portions input(text, 1U << 20);
+    LineReader lines(input);
 
     ASSERT_NE(lines.Peek(63), nullptr);
     EXPECT_EQ(lines.Peek(0)->raw, std::string(20'000, 'a'));
@@ -120,7 +134,8 @@ TEST(LineReader, LooksAheadAcrossPieces) {
 
 TEST(LineReader, KeepsTheBeginningOfALongLine) {
     const std::size_t length = 3 * LineReader::kMaxLineBytes;
-    LineReader lines(From("x" + std::string(length, 'a') + "\nb\n", 1U << 20));
+    Portions input("x" + std::string(length, 'a') + "\nb\n", 1U << 20);
+    LineReader lines(input);
 
     const MifLine line = *lines.Peek();
     EXPECT_TRUE(line.isCut);
@@ -136,7 +151,8 @@ TEST(LineReader, KeepsTheBeginningOfALongLine) {
 
 TEST(LineReader, KeepsTheLinesAroundALongOne) {
     const std::size_t length = 20 * LineReader::kMaxLineBytes;
-    LineReader lines(From("first\n" + std::string(length, 'a') + "\nlast\n", 1U << 20));
+    Portions input("first\n" + std::string(length, 'a') + "\nlast\n", 1U << 20);
+    LineReader lines(input);
 
     ASSERT_NE(lines.Peek(2), nullptr);
     EXPECT_EQ(lines.Peek(0)->raw, "first");
@@ -146,8 +162,8 @@ TEST(LineReader, KeepsTheLinesAroundALongOne) {
 
 TEST(LineReader, ShowsEachLineOnce) {
     std::vector<std::uint64_t> seen;
-    LineReader lines(From("a\nb\nc\n"), LineReader::Cut::NotAtAll,
-                     [&](const MifLine& line) { seen.push_back(line.number); });
+    Portions input("a\nb\nc\n");
+    LineReader lines(input, [&](const MifLine& line) { seen.push_back(line.number); });
 
     static_cast<void>(lines.Peek(1));
     EXPECT_EQ(seen, (std::vector<std::uint64_t>{1, 2}));
@@ -161,12 +177,68 @@ TEST(LineReader, IsQuickWithManyReturnsBeforeOneLineFeed) {
     for (int i = 0; i < 200'000; ++i) {
         text += "b\r";
     }
-    LineReader lines(From(text + "\n", 1U << 20));
+    Portions input(text + "\n", 1U << 20);
+    LineReader lines(input);
     std::uint64_t count = 0;
     for (; lines.Peek() != nullptr; ++count) {
         lines.Skip();
     }
     EXPECT_EQ(count, 200'001U);
+}
+
+TEST(LineReader, ReturnsToAPlaceThatIsInMemory) {
+    Portions input("a\nb\nc\n");
+    LineReader lines(input);
+    lines.Skip();
+    const LineReader::Mark mark = lines.Here();
+    lines.Skip();
+
+    lines.ReturnTo(mark);
+
+    ASSERT_NE(lines.Peek(), nullptr);
+    EXPECT_EQ(lines.Peek()->raw, "b");
+    EXPECT_EQ(lines.Peek()->number, 2U);
+}
+
+TEST(LineReader, ReturnsToAPlaceThatIsNoLongerInMemory) {
+    Portions input("first\n" + std::string(3U << 20, '\n'), 1U << 20);
+    LineReader lines(input);
+    const LineReader::Mark mark = lines.Here();
+    while (lines.Peek() != nullptr) {
+        lines.Skip();
+    }
+
+    lines.ReturnTo(mark);
+
+    ASSERT_NE(lines.Peek(), nullptr);
+    EXPECT_EQ(lines.Peek()->raw, "first");
+    EXPECT_EQ(lines.Peek()->number, 1U);
+}
+
+TEST(LineReader, HandsOutItsBytesFromTheNextLineOn) {
+    Portions input("a\nb\nc\nd\n");
+    LineReader lines(input);
+    lines.Skip();
+    static_cast<void>(lines.Peek(1));
+
+    EXPECT_EQ(lines.Buffered(), "b\nc\nd\n");
+    lines.TakeBuffered(4, 2);
+
+    ASSERT_NE(lines.Peek(), nullptr);
+    EXPECT_EQ(lines.Peek()->raw, "d");
+    EXPECT_EQ(lines.Peek()->number, 4U);
+    EXPECT_EQ(lines.Peek()->begin, 6U);
+}
+
+TEST(LineReader, BuffersALongLineAsAWhole) {
+    const std::string text(1U << 20, 'x');
+    Portions input(text, 1U << 20);
+    LineReader lines(input);
+
+    while (lines.BufferMore()) {
+    }
+
+    EXPECT_EQ(lines.Buffered(), text);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "app/formats/geojson/GeoJsonWriter.h"
 
+#include "app/base/Counted.h"
+#include "app/base/Paths.h"
 #include "app/feature/RingNesting.h"
 #include "app/json/JsonText.h"
 #include "app/json/ShortestNumber.h"
@@ -128,8 +130,9 @@ double StrokeWidth(const Pen& pen) {
 }  // namespace
 
 GeoJsonWriter::GeoJsonWriter(const std::filesystem::path& path, IfExists ifExists, GeoJsonForm form,
-                             bool withStyles)
-    : output_(path, ifExists), form_(form), withStyles_(withStyles) {}
+                             bool withStyles, Reporter& reporter)
+    : reporter_(reporter), subject_(path == "-" ? "standard output" : PathText(path)),
+      output_(path, ifExists), form_(form), withStyles_(withStyles) {}
 
 void GeoJsonWriter::BeginLayer(const LayerFacts& layer) {
     keys_.clear();
@@ -166,6 +169,7 @@ void GeoJsonWriter::Write(Feature& feature) {
         WriteCollection(feature.members);
     } else if (!WriteGeometry(feature.geometry)) {
         text_ += "null";
+        withoutGeometry_ += feature.geometry.kind == GeometryKind::None ? 0 : 1;
     }
     text_ += form_ == GeoJsonForm::Collection ? "}" : "}\n";
     output_.Write(text_);
@@ -173,6 +177,11 @@ void GeoJsonWriter::Write(Feature& feature) {
 }
 
 bool GeoJsonWriter::Finish() {
+    if (withoutGeometry_ > 0) {
+        reporter_.Warning(subject_ + ": " +
+                          Counted(withoutGeometry_, "object has", "objects have") +
+                          " coordinates that give no geometry; written with a null geometry");
+    }
     if (form_ == GeoJsonForm::Collection) {
         const char* const end = count_ > 0 ? "\n]}\n" : "]}\n";
         output_.Write(isBegun_ ? end : "{\"type\":\"FeatureCollection\",\"features\":[]}\n");

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/base/Output.h"
+#include "app/base/Reporter.h"
 #include "app/feature/Target.h"
 
 #include <string>
@@ -14,9 +15,10 @@ enum class GeoJsonForm { Collection, Lines, Sequence };
 
 class GeoJsonWriter : public Target {
 public:
-    // With styles, pens and brushes become simplestyle properties (stroke, fill, ...).
+    // With styles, pens and brushes become simplestyle properties (stroke, fill, ...). The reporter
+    // must outlive the writer.
     GeoJsonWriter(const std::filesystem::path& path, IfExists ifExists, GeoJsonForm form,
-                  bool withStyles);
+                  bool withStyles, Reporter& reporter);
 
     void BeginLayer(const LayerFacts& layer) override;
 
@@ -25,6 +27,8 @@ public:
     // that is no finite number, and too few of them give a null geometry; a member of a collection
     // with the same faults is left out.
     void Write(Feature& feature) override;
+
+    // Warns of objects whose coordinates gave a null geometry.
     bool Finish() override;
 
 private:
@@ -39,6 +43,8 @@ private:
     bool WriteRegion(const Geometry& geometry);
     void Key(const std::string& name);
 
+    Reporter& reporter_;
+    std::string subject_;
     OutputFile output_;
     GeoJsonForm form_;
     bool withStyles_;
@@ -48,6 +54,7 @@ private:
     std::string text_;               // of the feature under way
     bool isFirstProperty_ = true;
     std::size_t count_ = 0;
+    std::size_t withoutGeometry_ = 0;  // objects that have coordinates
     bool isBegun_ = false;
 };
 

@@ -1,5 +1,6 @@
 #include "app/formats/gpkg/GeoPackageWriter.h"
 
+#include "app/base/Counted.h"
 #include "app/base/Paths.h"
 #include "app/formats/gpkg/PackageSchema.h"
 
@@ -11,10 +12,6 @@ namespace {
 
 // Lower numbers are those of registers, where other programs would look them up.
 constexpr std::int32_t kFirstOwnId = 100000;
-
-std::string Counted(std::uint64_t count, const char* one, const char* many) {
-    return std::to_string(count) + " " + (count == 1 ? one : many);
-}
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 #include "app/formats/mif/MifTarget.h"
 
+#include "app/base/Counted.h"
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/formats/mif/ExportOptions.h"
@@ -29,10 +30,6 @@ std::string Listed(const std::vector<std::string>& parts) {
         text += " and " + std::to_string(parts.size() - shown) + " more";
     }
     return text;
-}
-
-std::string Counted(std::uint64_t count, const std::string& one, const std::string& several) {
-    return std::to_string(count) + " " + (count == 1 ? one : several);
 }
 
 // The values of a kind.

@@ -3,6 +3,7 @@
 
 #include "app/base/Errors.h"
 #include "tests/support/Features.h"
+#include "tests/support/KeptMessages.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +25,7 @@ protected:
                         const std::vector<app::LayerColumn>& columns = {},
                         GeoJsonForm form = GeoJsonForm::Lines, bool withStyles = false) {
         app::GeoJsonWriter writer(folder_.path() / "out.geojson", app::IfExists::Overwrite, form,
-                                  withStyles);
+                                  withStyles, messages_.Reporter());
         app::LayerFacts layer;
         layer.name = "roads \"1\"";
         layer.columns = columns;
@@ -45,6 +46,7 @@ protected:
     }
 
     support::TemporaryFolder folder_;
+    support::KeptMessages messages_;
 };
 
 TEST_F(GeoJsonWriter, WritesACollectionWithAFeaturePerLine) {
@@ -171,7 +173,7 @@ TEST_F(GeoJsonWriter, WritesStylesWhenTold) {
 TEST_F(GeoJsonWriter, LeavesNothingWithoutItsEnd) {
     {
         app::GeoJsonWriter writer(folder_.path() / "out.geojson", app::IfExists::Refuse,
-                                  GeoJsonForm::Lines, /*withStyles=*/false);
+                                  GeoJsonForm::Lines, /*withStyles=*/false, messages_.Reporter());
         app::Feature point = PointAt(1, 2);
         writer.BeginLayer({});
         writer.Write(point);
@@ -184,7 +186,7 @@ TEST_F(GeoJsonWriter, RefusesAFileThatExists) {
     folder_.Write("out.geojson", "old");
 
     EXPECT_THROW(app::GeoJsonWriter(folder_.path() / "out.geojson", app::IfExists::Refuse,
-                                    GeoJsonForm::Lines, /*withStyles=*/false),
+                                    GeoJsonForm::Lines, /*withStyles=*/false, messages_.Reporter()),
                  app::Failure);
 }
 

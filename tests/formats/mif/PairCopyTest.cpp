@@ -17,6 +17,7 @@ constexpr const char* kHeader = "Version 300\nCharset \"Neutral\"\nDelimiter \",
 class ACopyOfAPair : public testing::Test {
 protected:
     ACopyOfAPair() {
+        sourceOptions_.asIs = true;
         sourceOptions_.noStore = true;
         sourceOptions_.modulePath = QOLF_MODULE;
         targetOptions_.noStore = true;
