@@ -159,7 +159,7 @@ void MifExportDlg::AcceptOptions(HWND window) {
 }
 
 void MifExportDlg::ShowHelp() const {
-    filter_.ShowHelp(L"Mif-Export.htm", L"");
+    filter_.ShowHelp(L"Mif-Export.htm", std::wstring());
 }
 
 }  // namespace mif

@@ -100,7 +100,7 @@ INT_PTR HandleMessage(HWND dialog, UINT message, WPARAM wParam, OpenDialog& stat
         if ((wParam & kSystemCommandMask) != SC_CONTEXTHELP) {
             return 0;
         }
-        state.filter.ShowHelp(L"Mif-Import.htm", L"");
+        state.filter.ShowHelp(L"Mif-Import.htm", std::wstring());
         return 1;
     default:
         return 0;
