@@ -92,10 +92,11 @@ void FlattenCurves(Geometry& geometry, int segments);
 void FlattenCurves(Feature& feature, int segments);
 
 // Rounds every coordinate, also those of boxes and label lines, to so many decimals. What has no
-// more digits than that, or is no finite number, stays.
+// more digits than that, or is not a finite number, stays.
 void RoundCoordinates(Feature& feature, int decimals);
 
-// The box of the points. Empty without any point, and also when a coordinate is no finite number.
+// The box of the points. Empty without any point, and also when a coordinate is not a finite
+// number.
 shr::Box2d BoxOf(std::span<const shr::Vec2d> points);
 
 // The box of a geometry: that of its points, or the box of a curve. Empty for None and Collection.

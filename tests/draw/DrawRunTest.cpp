@@ -323,7 +323,7 @@ TEST_F(Draw, WarnsOnce) {
                            "1\n  id Integer\nData\n\nPoint 1 1\n");
 
     app::DrawOptions options = Options({"a.mif"});
-    options.asIs = true;
+    options.map.asIs = true;
 
     EXPECT_EQ(Run(options), 0);
 

@@ -77,7 +77,7 @@ std::optional<PairCharset> MifTarget::CharsetFor(const LayerFacts& layer) const 
     if (!layer.pair) {
         return std::nullopt;
     }
-    // The header's own name stays when it stood for the code page that the texts were read in.
+    // The header's own name stays when it names the code page that the texts were read in.
     const PairFacts& pair = *layer.pair;
     if (!pair.charset.empty() && CodePageOfCharset(pair.charset).codePage == pair.codePage) {
         return PairCharset(pair.charset, pair.codePage);
@@ -134,8 +134,7 @@ bool MifTarget::Finish() {
     if (outcome.unplacedObjects > 0) {
         reporter_.Warning(name_ + ": " +
                           Counted(outcome.unplacedObjects, "object has", "objects have") +
-                          " no place, with coordinates that are no finite numbers; written "
-                          "without geometry");
+                          " coordinates that are not finite numbers; written without geometry");
     }
     return true;
 }

@@ -280,8 +280,8 @@ TEST_F(MifTarget, WarnsOfObjectsWithoutAPlace) {
 
     Write({PointAt(1, std::numeric_limits<double>::infinity(), {"a"})});
 
-    EXPECT_EQ(Messages(), "qolf: warning: 1 object has no place, with coordinates that are no "
-                          "finite numbers; written without geometry\n");
+    EXPECT_EQ(Messages(), "qolf: warning: 1 object has coordinates that are not finite "
+                          "numbers; written without geometry\n");
 }
 
 TEST_F(MifTarget, WarnsOfMoreColumnsThanOthersRead) {
