@@ -68,6 +68,8 @@ struct Geometry {
     double endDegrees = 0.0;    // ellipse is stretched; equal angles are the whole ellipse
     TextPlacement placement;    // Text
     bool isSmooth = false;      // Line: drawn as a curve through its vertices
+    // Line of two vertices: MIF's object for polylines, not the one for a single straight line.
+    bool isPolyline = false;
     std::optional<shr::Vec2d> center = {};  // Region: where a label goes, when the source says so
     Style style;
 

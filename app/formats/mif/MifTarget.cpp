@@ -64,7 +64,7 @@ MifTarget::MifTarget(const std::filesystem::path& path, const TargetOptions& opt
     : options_(options), reporter_(reporter), name_(PathText(path)),
       writer_(path, options.ifExists) {
     if (!options_.encoding.empty() && FindCharsetOfEncoding(options_.encoding) == nullptr) {
-        throw UsageError("--encoding " + options_.encoding +
+        throw UsageError("encoding " + options_.encoding +
                          ": MIF files can't be in it; UTF-8 has every character");
     }
 }

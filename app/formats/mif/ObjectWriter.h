@@ -28,7 +28,8 @@ public:
     bool Wants(const Feature& feature) const { return IsChosen(feature.geometry.kind); }
 
     // Appends the feature as one object with its clauses:
-    // - several sections as Pline Multiple, several points as Multipoint, two vertices as Line;
+    // - several sections as Pline Multiple, several points as Multipoint;
+    // - two vertices as Line unless the geometry says that it is a polyline;
     // - members of a Collection that are of one kind and style as one part, as the format has it;
     // - None for what has no vertices, or a coordinate that is not a finite number.
     // A clause is written when the style has it and the object takes it.

@@ -93,7 +93,8 @@ std::size_t MostHeaderBytes(PairHeader header) {
         column.width = kLongestWidth;
         size += std::max(declared, TypeText(column).size()) - TypeText(column).size();
     }
-    return HeaderText(header).size() + size + 4 * kShortestNumberSize;
+    const bool hasBounds = header.boundsPlace != BoundsPlace::Nowhere;
+    return HeaderText(header).size() + size + (hasBounds ? 4 * kShortestNumberSize : 0);
 }
 
 shr::Box2d UsableBounds(const shr::Box2d& box) {

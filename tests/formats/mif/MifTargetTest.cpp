@@ -315,7 +315,7 @@ TEST_F(MifTarget, RefusesAnEncodingThatMifFilesDoNotHave) {
         FAIL() << "the encoding is taken";
     } catch (const app::UsageError& error) {
         EXPECT_STREQ(error.what(),
-                     "--encoding KOI8-R: MIF files can't be in it; UTF-8 has every character");
+                     "encoding KOI8-R: MIF files can't be in it; UTF-8 has every character");
     }
 }
 
