@@ -3,9 +3,7 @@
 #pragma once
 
 #include "app/crs/Reprojection.h"
-#include "app/feature/LayerFacts.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,27 +32,22 @@ private:
 
 class LayerSystems {
 public:
-    using SystemPtr = std::shared_ptr<const gcs::CSDef>;
-
     // A null target leaves the choice to the first layer.
     explicit LayerSystems(SystemPtr target) : target_(std::move(target)) {}
 
     // For a layer of this system, null when nothing is known of its coordinates. The first system
-    // settles the picture's when none was named. `problem` becomes the reason why the layer can't be
-    // moved, for the end of a sentence: it is then drawn as it stands.
+    // settles the picture's when none was named. `problem` becomes the reason why the layer can't
+    // be moved, for the end of a sentence: it is then drawn as it stands.
     LayerTransform TransformFrom(const SystemPtr& system, std::string& problem);
 
     // The picture's system; null when it has none (yet).
     const SystemPtr& Target() const { return target_; }
 
     // True when the picture's coordinates are degrees of longitude and latitude.
-    bool IsGeographic() const;
+    bool IsGeographic() const { return target_ != nullptr && target_->isGeographic; }
 
 private:
     SystemPtr target_;
 };
-
-// True when coordinates of both systems mean the same places without a transformation.
-bool IsSameSystem(const gcs::CSDef& left, const gcs::CSDef& right);
 
 }  // namespace app

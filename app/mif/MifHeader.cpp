@@ -5,13 +5,10 @@
 #include "app/base/Paths.h"
 #include "app/mif/HeaderPass.h"
 #include "app/mif/Numbers.h"
-#include "app/mif/Units.h"
-#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <string_view>
 
 namespace app {
 namespace {
@@ -38,21 +35,6 @@ std::string HeaderForModule(const MifHeader& header) {
                 PairText(header.ownBounds->maxX, header.ownBounds->maxY) + "\n";
     }
     return text + "Data\n";
-}
-
-std::string UnitProblem(const MifHeader& header) {
-    constexpr std::string_view kEarth = "coordsys earth";
-    const std::string& unit = header.unitsText;
-    const bool isEarth =
-        EqualsIgnoringCase(std::string_view(header.coordSysText).substr(0, kEarth.size()), kEarth);
-    const Unit* const known = FindUnit(unit);
-    if (!isEarth || unit.empty() || (known != nullptr && known->isKnownToModule) ||
-        ReadDouble(unit) > 0.0) {
-        return {};
-    }
-    return "the module does not know the unit \"" + unit +
-           "\" and takes the coordinates as metres; a number of units per metre in its place is "
-           "understood";
 }
 
 MifHeader ScanHeader(const std::filesystem::path& path) {

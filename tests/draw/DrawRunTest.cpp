@@ -294,6 +294,7 @@ TEST_F(Draw, LeavesNothingWhenAnImportStopsHalfWay) {
     WriteMap("a.mif", kPlaneHeader, std::string(kRedRectangle) + "Nonsense 1 2\n");
     app::DrawOptions options = Options({"a.mif"});
     options.bbox = shr::Box2d{0, 0, 100, 100};
+    options.map.asIs = true;
 
     EXPECT_NE(FailureOf(options).find("Invalid object type 'Nonsense'"), std::string::npos);
     EXPECT_EQ(FilesLeft(), (std::vector<std::string>{"a.mif"}));
@@ -323,7 +324,7 @@ TEST_F(Draw, WarnsOnce) {
                            "1\n  id Integer\nData\n\nPoint 1 1\n");
 
     app::DrawOptions options = Options({"a.mif"});
-    options.asIs = true;
+    options.map.asIs = true;
 
     EXPECT_EQ(Run(options), 0);
 
