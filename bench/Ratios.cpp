@@ -7,6 +7,7 @@
 #include "bench/ChildProcess.h"
 #include "bench/CountingHost.h"
 #include "bench/Inputs.h"
+#include "bench/RegionLayer.h"
 #include "export/MifExportFilter.h"
 #include "host/zeio/IoManager.h"
 #include "host/zeio/TrObjects.h"
@@ -192,8 +193,14 @@ Settings TakeSettings(int& argc, char** argv) {
     return settings;
 }
 
+// Of the pair that the command wrote to the one of the module.
+double BytesRatio(const Settings& settings) {
+    return static_cast<double>(bench::BytesOf(settings.folder / "command.mif")) /
+           static_cast<double>(bench::BytesOf(settings.folder / "module.mif"));
+}
+
 void RegisterAll(const Settings& settings, const std::vector<double>& coordinates,
-                 std::vector<Row>& rows) {
+                 const bench::RegionLayer& layer, std::vector<Row>& rows) {
     const Pair regions = bench::Regions(settings.folder, settings.scale);
     const Pair points = bench::Points(settings.folder, settings.scale);
     const Pair lines = bench::Polylines(settings.folder, settings.scale);
@@ -210,6 +217,10 @@ void RegisterAll(const Settings& settings, const std::vector<double>& coordinate
     const std::filesystem::path out = settings.folder / "out.mif";
     Register("format/coordinates", [&coordinates, out] { FormatCoordinates(coordinates, out); });
     Register("export/regions", [&coordinates, out] { Export(coordinates, out); });
+    Register("write/module",
+             [&layer, out = settings.folder / "module.mif"] { layer.WriteByModule(out); });
+    Register("write/command",
+             [&layer, out = settings.folder / "command.mif"] { layer.WriteByCommand(out); });
     if (settings.qolf.empty()) {
         return;
     }
@@ -238,7 +249,8 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(settings.folder);
     const std::vector<double> coordinates = ExportCoordinates(settings.scale);
     std::vector<Row> converts;
-    RegisterAll(settings, coordinates, converts);
+    const bench::RegionLayer layer(settings.scale);
+    RegisterAll(settings, coordinates, layer, converts);
 
     benchmark::Initialize(&argc, argv);
     SmallestTimes times;
@@ -256,6 +268,9 @@ int main(int argc, char** argv) {
         {"import the polylines", pass, ratio("import/polylines", "pass/polylines"), 6.0, "x"},
         {"export the regions", "formatting the coordinates",
          ratio("export/regions", "format/coordinates"), 1.3, "x"},
+        {"write the region file as MIF", "the module's export of the same",
+         ratio("write/command", "write/module"), 1.0, "x"},
+        {"bytes of that", "the module's", BytesRatio(settings), 0.5, "x"},
     };
     for (Row& row : converts) {
         const bool isPackage = row.work.ends_with("gpkg");

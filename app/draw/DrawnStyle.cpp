@@ -86,8 +86,7 @@ Marker StyleResolver::MarkerOf(const Style& style) {
     }
     const Symbol& symbol = *style.symbol;
     marker.color = ObjectColorOf(symbol.color);
-    marker.diameter =
-        std::clamp(PixelsOfPoints(symbol.size), kSmallestDiameter, kLargestDiameter);
+    marker.diameter = std::clamp(PixelsOfPoints(symbol.size), kSmallestDiameter, kLargestDiameter);
     if (symbol.form == Symbol::Form::Shape) {
         marker.shape = &ShapeOf(symbol.shape);
         marker.diameter = symbol.shape == kBlankSymbol ? 0.0 : marker.diameter;

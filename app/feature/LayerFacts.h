@@ -31,7 +31,7 @@ struct LayerFacts {
     std::vector<LayerColumn> columns;
     std::shared_ptr<const CoordinateSystem> system;  // of the coordinates; null: none is named
     std::optional<shr::Box2d> knownExtent;           // in these, when the source states one
-    std::optional<PairFacts> pair = {};              // absent when the source is no MIF pair
+    std::optional<PairFacts> pair = {};              // absent when the source is not a MIF pair
 };
 
 }  // namespace app

@@ -78,7 +78,7 @@ void GeoPackageWriter::EndLayer() {
     const std::string prefix = subject_ + ": layer " + CleanText(layerName_) + ": ";
     if (summary.withoutGeometry > 0) {
         reporter_.Warning(prefix + Counted(summary.withoutGeometry, "object has", "objects have") +
-                          " coordinates that give no geometry; the rows have none");
+                          " coordinates that make no geometry; written without geometry");
     }
     for (const LayerSummary::Mismatch& mismatch : summary.mismatches) {
         reporter_.Warning(prefix + "column " + mismatch.column + ": " +
