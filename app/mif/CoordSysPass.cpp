@@ -137,6 +137,7 @@ double Clause::TakeNumber() {
 }
 
 void Clause::Check() {
+    header_.unitsText.clear();
     header_.unknownProjection.reset();
     TakeLine();
     next_ = 1;
@@ -229,6 +230,7 @@ void Clause::CheckProjection() {
     }
     if (projection != nullptr) {
         if (!isAtEnd && !At("Bounds") && !At("Affine")) {
+            header_.unitsText = AtEnd() ? "" : std::string(tokens_[next_].text);
             CheckUnits(projection->code);
         }
         CheckParameters(*projection);
@@ -340,6 +342,9 @@ void Clause::CheckRest(const Projection* projection) {
         return;
     }
     for (bool isReported = projection == nullptr; !AtEnd(); ++next_) {
+        if (projection == nullptr && At("Units") && next_ + 1 < tokens_.size()) {
+            header_.unitsText = tokens_[next_ + 1].text;
+        }
         if (At("Affine")) {
             report_.Add(FindingCode::AffineIgnored, place_, "the reader ignores the Affine part");
             return;

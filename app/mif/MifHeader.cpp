@@ -5,10 +5,13 @@
 #include "app/base/Paths.h"
 #include "app/mif/HeaderPass.h"
 #include "app/mif/Numbers.h"
+#include "app/mif/Units.h"
+#include "app/mif/Words.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <string_view>
 
 namespace app {
 namespace {
@@ -25,7 +28,8 @@ char DelimiterOf(const MifHeader& header) {
 
 std::string HeaderForModule(const MifHeader& header) {
     std::string text = "Version 300\nCharset \"Neutral\"\n";
-    if (!header.coordSys.text.empty() && header.coordSys.isReadByModule) {
+    const bool isText = header.coordSys.text.find('\0') == std::string::npos;
+    if (!header.coordSys.text.empty() && header.coordSys.isReadByModule && isText) {
         std::string clause = header.coordSys.text;
         std::ranges::replace(clause, '\r', ' ');
         text += clause + "\n" + std::string(header.coordSys.lackingParts, '\n');
@@ -35,6 +39,21 @@ std::string HeaderForModule(const MifHeader& header) {
                 PairText(header.ownBounds->maxX, header.ownBounds->maxY) + "\n";
     }
     return text + "Data\n";
+}
+
+std::string UnitProblem(const MifHeader& header) {
+    constexpr std::string_view kEarth = "coordsys earth";
+    const std::string& unit = header.unitsText;
+    const bool isEarth =
+        EqualsIgnoringCase(std::string_view(header.coordSysText).substr(0, kEarth.size()), kEarth);
+    const Unit* const known = FindUnit(unit);
+    if (!isEarth || unit.empty() || (known != nullptr && known->isKnownToModule) ||
+        ReadDouble(unit) > 0.0) {
+        return {};
+    }
+    return "the module does not know the unit \"" + unit +
+           "\" and takes the coordinates as metres; a number of units per metre in its place is "
+           "understood";
 }
 
 MifHeader ScanHeader(const std::filesystem::path& path) {

@@ -43,6 +43,7 @@ struct MifHeader {
     CoordSysClause coordSys;
     std::string coordSysText;                       // the clause on one line, blanks squeezed
     std::optional<std::int64_t> unknownProjection;  // a code that the module does not know
+    std::string unitsText;                          // of the clause, without quotes; "" when absent
 
     // The corners as they stand in the file: of the last Bounds clause, on a line of its own or in
     // the CoordSys one; and of the last one on a line of its own, which is the module's.
@@ -66,6 +67,10 @@ char DelimiterOf(const MifHeader& header);
 // A header with which the module reads the objects behind it: own bounds, and the CoordSys clause
 // unless the import would stop at it.
 std::string HeaderForModule(const MifHeader& header);
+
+// What is to be said of the unit of an Earth system: the module knows metres and survey feet by
+// name and takes a number as units per metre; any other name leaves metres. Empty when all is well.
+std::string UnitProblem(const MifHeader& header);
 
 // Reads the header of a file; of a file that has none, what could be found in its first lines.
 // Never fails on contents. Throws Failure when the file can't be opened.

@@ -293,6 +293,7 @@ TEST_F(Draw, LeavesNothingWhenAFileIsMissing) {
 TEST_F(Draw, LeavesNothingWhenAnImportStopsHalfWay) {
     WriteMap("a.mif", kPlaneHeader, std::string(kRedRectangle) + "Nonsense 1 2\n");
     app::DrawOptions options = Options({"a.mif"});
+    options.map.asIs = true;
     options.bbox = shr::Box2d{0, 0, 100, 100};
     options.map.asIs = true;
 

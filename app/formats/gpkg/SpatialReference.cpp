@@ -30,6 +30,9 @@ SpatialReference ReferenceOf(const CoordinateSystem* system) {
     if (system == nullptr || !system->IsOnEarth()) {
         return {};
     }
+    if (IsWgs84(*system)) {  // without PROJ's register, which costs more than a small file
+        return Wgs84Reference();
+    }
     SpatialReference reference;
     reference.name = system->name;
     reference.organization = system->authority;

@@ -133,6 +133,9 @@ void MifSource::BeginAsIs(Reporter& reporter) {
     header_ = ScanHeader(path_);
     SetCodePageFor(header_, options_.encoding, /*areLettersUtf8=*/false, Name(), reporter);
     MakeRun(path_, reporter);
+    if (const std::string problem = UnitProblem(header_); !problem.empty()) {
+        reporter.Warning(Name() + ": " + problem);
+    }
     run_->ImportHeader(reporter, [this](const zeio::TrBase& object) {
         if (object.GetTypeId() == zeio::TrNamedIds::GetClassTypeId()) {
             facts_.columns = ColumnsOf(static_cast<const zeio::TrNamedIds&>(object), header_);
