@@ -1,6 +1,6 @@
 #include "app/convert/ConvertOptions.h"
 
-#include "app/convert/SystemPlan.h"
+#include "app/crs/Definitions.h"
 
 namespace app {
 
@@ -10,7 +10,7 @@ SourceOptions SourceOptionsOf(const ConvertOptions& options, Reporter& reporter)
     result.noStore = options.noStore;
     result.encoding = options.encoding;
     if (!options.assumedCrs.empty()) {
-        result.assumedSystem = SystemOfDefinition("--assume-crs", options.assumedCrs, reporter);
+        result.assumedSystem = SystemOfOption("--assume-crs", options.assumedCrs, reporter);
     }
     result.modulePath = options.modulePath;
     return result;

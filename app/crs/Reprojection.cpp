@@ -1,7 +1,6 @@
 #include "app/crs/Reprojection.h"
 
 #include "app/base/Errors.h"
-#include "host/gcs/KnownLists.h"
 
 #include <cmath>
 
@@ -9,32 +8,28 @@ namespace app {
 
 namespace {
 
-constexpr const wchar_t* kWgs84Token = L"DATUM_WGS84";
-
-// Degrees to nine decimals are 0.1 mm: what lies behind them is the noise of the computation.
-double Rounded(double degrees) {
-    constexpr double kSteps = 1e9;
-    return std::isfinite(degrees) ? std::round(degrees * kSteps) / kSteps : degrees;
+// A power of ten, so that rounded numbers are short.
+double StepsPerUnit(const CoordinateSystem& system) {
+    constexpr double kDegreeDecimals = 9.0;
+    constexpr double kMetreDecimals = 5.0;
+    const double decimals =
+        system.isGeographic
+            ? kDegreeDecimals
+            : std::fmax(0.0, kMetreDecimals + std::ceil(std::log10(system.metresPerUnit)));
+    return std::pow(10.0, decimals);
 }
 
-CoordinateTransformer Transformer(const gcs::CSDef& system) {
-    CoordinateTransformer transformer(system);
-    if (!transformer.problem().empty()) {
-        throw Failure(transformer.problem());
-    }
-    return transformer;
+double Rounded(double value, double stepsPerUnit) {
+    return std::isfinite(value) ? std::round(value * stepsPerUnit) / stepsPerUnit : value;
 }
 
 }  // namespace
 
-Reprojection::Reprojection(const gcs::CSDef* from, const gcs::CSDef* to) {
-    if (from != nullptr && !IsWgs84(from)) {
-        from_.emplace(Transformer(*from));
+Reprojection::Reprojection(const CoordinateSystem& from, const CoordinateSystem& to)
+    : transformation_(from, to), stepsPerUnit_(StepsPerUnit(to)) {
+    if (!transformation_.Problem().empty()) {
+        throw Failure(transformation_.Problem());
     }
-    if (to != nullptr && !IsWgs84(to)) {
-        to_.emplace(Transformer(*to));
-    }
-    endsInDegrees_ = !to_.has_value();
 }
 
 void Reprojection::Apply(Feature& feature) {
@@ -54,46 +49,10 @@ void Reprojection::Apply(std::vector<shr::Vec2d>& points) {
         x_[i] = points[i].x;
         y_[i] = points[i].y;
     }
-    if (from_) {
-        failedPoints_ += from_->ToWgs84(x_, y_);
-    }
-    if (to_) {
-        failedPoints_ += to_->FromWgs84(x_, y_);
-    }
+    failedPoints_ += transformation_.Apply(x_, y_);
     for (std::size_t i = 0; i < points.size(); ++i) {
-        points[i] =
-            endsInDegrees_ ? shr::Vec2d{Rounded(x_[i]), Rounded(y_[i])} : shr::Vec2d{x_[i], y_[i]};
+        points[i] = {Rounded(x_[i], stepsPerUnit_), Rounded(y_[i], stepsPerUnit_)};
     }
-}
-
-std::vector<std::string> Reprojection::Warnings() const {
-    std::vector<std::string> warnings;
-    for (const auto* side : {&from_, &to_}) {
-        if (side->has_value()) {
-            warnings.insert(warnings.end(), (*side)->warnings().begin(), (*side)->warnings().end());
-        }
-    }
-    return warnings;
-}
-
-bool IsWgs84(const gcs::CSDef* system) {
-    const auto* earth = dynamic_cast<const gcs::GCSDef*>(system);
-    return earth != nullptr &&
-           earth->GetProjection().GetMethod() == gcs::ProjectionMethod::LongitudeLatitude &&
-           earth->GetDatum().GetToken() == kWgs84Token;
-}
-
-gcs::GCSDef Wgs84System() {
-    gcs::DatumDef datum;
-    static_cast<void>(gcs::GCSKnownDatumsList.FindByToken(kWgs84Token, &datum));
-    gcs::ProjectionDef projection;
-    projection.SetMethod(gcs::ProjectionMethod::LongitudeLatitude);
-    projection.SetParameter(gcs::ProjectionParameterID::UnitsPerMetre, 1.0);
-    projection.SetParameter(gcs::ProjectionParameterID::Ellipsoid, datum.GetEllipsoid());
-    gcs::GCSDef system;
-    system.SetProjection(projection);
-    system.SetDatum(datum);
-    return system;
 }
 
 }  // namespace app

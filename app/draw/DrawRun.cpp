@@ -3,6 +3,7 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/base/platform/System.h"
+#include "app/crs/Definitions.h"
 #include "app/draw/MapPainter.h"
 #include "app/draw/PictureMap.h"
 
@@ -54,8 +55,8 @@ void SayFarObjects(PictureMap& map, Reporter& reporter) {
                   " shows the rest");
 }
 
-LayerSystems::SystemPtr WantedSystem(const DrawOptions& options, Reporter& reporter) {
-    return options.map.crs.empty() ? nullptr : SystemNamed("--crs", options.map.crs, reporter);
+SystemPtr WantedSystem(const DrawOptions& options, Reporter& reporter) {
+    return options.map.crs.empty() ? nullptr : SystemOfOption("--crs", options.map.crs, reporter);
 }
 
 // Throws Failure for a map without an object, unless a box of it is wanted.

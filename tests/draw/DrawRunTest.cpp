@@ -295,6 +295,7 @@ TEST_F(Draw, LeavesNothingWhenAnImportStopsHalfWay) {
     app::DrawOptions options = Options({"a.mif"});
     options.map.asIs = true;
     options.bbox = shr::Box2d{0, 0, 100, 100};
+    options.map.asIs = true;
 
     EXPECT_NE(FailureOf(options).find("Invalid object type 'Nonsense'"), std::string::npos);
     EXPECT_EQ(FilesLeft(), (std::vector<std::string>{"a.mif"}));

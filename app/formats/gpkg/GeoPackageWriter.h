@@ -5,7 +5,7 @@
 #include "app/feature/Target.h"
 #include "app/formats/gpkg/LayerTable.h"
 #include "app/formats/gpkg/SpatialReference.h"
-#include "app/formats/gpkg/Sqlite.h"
+#include "app/sqlite/Sqlite.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -6,7 +6,7 @@
 #include "app/formats/gpkg/GeometryType.h"
 #include "app/formats/gpkg/Names.h"
 #include "app/formats/gpkg/SpatialIndex.h"
-#include "app/formats/gpkg/Sqlite.h"
+#include "app/sqlite/Sqlite.h"
 
 #include <cstdint>
 #include <memory>

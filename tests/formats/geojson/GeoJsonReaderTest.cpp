@@ -67,7 +67,7 @@ TEST_F(GeoJsonReader, KnowsTheLayerByTheNameOfTheFile) {
     const app::LayerFacts facts = FactsOf(CollectionOf(PointOf()));
 
     EXPECT_EQ(facts.name, "in");
-    EXPECT_TRUE(app::IsWgs84(facts.system.get()));
+    EXPECT_TRUE(app::IsWgs84(*facts.system));
     EXPECT_FALSE(facts.knownExtent);
     EXPECT_FALSE(facts.pair);
 }

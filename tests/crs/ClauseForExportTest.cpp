@@ -2,8 +2,8 @@
 //
 // Expected coordinates come from cs2cs, run by hand from the geographic system to the projected
 // one, as in: echo 48 2 | cs2cs -f %.4f EPSG:4275 +to EPSG:27572
-#include "app/crs/GcsFromCrs.h"
-#include "app/crs/CoordinateTransformer.h"
+#include "app/crs/ClauseForExport.h"
+#include "tests/crs/Systems.h"
 #include "tests/standalone/gcs/Definitions.h"
 
 #include <gtest/gtest.h>
@@ -16,8 +16,8 @@ namespace {
 
 using gcs::ProjectionParameterID;
 
-double Parameter(const app::CrsForExport& crs, int id) {
-    return crs.system->GetProjection().GetParameter(static_cast<ProjectionParameterID>(id));
+app::ClauseForExport ClauseOf(const std::string& definition) {
+    return app::ClauseOf(app::SystemOfDefinition(definition));
 }
 
 struct CodeRow {
@@ -34,24 +34,26 @@ void PrintTo(const CodeRow& row, std::ostream* out) {
 class ACode : public testing::TestWithParam<CodeRow> {};
 
 TEST_P(ACode, BecomesANumberedMethodWithParametersAndAKnownDatum) {
-    const app::CrsForExport crs = app::GcsFromCrs(GetParam().definition);
+    const auto host = HostSystemOf(GetParam().definition);
 
-    ASSERT_TRUE(crs) << crs.problem;
-    EXPECT_EQ(static_cast<int>(crs.system->GetProjection().GetMethod()), GetParam().method);
-    EXPECT_EQ(crs.system->GetDatum().GetToken(), GetParam().datum);
+    ASSERT_NE(host, nullptr);
+    EXPECT_EQ(static_cast<int>(host->GetProjection().GetMethod()), GetParam().method);
+    EXPECT_EQ(host->GetDatum().GetToken(), GetParam().datum);
     for (const auto& [id, value] : GetParam().parameters) {
-        EXPECT_NEAR(Parameter(crs, id), value, std::fabs(value) * 1e-13) << "parameter " << id;
+        EXPECT_NEAR(host->GetProjection().GetParameter(static_cast<ProjectionParameterID>(id)),
+                    value, std::fabs(value) * 1e-13)
+            << "parameter " << id;
     }
 }
 
 TEST_P(ACode, PassesTheChecksOfTheWriter) {
-    const app::CrsForExport crs = app::GcsFromCrs(GetParam().definition);
+    const auto host = HostSystemOf(GetParam().definition);
 
-    ASSERT_TRUE(crs) << crs.problem;
-    const gcs::ProjectionDef& projection = crs.system->GetProjection();
+    ASSERT_NE(host, nullptr);
+    const gcs::ProjectionDef& projection = host->GetProjection();
     EXPECT_EQ(projection.CheckParameters(), ProjectionParameterID::None);
     ASSERT_NE(projection.GetEllipsoid(), nullptr);
-    EXPECT_EQ(*projection.GetEllipsoid(), crs.system->GetDatum().GetEllipsoid());
+    EXPECT_EQ(*projection.GetEllipsoid(), host->GetDatum().GetEllipsoid());
 }
 
 // clang-format off
@@ -111,31 +113,20 @@ void PrintTo(const RefusalRow& row, std::ostream* out) {
 class ARefusal : public testing::TestWithParam<RefusalRow> {};
 
 TEST_P(ARefusal, NamesWhatMifCantExpress) {
-    const app::CrsForExport crs = app::GcsFromCrs(GetParam().definition);
+    const app::ClauseForExport found = ClauseOf(GetParam().definition);
 
-    EXPECT_FALSE(crs);
-    EXPECT_EQ(crs.problem, GetParam().problem);
-    EXPECT_TRUE(crs.warnings.empty());
+    EXPECT_FALSE(found);
+    EXPECT_EQ(found.problem, GetParam().problem);
+    EXPECT_TRUE(found.warnings.empty());
 }
 
 // clang-format off
 const RefusalRow kRefusals[] = {
-    {"ObliqueStereographic", "EPSG:28992", "MIF can't express the projection \"Oblique Stereographic\" (Amersfoort / RD New)"},
     {"Krovak", "EPSG:5514", "MIF can't express the projection \"Krovak (North Orientated)\" (S-JTSK / Krovak East North)"},
-    {"EqualAreaWithAFalseOrigin", "EPSG:3035", "MIF can't express a false easting or northing of \"Lambert Azimuthal Equal Area\" (ETRS89-extended / LAEA Europe)"},
-    {"AnotherSkewAngle", "EPSG:29873", "MIF can't express an angle from the rectified to the skew grid that is not the azimuth (Timbalai 1948 / RSO Borneo (m))"},
-    {"MercatorWithAScale", "EPSG:3001", "MIF can't express a scale factor of \"Mercator (variant A)\" other than 1 (Batavia / NEIEZ)"},
-    {"MercatorTrueElsewhere", "+proj=merc +lat_ts=30 +datum=WGS84", "MIF can't express a latitude of origin or of true scale of \"Mercator (variant B)\" other than 0 (unknown)"},
-    {"UnitNearTheMetre", "+proj=tmerc +to_meter=1.0000135965 +datum=WGS84", "MIF can't express a unit of 1.0000135965 m, which a clause rounds to the metre (unknown)"},
-    {"UnknownEllipsoid", "+proj=tmerc +a=6400000 +b=6390000 +towgs84=1,2,3", "MIF can't express the datum: MIF has no ellipsoid with the axes 6400000.000000 m and 6390000.000000 m (unknown)"},
-    {"DatumWithoutAShift", "+proj=tmerc +ellps=bessel", "MIF can't express the datum: no transformation without a grid leads from \"unknown\" to WGS 84 (unknown)"},
-    {"Geocentric", "EPSG:4978", "MIF can't express a system that is neither geographic nor projected (WGS 84)"},
-    {"Vertical", "EPSG:5705", "MIF can't express a system that is neither geographic nor projected (Baltic 1977 height)"},
-    {"OppositeParallels", "PROJCS[\"Flat\",GEOGCS[\"WGS 84\",DATUM[\"WGS_1984\",SPHEROID[\"WGS 84\",6378137,298.257223563]],PRIMEM[\"Greenwich\",0],UNIT[\"degree\",0.0174532925199433]],PROJECTION[\"Equidistant_Conic\"],PARAMETER[\"latitude_of_center\",0],PARAMETER[\"longitude_of_center\",0],PARAMETER[\"standard_parallel_1\",20],PARAMETER[\"standard_parallel_2\",-20],PARAMETER[\"false_easting\",0],PARAMETER[\"false_northing\",0],UNIT[\"metre\",1]]", "MIF can't express parameter 11 of the projection, which is out of range (Flat)"},
-    {"UnknownCode", "EPSG:9", "\"EPSG:9\" is no coordinate system that PROJ knows"},
-    {"PartOfAName", "foo", "\"foo\" is no coordinate system that PROJ knows"},
-    {"Nothing", "", "\"\" is no coordinate system that PROJ knows"},
-    {"TransformationThatIsNoSystem", "+proj=helmert", "\"+proj=helmert\" is no coordinate system that PROJ knows"},
+    {"SouthOrientated", "EPSG:2053", "MIF can't express the projection \"Transverse Mercator (South Orientated)\" (Hartebeesthoek94 / Lo29)"},
+    {"MercatorScaledUp", "+proj=merc +k=1.1 +datum=WGS84", "MIF can't express a scale factor of \"Mercator (variant A)\" above 1 (+proj=merc +k=1.1 +datum=WGS84)"},
+    {"UnknownEllipsoid", "+proj=tmerc +a=6400000 +b=6390000 +towgs84=1,2,3", "MIF can't express the datum: MIF has no ellipsoid with the axes 6400000.000000 m and 6390000.000000 m (+proj=tmerc +a=6400000 +b=6390000 +towgs84=1,2,3)"},
+    {"DatumWithoutAShift", "+proj=tmerc +ellps=bessel", "MIF can't express the datum: no transformation without a grid leads from \"unknown\" to WGS 84 (+proj=tmerc +ellps=bessel)"},
 };
 // clang-format on
 
@@ -143,10 +134,10 @@ INSTANTIATE_TEST_SUITE_P(, ARefusal, testing::ValuesIn(kRefusals),
                          [](const auto& row) { return row.param.name; });
 
 TEST(ADatumForExport, OfNoTokenTakesTheShiftOfThePositionVectorTurnedRound) {
-    const auto crs = app::GcsFromCrs("+proj=longlat +ellps=bessel +towgs84=1,2,3,4,5,6,7");
+    const auto crs = ClauseOf("+proj=longlat +ellps=bessel +towgs84=1,2,3,4,5,6,7");
 
     ASSERT_TRUE(crs) << crs.problem;
-    const gcs::DatumParameters& datum = crs.system->GetDatum().GetParameters();
+    const gcs::DatumParameters& datum = crs.clause->datum.GetParameters();
     EXPECT_EQ(datum.kind, gcs::DatumMethod::SevenParameters);
     EXPECT_EQ(datum.dx, 1.0);
     EXPECT_EQ(datum.rx, -4.0);
@@ -156,10 +147,10 @@ TEST(ADatumForExport, OfNoTokenTakesTheShiftOfThePositionVectorTurnedRound) {
 }
 
 TEST(ADatumForExport, OfNoTokenHasTheShiftOfTheRegister) {
-    const auto crs = app::GcsFromCrs("EPSG:2100");
+    const auto crs = ClauseOf("EPSG:2100");
 
     ASSERT_TRUE(crs) << crs.problem;
-    EXPECT_EQ(crs.system->GetDatum().GetParameters().dx, -199.87);
+    EXPECT_EQ(crs.clause->datum.GetParameters().dx, -199.87);
     EXPECT_EQ(crs.warnings, std::vector<std::string>{
                                 "the datum of \"GGRS87\" is none of MIF's; the clause has the "
                                 "numbers of \"GGRS87 to WGS 84 (1)\""});
@@ -167,48 +158,43 @@ TEST(ADatumForExport, OfNoTokenHasTheShiftOfTheRegister) {
 
 // The code of GRS 80 in a clause is 0, which reads back as no ellipsoid at all.
 TEST(ADatumForExport, OfNoTokenIsOnWgs84InsteadOfGrs80) {
-    const auto crs = app::GcsFromCrs("EPSG:2100");
+    const auto crs = ClauseOf("EPSG:2100");
 
     ASSERT_TRUE(crs) << crs.problem;
-    EXPECT_EQ(crs.system->GetDatum().GetEllipsoid(), KnownDatum(L"DATUM_WGS84").GetEllipsoid());
+    EXPECT_EQ(crs.clause->datum.GetEllipsoid(), KnownDatum(L"DATUM_WGS84").GetEllipsoid());
 }
 
 TEST(ADatumForExport, ThatHasAKnownTokenWithTheSameNumbersSaysSo) {
-    EXPECT_EQ(app::GcsFromCrs("EPSG:3301").warnings,
+    EXPECT_EQ(ClauseOf("EPSG:3301").warnings,
               std::vector<std::string>{"the datum of \"EST97\" is none of MIF's; \"GRS 80 / EUREF "
                                        "89 (ETRS89)\" has the same numbers"});
 }
 
 TEST(ADatumForExport, WithSeveralTokensSaysWhichIsTaken) {
-    EXPECT_EQ(app::GcsFromCrs("EPSG:4267").warnings,
+    EXPECT_EQ(ClauseOf("EPSG:4267").warnings,
               std::vector<std::string>{
                   "MIF has several datums for \"NAD27\"; \"North American 1927 (continental US), "
                   "three-shift form\" is taken"});
 }
 
 TEST(ADatumForExport, KeepsAPrimeMeridianOfGeographicCoordinates) {
-    const auto crs = app::GcsFromCrs("+proj=longlat +ellps=bessel +pm=10 +towgs84=1,2,3");
+    const auto crs = ClauseOf("+proj=longlat +ellps=bessel +pm=10 +towgs84=1,2,3");
 
     ASSERT_TRUE(crs) << crs.problem;
-    EXPECT_EQ(crs.system->GetDatum().GetParameters().primeMeridian, 10.0);
-    EXPECT_EQ(crs.system->GetDatum().GetMethod(), gcs::DatumMethod::SevenParameters);
+    EXPECT_EQ(crs.clause->datum.GetParameters().primeMeridian, 10.0);
+    EXPECT_EQ(crs.clause->datum.GetMethod(), gcs::DatumMethod::SevenParameters);
 }
 
 TEST(ADatumForExport, LeavesAPrimeMeridianToTheProjection) {
-    const auto crs = app::GcsFromCrs("+proj=tmerc +lon_0=24 +ellps=bessel +pm=10 +towgs84=1,2,3");
+    const auto crs = ClauseOf("+proj=tmerc +lon_0=24 +ellps=bessel +pm=10 +towgs84=1,2,3");
 
     ASSERT_TRUE(crs) << crs.problem;
-    EXPECT_EQ(crs.system->GetDatum().GetParameters().primeMeridian, 0.0);
-    EXPECT_EQ(Parameter(crs, 6), 34.0);
-}
-
-TEST(ASystemForExport, LeavesHeightsOutAndSaysSo) {
-    EXPECT_EQ(app::GcsFromCrs("EPSG:4979").warnings,
-              std::vector<std::string>{"heights are left out"});
+    EXPECT_EQ(crs.clause->datum.GetParameters().primeMeridian, 0.0);
+    EXPECT_EQ((*crs.clause)[app::ProjectionParameter::OriginLongitude], 34.0);
 }
 
 TEST(ASystemForExport, ComesFromOldWkt) {
-    const auto crs = app::GcsFromCrs(
+    const auto crs = ClauseOf(
         "PROJCS[\"NAD_1983_Contiguous_USA_Albers\",GEOGCS[\"GCS_North_American_1983\",DATUM[\"D_"
         "North_American_1983\",SPHEROID[\"GRS_1980\",6378137.0,298.257222101]],PRIMEM["
         "\"Greenwich\",0.0],UNIT[\"Degree\",0.0174532925199433]],PROJECTION[\"Albers\"],PARAMETER["
@@ -217,9 +203,9 @@ TEST(ASystemForExport, ComesFromOldWkt) {
         "PARAMETER[\"Latitude_Of_Origin\",23.0],UNIT[\"Meter\",1.0]]");
 
     ASSERT_TRUE(crs) << crs.problem;
-    EXPECT_EQ(Parameter(crs, 14), 7.0);
-    EXPECT_EQ(Parameter(crs, 4), 8.0);
-    EXPECT_EQ(crs.system->GetDatum().GetToken(), L"DATUM_NAD83");
+    EXPECT_EQ((*crs.clause)[app::ProjectionParameter::FalseEasting], 7.0);
+    EXPECT_EQ((*crs.clause)[app::ProjectionParameter::FalseNorthing], 8.0);
+    EXPECT_EQ(crs.clause->datum.GetToken(), L"DATUM_NAD83");
 }
 
 struct PointRow {
@@ -234,28 +220,21 @@ void PrintTo(const PointRow& row, std::ostream* out) {
     *out << row.name;
 }
 
-// The system without the shift of its datum, which may be another than PROJ's.
-gcs::GCSDef WithoutShift(const gcs::GCSDef& system) {
-    gcs::DatumParameters parameters = system.GetDatum().GetParameters();
-    parameters.kind = gcs::DatumMethod::None;
-    gcs::DatumDef datum;
-    datum.SetParameters(&parameters);
-    return System(system.GetProjection(), datum);
-}
-
 class ARewrittenProjection : public testing::TestWithParam<PointRow> {};
 
 TEST_P(ARewrittenProjection, HasTheSameCoordinates) {
-    const auto crs = app::GcsFromCrs(GetParam().definition);
+    app::ClauseForExport crs = ClauseOf(GetParam().definition);
     ASSERT_TRUE(crs) << crs.problem;
+    // Without the shift of the datum, which may be another than PROJ's.
+    gcs::DatumParameters parameters = crs.clause->datum.GetParameters();
+    parameters.kind = gcs::DatumMethod::None;
+    crs.clause->datum.SetParameters(&parameters);
 
-    std::vector<double> x{GetParam().longitude};
-    std::vector<double> y{GetParam().latitude};
+    const Place place =
+        FromWgs84(app::SystemOfClause(*crs.clause), {GetParam().longitude, GetParam().latitude});
 
-    EXPECT_EQ(app::CoordinateTransformer(WithoutShift(*crs.system)).FromWgs84(x, y), 0U);
-
-    EXPECT_NEAR(x[0], GetParam().x, 0.001);
-    EXPECT_NEAR(y[0], GetParam().y, 0.001);
+    EXPECT_NEAR(place.x, GetParam().x, 0.001);
+    EXPECT_NEAR(place.y, GetParam().y, 0.001);
 }
 
 INSTANTIATE_TEST_SUITE_P(, ARewrittenProjection,
@@ -269,10 +248,23 @@ INSTANTIATE_TEST_SUITE_P(, ARewrittenProjection,
                                                   47.125, 2661484.8706, 1219503.2533}),
                          [](const auto& row) { return row.param.name; });
 
-TEST(AConeThatIsScaledUp, CantBeRewritten) {
-    EXPECT_EQ(app::GcsFromCrs("+proj=lcc +lat_1=40 +lat_0=40 +k_0=1.01 +datum=WGS84").problem,
-              "MIF can't express a scale factor of \"Lambert Conic Conformal (1SP)\" above 1 "
-              "(unknown)");
+TEST(AConeThatIsScaledUp, IsEnlargedByAnAffineTransformationAroundItsOrigin) {
+    const app::ClauseForExport crs =
+        ClauseOf("+proj=lcc +lat_1=40 +lat_0=40 +k_0=1.5 +x_0=100 +y_0=200 +datum=WGS84");
+
+    ASSERT_TRUE(crs) << crs.problem;
+    const app::AffineTransformation expected{1.5, 0.0, -50.0, 0.0, 1.5, -100.0, 1.0};
+    EXPECT_EQ(crs.clause->affine, expected);
+    EXPECT_EQ(crs.warnings, std::vector<std::string>{"a part of the system becomes an affine "
+                                                     "transformation, which some programs ignore"});
+}
+
+TEST(ADatumOnAnotherEllipsoid, HasItsOwnNumbers) {
+    const app::ClauseForExport crs = ClauseOf("EPSG:29849");
+
+    ASSERT_TRUE(crs) << crs.problem;
+    EXPECT_EQ(crs.clause->datum.GetToken(), L"");
+    EXPECT_EQ(crs.clause->datum.GetEllipsoid().GetMajorRadius(), 6377298.556);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "app/formats/gpkg/Sqlite.h"
+#include "app/sqlite/Sqlite.h"
 
 #include "app/base/Errors.h"
 
