@@ -21,7 +21,8 @@ public:
     // Whether anything is to be done. Rectangles and ellipses must have become regions then.
     bool IsNeeded() const { return from_.has_value() || to_.has_value(); }
 
-    // Points that fail become infinite.
+    // Points that fail become infinite. Texts get the height and angle that they have there, and
+    // lose their box.
     void Apply(Feature& feature);
     void Apply(std::vector<shr::Vec2d>& points);
 
@@ -31,6 +32,9 @@ public:
     std::vector<std::string> Warnings() const;
 
 private:
+    void Apply(Geometry& geometry);
+    void ApplyToText(Geometry& text);
+
     std::optional<CoordinateTransformer> from_;
     std::optional<CoordinateTransformer> to_;
     bool endsInDegrees_ = false;
