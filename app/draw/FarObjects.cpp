@@ -19,8 +19,7 @@ shr::Vec2d MiddleOf(const shr::Box2d& box) {
 }
 
 bool Contains(const shr::Box2d& box, const shr::Vec2d& point) {
-    return point.x >= box.minX && point.x <= box.maxX && point.y >= box.minY &&
-           point.y <= box.maxY;
+    return point.x >= box.minX && point.x <= box.maxX && point.y >= box.minY && point.y <= box.maxY;
 }
 
 double Times(double whole, double part) {

@@ -76,10 +76,9 @@ void GeometrySpool::Add(const Geometry& geometry, std::string_view label) {
     if (geometry.kind == GeometryKind::Text) {
         const TextPlacement& placement = geometry.placement;
         WriteText(placement.text);
-        spool_.Put(PlainPlacement{placement.justify, placement.box.has_value(),
-                                  placement.labelLine.has_value(),
-                                  placement.labelLine && placement.labelLine->hasArrow,
-                                  placement.lineSpacing});
+        spool_.Put(PlainPlacement{
+            placement.justify, placement.box.has_value(), placement.labelLine.has_value(),
+            placement.labelLine && placement.labelLine->hasArrow, placement.lineSpacing});
     }
 }
 
@@ -171,7 +170,7 @@ Style GeometrySpool::TakeStyle(Spool::Reader& from) {
     }
     if ((parts & kSymbol) != 0) {
         const auto plain = from.Take<PlainSymbol>();
-        style.symbol = Symbol{plain.form,  plain.shape,     plain.color,          plain.size,
+        style.symbol = Symbol{plain.form,     plain.shape,     plain.color,          plain.size,
                               TakeText(from), plain.styleBits, plain.rotationDegrees};
     }
     if ((parts & kFont) != 0) {

@@ -40,8 +40,8 @@ public:
     explicit LayerSystems(SystemPtr target) : target_(std::move(target)) {}
 
     // For a layer of this system, null when nothing is known of its coordinates. The first system
-    // settles the picture's when none was named. `problem` becomes the reason why the layer can't be
-    // moved, for the end of a sentence: it is then drawn as it stands.
+    // settles the picture's when none was named. `problem` becomes the reason why the layer can't
+    // be moved, for the end of a sentence: it is then drawn as it stands.
     LayerTransform TransformFrom(const SystemPtr& system, std::string& problem);
 
     // The picture's system; null when it has none (yet).

@@ -100,8 +100,8 @@ void MapFrame::Include(const shr::Box2d& box, double reach) {
 // the page's side, `limit`.
 MapFrame::Side MapFrame::SideOf(bool isX, double stretch, double margin, double limit) const {
     const double pad = Padding(*extent_);
-    const double middle = isX ? extent_->minX / 2.0 + extent_->maxX / 2.0
-                              : extent_->minY / 2.0 + extent_->maxY / 2.0;
+    const double middle =
+        isX ? extent_->minX / 2.0 + extent_->maxX / 2.0 : extent_->minY / 2.0 + extent_->maxY / 2.0;
     const double factor = isX ? stretch : 1.0;
     Side side;
     for (const auto& [reach, box] : boxes_) {
@@ -141,16 +141,15 @@ Viewport MapFrame::FitInto(PageSize page, double margin, double stretchX) const 
     const Span y = upwards.At(scale);
     const shr::Vec2d centre{extent_->minX / 2.0 + extent_->maxX / 2.0,
                             extent_->minY / 2.0 + extent_->maxY / 2.0};
-    return {page, centre,
-            {page.width / 2.0 - (x.low + x.high) / 2.0,
-             page.height / 2.0 + (y.low + y.high) / 2.0},
-            scale * stretchX, scale};
+    return {page,
+            centre,
+            {page.width / 2.0 - (x.low + x.high) / 2.0, page.height / 2.0 + (y.low + y.high) / 2.0},
+            scale * stretchX,
+            scale};
 }
 
 PageSize LargestPage(const PageRequest& request) {
-    const auto beside = [](int side) {
-        return Rounded(side * kLargestAspect);
-    };
+    const auto beside = [](int side) { return Rounded(side * kLargestAspect); };
     if (request.width == 0 && request.height == 0) {
         return {kLongerSide, kLongerSide};
     }

@@ -1,5 +1,5 @@
-// What a map needs on its page: the extent of its objects, and the pixels by which their symbols and
-// pens reach beyond it.
+// What a map needs on its page: the extent of its objects, and the pixels by which their symbols
+// and pens reach beyond it.
 #pragma once
 
 #include "app/draw/Viewport.h"
