@@ -115,7 +115,7 @@ bool TakesNext(const CLI::App& program, const std::string& argument) {
     return option != nullptr && option->get_items_expected_max() > 0;
 }
 
-// Returns the first argument that is no option; "" when all are options.
+// Returns the first argument that is not an option; "" when all are options.
 std::string NamedCommand(const CLI::App& program, const std::vector<std::string>& arguments) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];

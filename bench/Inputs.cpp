@@ -53,6 +53,24 @@ double Random::Uniform(double from, double to) {
     return from + fraction * (to - from);
 }
 
+std::vector<Vertex> RegionFrom(Random& random) {
+    constexpr double kMillionths = 1e6;
+    const double x = random.Uniform(101.0, 179.0);
+    const double y = random.Uniform(11.0, 79.0);
+    std::vector<Vertex> vertices;
+    vertices.reserve(kRegionVertices);
+    for (std::size_t i = 0; i < kRegionVertices; ++i) {
+        const std::size_t step = i + 1 == kRegionVertices ? 0 : i;
+        const double angle =
+            2.0 * std::numbers::pi * static_cast<double>(step) / (kRegionVertices - 1);
+        const double radius = step == 0 ? 0.015 : random.Uniform(0.01, 0.02);
+        vertices.push_back(
+            {std::round((x + radius * std::cos(angle)) * kMillionths) / kMillionths,
+             std::round((y + radius * std::sin(angle)) * kMillionths) / kMillionths});
+    }
+    return vertices;
+}
+
 Pair Regions(const std::filesystem::path& folder, double scale) {
     Pair pair = NamesOf(folder, "regions", scale);
     if (Exists(pair)) {
@@ -63,16 +81,9 @@ Pair Regions(const std::filesystem::path& folder, double scale) {
     WriteHeader(mif.get(), "COLUMNS 2\n  ID Integer\n  NAME Char(32)\n");
     Random random(1);
     for (std::size_t region = 0; region < Scaled(kRegionCount, scale); ++region) {
-        const double x = random.Uniform(101.0, 179.0);
-        const double y = random.Uniform(11.0, 79.0);
         std::fprintf(mif.get(), "REGION 1\n  %zu\n", kRegionVertices);
-        for (std::size_t i = 0; i < kRegionVertices; ++i) {
-            const std::size_t step = i + 1 == kRegionVertices ? 0 : i;
-            const double angle =
-                2.0 * std::numbers::pi * static_cast<double>(step) / (kRegionVertices - 1);
-            const double radius = step == 0 ? 0.015 : random.Uniform(0.01, 0.02);
-            std::fprintf(mif.get(), "%.6f %.6f\n", x + radius * std::cos(angle),
-                         y + radius * std::sin(angle));
+        for (const Vertex& vertex : RegionFrom(random)) {
+            std::fprintf(mif.get(), "%.6f %.6f\n", vertex.x, vertex.y);
         }
         std::fprintf(mif.get(), "    PEN (1,2,0)\n    BRUSH (2,16777215,16777215)\n");
         std::fprintf(mid.get(), "%zu,\"parcel number %zu\"\n", region, region);

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <vector>
 
 namespace bench {
 
@@ -11,16 +12,6 @@ struct Pair {
     std::filesystem::path mif;
     std::filesystem::path mid;
 };
-
-// 40,000 regions of 210 vertices each at a scale of 1: 8.4 million vertices with six decimals,
-// about 180 MB. The number of vertices of a region stays, so a smaller scale means fewer objects.
-Pair Regions(const std::filesystem::path& folder, double scale);
-
-// One million points with a symbol clause and three attributes: about 54 MB + 43 MB.
-Pair Points(const std::filesystem::path& folder, double scale);
-
-// 200,000 polylines with a pen clause: about 138 MB.
-Pair Polylines(const std::filesystem::path& folder, double scale);
 
 // 64-bit linear congruential generator: the same numbers on every system.
 class Random {
@@ -34,5 +25,23 @@ private:
 
 constexpr std::size_t kRegionCount = 40000;
 constexpr std::size_t kRegionVertices = 210;
+
+struct Vertex {
+    double x;
+    double y;
+};
+
+// The next region of the region file: kRegionVertices vertices with six decimals each.
+std::vector<Vertex> RegionFrom(Random& random);
+
+// 40,000 regions of 210 vertices each at a scale of 1: 8.4 million vertices with six decimals,
+// about 180 MB. The number of vertices of a region stays, so a smaller scale means fewer objects.
+Pair Regions(const std::filesystem::path& folder, double scale);
+
+// One million points with a symbol clause and three attributes: about 54 MB + 43 MB.
+Pair Points(const std::filesystem::path& folder, double scale);
+
+// 200,000 polylines with a pen clause: about 138 MB.
+Pair Polylines(const std::filesystem::path& folder, double scale);
 
 }  // namespace bench

@@ -9,6 +9,10 @@ target_compile_options(qolf_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow
     # And, where it comes from a precompiled header, as copies that are too long.
     $<$<AND:$<CXX_COMPILER_ID:GNU>,$<BOOL:${QOLF_FAST_BUILD}>>:-Wno-stringop-overflow$<SEMICOLON>-Wno-array-bounds>)
 
+# The version as text, for sources that include no header for it.
+add_library(qolf_version INTERFACE)
+target_compile_definitions(qolf_version INTERFACE QOLF_VERSION="${PROJECT_VERSION}")
+
 # The standard library's headers, compiled once: reading them is most of what a small file costs.
 # Files still include what they use; a build with QOLF_FAST_BUILD off, as clang-tidy has, shows it.
 if(QOLF_FAST_BUILD)
@@ -27,6 +31,15 @@ function(qolf_use_standard_headers name)
   endif()
 endfunction()
 
+# Compiles the sources of each target six at a time. Most of what a source costs is code of the
+# standard library that its neighbours need, too. Not for Windows, whose headers define macros for
+# whatever follows.
+function(qolf_compile_together)
+  if(QOLF_FAST_BUILD AND NOT WIN32)
+    set_target_properties(${ARGN} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+  endif()
+endfunction()
+
 # A static core library of one folder: qolf_add_core(reader SOURCES a.cpp b.cpp LINK other)
 function(qolf_add_core name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
@@ -34,6 +47,19 @@ function(qolf_add_core name)
   target_sources(${name} PRIVATE ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC host ${arg_LINK} PRIVATE qolf_warnings)
   qolf_use_standard_headers(${name})
+endfunction()
+
+# Sets `variable` to the headers that other projects may include, as they include them.
+function(qolf_public_headers variable)
+  set(headers)
+  foreach(library IN ITEMS host_headers qolfhost)
+    if(TARGET ${library})
+      get_target_property(files ${library} HEADER_SET)
+      list(APPEND headers ${files})
+    endif()
+  endforeach()
+  list(TRANSFORM headers REPLACE "^${PROJECT_SOURCE_DIR}/" "")
+  set(${variable} "${headers}" PARENT_SCOPE)
 endfunction()
 
 # What every test reads, compiled once, as fast as a test's own sources are: their speed does not

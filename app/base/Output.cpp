@@ -42,8 +42,19 @@ void MoveIntoPlace(const std::filesystem::path& from, const std::filesystem::pat
     }
 }
 
-std::filesystem::path MidBeside(std::filesystem::path mifPath) {
-    return mifPath.replace_extension(".mid");
+std::filesystem::path WithExtension(std::filesystem::path path, const char* extension) {
+    return path.replace_extension(extension);
+}
+
+// The .mid file to write beside a .mif: ISLAND.MID for ISLAND.MIF, unless the pair is there already
+// and has it in the other case.
+std::filesystem::path MidBeside(const std::filesystem::path& mifPath) {
+    const bool isUpper = mifPath.extension() == ".MIF";
+    const std::filesystem::path usual = WithExtension(mifPath, isUpper ? ".MID" : ".mid");
+    const std::filesystem::path other = WithExtension(mifPath, isUpper ? ".mid" : ".MID");
+    std::error_code error;
+    return !std::filesystem::exists(usual, error) && std::filesystem::exists(other, error) ? other
+                                                                                           : usual;
 }
 
 bool IsMif(const std::filesystem::path& path) {
@@ -196,11 +207,10 @@ std::filesystem::path OutputFile::PathForLibrary() {
 }
 
 OutputPair::OutputPair(const std::filesystem::path& mifPath, IfExists ifExists)
-    : mifPath_(
-          (CheckOutput(mifPath, ifExists), CheckOutput(MidBeside(mifPath), ifExists), mifPath)),
-      folder_(FolderOf(mifPath)), workPath_(folder_.File(mifPath.filename())) {
-    static_cast<void>(folder_.File(MidBeside(mifPath).filename()));
-}
+    : mifPath_((CheckOutput(mifPath, ifExists), mifPath)),
+      midPath_((CheckOutput(MidBeside(mifPath), ifExists), MidBeside(mifPath))),
+      folder_(FolderOf(mifPath)), workPath_(folder_.File(mifPath.filename())),
+      workMidPath_(folder_.File(WithExtension(mifPath.filename(), ".mid"))) {}
 
 std::filesystem::path OutputPair::SparePath() const {
     return folder_.File("spare");
@@ -219,7 +229,7 @@ std::wstring OutputPair::WithFinalPath(std::wstring text) const {
 }
 
 void OutputPair::Finish() {
-    MoveIntoPlace(MidBeside(workPath_), MidBeside(mifPath_));
+    MoveIntoPlace(workMidPath_, midPath_);
     MoveIntoPlace(workPath_, mifPath_);
 }
 

@@ -74,6 +74,11 @@ public:
     // The .mif path to hand to the filter: the same name in the private folder.
     const std::filesystem::path& WorkPath() const { return workPath_; }
 
+    // The .mid path in the private folder, where the filter writes it, and its place. An upper-case
+    // .MIF gets an upper-case .MID.
+    const std::filesystem::path& WorkMidPath() const { return workMidPath_; }
+    const std::filesystem::path& MidPath() const { return midPath_; }
+
     // A name in the same folder, for a file that is to take the place of one of the two.
     std::filesystem::path SparePath() const;
 
@@ -85,8 +90,10 @@ public:
 
 private:
     std::filesystem::path mifPath_;
+    std::filesystem::path midPath_;
     TempFolder folder_;
     std::filesystem::path workPath_;
+    std::filesystem::path workMidPath_;
 };
 
 }  // namespace app

@@ -10,7 +10,7 @@ namespace app {
 // Turns an argument of the command line into a path.
 std::filesystem::path PathFromArgument(const std::string& argument);
 
-// Returns the wide form that the host's interfaces take. Bytes that are no UTF-8 survive the way
+// Returns the wide form that the host's interfaces take. Bytes that are not UTF-8 survive the way
 // there and back.
 std::wstring WidePath(const std::filesystem::path& path);
 

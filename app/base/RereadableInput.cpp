@@ -33,7 +33,7 @@ void SpoolStandardInput(const std::filesystem::path& target) {
     const bool isRead = std::ferror(stdin) == 0;
     isWritten = std::fclose(stream) == 0 && isWritten;
     if (!isRead || !isWritten) {
-        throw Failure("standard input: can't spool it to " + PathText(target) + ": " +
+        throw Failure("standard input: can't copy it to " + PathText(target) + ": " +
                       std::strerror(errno));
     }
 }

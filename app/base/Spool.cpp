@@ -20,8 +20,7 @@ void Spool::Spill() {
     if (!folder_) {
         folder_.emplace();
         path_ = folder_->File("spool");
-        file_.open(path_,
-                   std::ios::binary | std::ios::in | std::ios::out | std::ios::trunc);
+        file_.open(path_, std::ios::binary | std::ios::in | std::ios::out | std::ios::trunc);
     }
     if (!file_.write(bytes_.data(), static_cast<std::streamsize>(bytes_.size())).flush()) {
         Fail("written");

@@ -7,6 +7,7 @@
 #include "host/gcs/CSDef.h"
 
 #include <functional>
+#include <span>
 #include <string>
 
 namespace CLI {
@@ -37,12 +38,8 @@ struct CommandEntry {
     void (*add)(CLI::App& program, CommandContext& context);
 };
 
-void AddCheckCommand(CLI::App& program, CommandContext& context);
-void AddConvertCommand(CLI::App& program, CommandContext& context);
-void AddDrawCommand(CLI::App& program, CommandContext& context);
-void AddInfoCommand(CLI::App& program, CommandContext& context);
-void AddOptionsCommand(CLI::App& program, CommandContext& context);
-void AddReplayCommand(CLI::App& program, CommandContext& context);
-void AddTraceCommand(CLI::App& program, CommandContext& context);
+// Returns the subcommands that are compiled into this program or library, in the order of the help
+// text. CMake makes the list (QOLF_COMMANDS) and takes the function AddInfoCommand for "info".
+std::span<const CommandEntry> Commands();
 
 }  // namespace app

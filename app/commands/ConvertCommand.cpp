@@ -40,7 +40,7 @@ std::vector<double> BoxOf(const std::string& text) {
     for (const std::string& word : Split(text)) {
         double number = 0.0;
         if (!CLI::detail::lexical_cast(word, number)) {
-            throw CLI::ValidationError("--bbox", "\"" + word + "\" is no number");
+            throw CLI::ValidationError("--bbox", "\"" + word + "\" is not a number");
         }
         numbers.push_back(number);
     }
@@ -144,7 +144,7 @@ void AddConvertCommand(CLI::App& program, CommandContext& context) {
     AddExport(*command, *options);
     AddBatch(*command, *options);
     command->footer(
-        "\nThe extension tells the format; \"-\" is GeoJSON on standard input or output:\n" +
+        "\nThe format follows from the extension; \"-\" is GeoJSON on a standard stream:\n" +
         FormatLines() + kConvertExamples);
     command->callback([options, &context] {
         context.run = [options, &context] {

@@ -10,8 +10,8 @@ namespace app {
 namespace {
 
 constexpr const char* kReplayFooter = R"(
-The input is one JSON object a line, as qolf trace prints it; lines that are no objects of an import
-are passed over.
+The input has one JSON object per line, as qolf trace prints it. Lines that are
+not objects of an import are skipped.
 
 Examples:
   qolf trace a.mif | qolf replay - b.mif

@@ -68,6 +68,8 @@ struct Geometry {
     double endDegrees = 0.0;    // ellipse is stretched; equal angles are the whole ellipse
     TextPlacement placement;    // Text
     bool isSmooth = false;      // Line: drawn as a curve through its vertices
+    // Line of two vertices: MIF's object for polylines, not the one for a single straight line.
+    bool isPolyline = false;
     std::optional<shr::Vec2d> center = {};  // Region: where a label goes, when the source says so
     Style style;
 
@@ -90,10 +92,11 @@ void FlattenCurves(Geometry& geometry, int segments);
 void FlattenCurves(Feature& feature, int segments);
 
 // Rounds every coordinate, also those of boxes and label lines, to so many decimals. What has no
-// more digits than that, or is no finite number, stays.
+// more digits than that, or is not a finite number, stays.
 void RoundCoordinates(Feature& feature, int decimals);
 
-// The box of the points. Empty without any point, and also when a coordinate is no finite number.
+// The box of the points. Empty without any point, and also when a coordinate is not a finite
+// number.
 shr::Box2d BoxOf(std::span<const shr::Vec2d> points);
 
 // The box of a geometry: that of its points, or the box of a curve. Empty for None and Collection.

@@ -30,7 +30,7 @@ struct LayerFacts {
     std::vector<LayerColumn> columns;
     std::shared_ptr<const gcs::CSDef> system;  // of the coordinates; null: nothing is known of them
     std::optional<shr::Box2d> knownExtent;     // in these coordinates, when the source states one
-    std::optional<PairFacts> pair = {};        // absent when the source is no MIF pair
+    std::optional<PairFacts> pair = {};        // absent when the source is not a MIF pair
 };
 
 }  // namespace app

@@ -12,9 +12,9 @@ namespace app {
 
 // Pen (width, pattern, colour): lines and outlines.
 struct Pen {
-    // 0 to 10: pixels, and 0 is no line; above 10: tenths of a point, plus 10.
+    // 0 to 10: pixels, and 0 draws no line; above 10: tenths of a point, plus 10.
     int width = 1;
-    int pattern = 2;  // 1 is no line, 2 a solid one
+    int pattern = 2;  // 1 draws no line, 2 a solid one
     std::uint32_t color = 0;
 
     bool operator==(const Pen&) const = default;
@@ -22,7 +22,7 @@ struct Pen {
 
 // Brush (pattern, fore [, back]): the inside of areas.
 struct Brush {
-    int pattern = 1;  // 1 is no fill, 2 a solid one
+    int pattern = 1;  // 1 draws nothing, 2 a solid fill
     std::uint32_t fore = 0;
     std::optional<std::uint32_t> back =
         {};  // absent: what lies below shows between the pattern's lines

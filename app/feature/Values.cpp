@@ -1,9 +1,12 @@
 #include "app/feature/Values.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <string_view>
+#include <utility>
 
 namespace app {
 namespace {
@@ -88,13 +91,38 @@ Value LogicalValue(std::string text) {
     return text;
 }
 
+// The digits of a decimal number from the first to the last that is not 0, without its exponent.
+std::string SignificantDigits(std::string_view number) {
+    std::string digits;
+    for (const char c : number.substr(0, number.find_first_of("eE"))) {
+        if (c >= '0' && c <= '9' && (c != '0' || !digits.empty())) {
+            digits += c;
+        }
+    }
+    digits.erase(digits.find_last_not_of('0') + 1);
+    return digits;
+}
+
+// Whether a double has all digits of the text that it was read from.
+bool HasAllDigits(double real, std::string_view text) {
+    constexpr std::size_t kAlwaysHeld = 15;
+    if (text.size() <= kAlwaysHeld) {
+        return true;
+    }
+    std::array<char, 32> shortest{};
+    const auto result = std::to_chars(shortest.data(), shortest.data() + shortest.size(), real);
+    return SignificantDigits(text) ==
+           SignificantDigits(
+               {shortest.data(), static_cast<std::size_t>(result.ptr - shortest.data())});
+}
+
 Value WholeValue(std::string text) {
     std::int64_t whole = 0;
     double real = 0.0;
     if (ParseAll(Trimmed(text), whole)) {
         return whole;
     }
-    if (ParseAll(Trimmed(text), real) && std::isfinite(real)) {
+    if (ParseAll(Trimmed(text), real) && std::isfinite(real) && HasAllDigits(real, Trimmed(text))) {
         return real;
     }
     return text;
@@ -106,6 +134,19 @@ Value RealValue(std::string text) {
         return real;
     }
     return text;
+}
+
+// Decimal values are exact in their files: they stay text where a double would lose digits.
+Value DecimalValue(std::string text) {
+    std::int64_t whole = 0;
+    double real = 0.0;
+    if (!ParseAll(Trimmed(text), real) || !std::isfinite(real)) {
+        return text;
+    }
+    if (HasAllDigits(real, Trimmed(text))) {
+        return real;
+    }
+    return ParseAll(Trimmed(text), whole) ? Value(whole) : Value(std::move(text));
 }
 
 constexpr std::string_view kDateForm = "0000-00-00";
@@ -173,6 +214,7 @@ Value TypedValue(const LayerColumn& column, std::string text) {
     case ColumnKind::LargeInt:
         return WholeValue(std::move(text));
     case ColumnKind::Decimal:
+        return DecimalValue(std::move(text));
     case ColumnKind::Float:
         return RealValue(std::move(text));
     case ColumnKind::Logical:

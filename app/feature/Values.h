@@ -26,8 +26,9 @@ struct LayerColumn {
 ColumnKind KindOfText(std::string_view text);
 
 // Returns the text of a value in the type of its column: numbers for the numeric kinds, true and
-// false for Logical, ISO dates and times. A text that is no such value stays text; an empty one of
-// a typed column is null.
+// false for Logical, ISO dates and times. A text that is not such a value stays text, as does a
+// whole or Decimal number with digits that neither 64 bits nor a double hold; an empty one of a
+// typed column is null.
 Value TypedValue(const LayerColumn& column, std::string text);
 
 }  // namespace app

@@ -166,7 +166,7 @@ const Format& FormatOfPath(const std::string& argument) {
     for (const Format& format : kFormats) {
         extensions.insert(extensions.end(), format.extensions.begin(), format.extensions.end());
     }
-    throw UsageError(argument + ": the extension tells the format, and it must be " +
+    throw UsageError(argument + ": the format follows from the extension, which must be " +
                      Listed(extensions, "or"));
 }
 

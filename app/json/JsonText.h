@@ -7,7 +7,7 @@
 
 namespace app {
 
-// Appends the text as a JSON string with its quotes. Bytes that are no UTF-8 become U+FFFD, so the
+// Appends the text as a JSON string with its quotes. Bytes that are not UTF-8 become U+FFFD, so the
 // output is always valid.
 void AppendJsonString(std::string& out, std::string_view utf8);
 

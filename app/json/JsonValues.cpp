@@ -65,7 +65,7 @@ std::optional<shr::Vec3d> PointOf(const Json& json) {
 
 JsonMembers::JsonMembers(const Json& json, std::string name) : json_(json), name_(std::move(name)) {
     if (!json_.is_object()) {
-        throw JsonError(name_ + " is no JSON object");
+        throw JsonError(name_ + " is not a JSON object");
     }
 }
 

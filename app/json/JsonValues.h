@@ -21,7 +21,7 @@ namespace app {
 class JsonMembers {
 public:
     // `json` must outlive the members. `name` says in messages what the object is ("a datum").
-    // Throws JsonError when `json` is no object.
+    // Throws JsonError when `json` is not an object.
     JsonMembers(const nlohmann::json& json, std::string name);
 
     // Returns the value of a key; null when the key is absent.

@@ -1,5 +1,6 @@
 #include "app/json/ShortestNumber.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -102,6 +103,11 @@ char* WritePlain(char* out, double value) {
         }
     }
     return std::to_chars(out, out + kShortestNumberSize, value, std::chars_format::fixed).ptr;
+}
+
+std::string PlainText(double value) {
+    std::array<char, kShortestNumberSize> text{};
+    return {text.data(), WritePlain(text.data(), value)};
 }
 
 }  // namespace app

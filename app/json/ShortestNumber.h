@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 namespace app {
 
@@ -16,5 +17,8 @@ char* WriteShortest(char* out, double value);
 // The same digits without an exponent ("500000", not "5e+05") from a millionth to 1e15, where
 // people and programs expect them so; beyond that what WriteShortest writes.
 char* WritePlain(char* out, double value);
+
+// Returns what WritePlain writes.
+std::string PlainText(double value);
 
 }  // namespace app

@@ -49,7 +49,7 @@ TextString StringAt(std::string_view text) {
     return string;
 }
 
-std::string_view WithoutBlanks(std::string_view text) {
+std::string_view WithoutBlanksInFront(std::string_view text) {
     const std::size_t first = std::min(text.find_first_not_of(" \t\r"), text.size());
     return text.substr(first);
 }
@@ -97,7 +97,7 @@ bool ObjectPass::ReadTextString(ObjectFacts& facts, std::string_view& rest) {
     rest = line.raw.substr(std::min(from - line.begin + string.length, line.raw.size()));
     lines_.Skip();
     const MifLine* const next = lines_.Peek();
-    const bool isAlone = WithoutBlanks(line.raw.substr(from - line.begin)).empty();
+    const bool isAlone = WithoutBlanksInFront(line.raw.substr(from - line.begin)).empty();
     bool isOnNextLine = false;
     if (isAlone && next != nullptr && !next->IsBlank()) {
         const MifToken first = MifTokens(next->raw).Next();
@@ -112,7 +112,7 @@ bool ObjectPass::ReadTextString(ObjectFacts& facts, std::string_view& rest) {
         rest = line.raw.substr(std::min(string.length, line.raw.size()));
         lines_.Skip();
     }
-    rest = WithoutBlanks(rest);
+    rest = WithoutBlanksInFront(rest);
     facts.text = string.text;
     if (string.text.empty()) {
         ++counts_.emptyTexts;

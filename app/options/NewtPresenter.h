@@ -12,7 +12,7 @@ namespace app {
 // help, Escape cancels.
 class NewtPresenter : public standalone::DialogPresenter {
 public:
-    // Throws Failure when standard input or output is no terminal.
+    // Throws Failure when standard input or output is not a terminal.
     NewtPresenter();
     ~NewtPresenter() override;
 

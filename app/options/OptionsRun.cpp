@@ -76,7 +76,7 @@ int SetOptions(const std::vector<std::string>& settings) {
         bool value = false;
         if (!host.GetStringOption(standalone::Widen(setting), standalone::Widen(option->name),
                                   value)) {
-            throw UsageError("\"" + setting + "\": a value is yes or no");
+            throw UsageError("\"" + setting + "\": the value must be yes or no");
         }
         if (!store.Set(standalone::Widen(option->name), value, /*persistent=*/true)) {
             FailStoring();

@@ -61,7 +61,7 @@ Filter* CallFactory(void* library, const std::filesystem::path& path, const char
     using Factory = Filter* (*)(zeio::IoManager&);
     const auto factory = reinterpret_cast<Factory>(LibrarySymbol(library, name));
     if (factory == nullptr) {
-        throw Failure(PathText(path) + ": is no filter module: it lacks " + name);
+        throw Failure(PathText(path) + ": is not a filter module: it lacks " + name);
     }
     Filter* filter = factory(manager);
     if (filter == nullptr) {

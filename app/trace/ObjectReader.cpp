@@ -37,7 +37,7 @@ void ReadProjectionParameter(const JsonMembers& parameters, const std::string& k
                              gcs::ProjectionDef& projection) {
     const std::optional<int> number = IdOf(key, 3, gcs::kProjectionParameterCount - 1);
     if (!number) {
-        throw JsonError("\"" + key + "\" is no parameter of a projection");
+        throw JsonError("a projection has no parameter \"" + key + "\"");
     }
     const auto id = static_cast<gcs::ProjectionParameterID>(*number);
     if (id == gcs::ProjectionParameterID::DefinedByAzimuth ||
@@ -351,7 +351,7 @@ std::unique_ptr<zeio::TrBase> ObjectFromJson(const Json& json) {
 std::unique_ptr<zeio::TrBase> ObjectOfLine(const std::string& line) {
     const Json json = Json::parse(line, nullptr, /*allow_exceptions=*/false);
     if (json.is_discarded() || !json.is_object()) {
-        throw JsonError("is no JSON object");
+        throw JsonError("is not a JSON object");
     }
     const auto call = json.find("call");
     if (call == json.end()) {

@@ -1,14 +1,10 @@
 #include "host/gcs/EllipsoidDef.h"
 
+#include "standalone/gcs/EllipsoidTable.h"
+
 #include <cmath>
 
 namespace gcs {
-
-namespace {
-
-constexpr double kSameRadiusMetres = 1e-6;
-
-}  // namespace
 
 bool EllipsoidDef::CompareParameters(const EllipsoidDef& left, const EllipsoidDef& right,
                                      bool exact) {

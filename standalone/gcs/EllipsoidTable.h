@@ -14,6 +14,9 @@
 
 namespace gcs {
 
+// Radii that differ by no more count as the same.
+inline constexpr double kSameRadiusMetres = 1e-6;
+
 struct EllipsoidRow {
     const wchar_t* name;
     double majorRadius;

@@ -15,7 +15,6 @@ constexpr int kUnknownDatum = 1;
 constexpr int kFirstDatum = 2;
 constexpr int kFirstEllipsoid = 1;
 
-constexpr double kSameRadiusMetres = 1e-6;
 // Tells GRS 80 from WGS 84, which differ by 1.6e-11.
 constexpr double kSameFlattening = 1e-12;
 

@@ -176,6 +176,34 @@ TEST(AnOutputPair, IsMovedIntoPlaceTogetherAndLeavesNothingElse) {
     EXPECT_EQ(Entries(folder), 2);
 }
 
+TEST(AnOutputPair, HasAnUpperCaseMidBesideAnUpperCaseMif) {
+    const TemporaryFolder folder;
+    {
+        OutputPair pair(folder.path() / "ISLAND.MIF", IfExists::Refuse);
+        std::ofstream(pair.WorkPath()) << "mif";
+        std::ofstream(pair.WorkMidPath()) << "mid";
+        pair.Finish();
+    }
+
+    EXPECT_EQ(folder.Read("ISLAND.MIF"), "mif");
+    EXPECT_EQ(folder.Read("ISLAND.MID"), "mid");
+    EXPECT_EQ(Entries(folder), 2);
+}
+
+TEST(AnOutputPair, TakesThePlaceOfAMidInTheOtherCase) {
+    const TemporaryFolder folder;
+    folder.Write("ISLAND.mid", "old");
+    {
+        OutputPair pair(folder.path() / "ISLAND.MIF", IfExists::Overwrite);
+        std::ofstream(pair.WorkPath()) << "mif";
+        std::ofstream(pair.WorkMidPath()) << "mid";
+        pair.Finish();
+    }
+
+    EXPECT_EQ(folder.Read("ISLAND.mid"), "mid");
+    EXPECT_EQ(Entries(folder), 2);
+}
+
 TEST(AnOutputPair, IsRefusedWhenItsMidIsThereAlready) {
     const TemporaryFolder folder;
     folder.Write("a.mid", "old");

@@ -127,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(
         UsageRow{"CheckOfNothing", {"check"}, "check needs one or more MIF files"},
         UsageRow{"ABoxOfWords",
                  {"convert", "--bbox", "a,b,c,d", "a.mif", "b.mif"},
-                 "convert: --bbox: \"a\" is no number; see qolf help convert"},
+                 "convert: --bbox: \"a\" is not a number; see qolf help convert"},
         UsageRow{"HelpForNoCommand",
                  {"help", "me"},
                  "there is no command 'me'; qolf --help lists them"}),
@@ -153,7 +153,7 @@ TEST(TheCommandLine, RefusesALibraryThatIsNoModule) {
 
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.err,
-              "qolf: error: " + library + ": is no filter module: it lacks ImportMIF\n");
+              "qolf: error: " + library + ": is not a filter module: it lacks ImportMIF\n");
 }
 
 TEST(TheCommandLine, SaysNothingButErrorsWhenQuiet) {

@@ -189,8 +189,8 @@ TEST_P(FaultyGeoJson, IsAnErrorThatLeavesNothing) {
 INSTANTIATE_TEST_SUITE_P(
     , FaultyGeoJson,
     testing::Values(
-        FaultyRow{"NoJson", "hello", "is no valid GeoJSON"},
-        FaultyRow{"Cut", R"({"type":"FeatureCollection","features":[{)", "is no valid GeoJSON"},
+        FaultyRow{"NoJson", "hello", "is not valid GeoJSON"},
+        FaultyRow{"Cut", R"({"type":"FeatureCollection","features":[{)", "is not valid GeoJSON"},
         FaultyRow{"UnknownGeometry",
                   CollectionOf(FeatureOf(R"({"type":"Blob","coordinates":[1]})")),
                   "feature 1: the geometry type \"Blob\""},
@@ -198,10 +198,10 @@ INSTANTIATE_TEST_SUITE_P(
                   "has no array \"coordinates\""},
         FaultyRow{"TextForNumber",
                   CollectionOf(FeatureOf(R"({"type":"Point","coordinates":["1",2]})")),
-                  "a position is no array of two or more numbers"},
+                  "a position is not an array of two or more numbers"},
         FaultyRow{"FlatRing",
                   CollectionOf(FeatureOf(R"({"type":"Polygon","coordinates":[[1,2],[3,4]]})")),
-                  "a position is no array"},
+                  "a position is not an array"},
         FaultyRow{"LineOfOnePosition",
                   CollectionOf(FeatureOf(R"({"type":"LineString","coordinates":[[1,2]]})")),
                   "feature 1: a line has one position only"},

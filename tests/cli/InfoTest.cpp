@@ -216,6 +216,20 @@ TEST(Info, SaysAllThatAHeaderHoldsThenWhatIsWrongWithIt) {
               "qolf: warning: a.mif: the header ends without the line Data\n");
 }
 
+TEST(Info, GoesOnBehindAClauseThatSwallowsTheDataLine) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCoordSys Earth Projection 8, 104, \"m\", 20, 0 Bounds\n"
+                           "Columns 1\n  a Char(9)\nData\n");
+
+    const Result result = sandbox.Qolf({"info", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_NE(result.out.find("    a  Char(9)\n"), std::string::npos) << result.out;
+    EXPECT_EQ(result.err,
+              "qolf: warning: a.mif: the CoordSys clause can't be read; the objects have "
+              "no coordinate system\n");
+}
+
 TEST(Info, HasEveryFileInItsDocument) {
     const Sandbox sandbox;
     sandbox.Write("zip.mif", "PK\x03\x04");

@@ -10,6 +10,10 @@
 #include <ostream>
 #include <string>
 
+namespace app {
+void AddConvertCommand(CLI::App& program, CommandContext& context);
+}
+
 namespace {
 
 class ConvertCommand : public testing::Test {
@@ -95,15 +99,15 @@ TEST_P(ConvertCommandLine, IsRefusedWithItsReason) {
 
 INSTANTIATE_TEST_SUITE_P(
     , ConvertCommandLine,
-    testing::Values(RefusedLine{"NoFile", "", "files is required"},
-                    RefusedLine{"BoxOfThree", "--bbox 1,2,3 a.mif b.gpkg",
-                                "takes four numbers: minx,miny,maxx,maxy"},
-                    RefusedLine{"BoxOfWords", "--bbox 1,2,3,x a.mif b.gpkg", "\"x\" is no number"},
-                    RefusedLine{"FewSegments", "--segments 3 a.mif b.gpkg", "--segments"},
-                    RefusedLine{"JobsWithoutAFolder", "--jobs 2 a.mif b.gpkg", "--output-dir"},
-                    RefusedLine{"ResumeWithoutAFolder", "--resume a.mif b.gpkg", "--output-dir"},
-                    RefusedLine{"UnknownOption", "--no-such-option a.mif b.gpkg",
-                                "--no-such-option"}),
+    testing::Values(
+        RefusedLine{"NoFile", "", "files is required"},
+        RefusedLine{"BoxOfThree", "--bbox 1,2,3 a.mif b.gpkg",
+                    "takes four numbers: minx,miny,maxx,maxy"},
+        RefusedLine{"BoxOfWords", "--bbox 1,2,3,x a.mif b.gpkg", "\"x\" is not a number"},
+        RefusedLine{"FewSegments", "--segments 3 a.mif b.gpkg", "--segments"},
+        RefusedLine{"JobsWithoutAFolder", "--jobs 2 a.mif b.gpkg", "--output-dir"},
+        RefusedLine{"ResumeWithoutAFolder", "--resume a.mif b.gpkg", "--output-dir"},
+        RefusedLine{"UnknownOption", "--no-such-option a.mif b.gpkg", "--no-such-option"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 
 namespace {
@@ -36,6 +37,44 @@ INSTANTIATE_TEST_SUITE_P(
                     KindRow{"AMomentWithABlank", "2026-01-31 10:11:12", ColumnKind::Char},
                     KindRow{"ANumber", "20260131", ColumnKind::Char},
                     KindRow{"Nothing", "", ColumnKind::Char}),
+    [](const auto& row) { return row.param.name; });
+
+struct ValueRow {
+    std::string name;
+    ColumnKind kind;
+    std::string text;
+    app::Value value;
+};
+class TypedValue : public testing::TestWithParam<ValueRow> {};
+
+TEST_P(TypedValue, Is) {
+    EXPECT_EQ(app::TypedValue({.kind = GetParam().kind}, GetParam().text), GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , TypedValue,
+    testing::Values(
+        ValueRow{"AWholeNumber", ColumnKind::Integer, " 12", std::int64_t{12}},
+        ValueRow{"TheLargestWholeNumber", ColumnKind::LargeInt, "9223372036854775807",
+                 std::int64_t{9223372036854775807}},
+        ValueRow{"AWholeNumberWithAFraction", ColumnKind::Integer, "1.5", 1.5},
+        ValueRow{"AWholeNumberBeyond64Bits", ColumnKind::LargeInt, "18446744073709551615",
+                 "18446744073709551615"},
+        ValueRow{"ADecimal", ColumnKind::Decimal, "12.50", 12.5},
+        ValueRow{"ADecimalWithManyZeros", ColumnKind::Decimal, "99.000000000000000", 99.0},
+        ValueRow{"ADecimalWithSeventeenDigits", ColumnKind::Decimal, "0.12345678901234568",
+                 0.12345678901234568},
+        ValueRow{"ALongDecimal", ColumnKind::Decimal, "12345678901234567.89",
+                 "12345678901234567.89"},
+        ValueRow{"ALongWholeDecimal", ColumnKind::Decimal, "9007199254740993",
+                 std::int64_t{9007199254740993}},
+        ValueRow{"ALongFloat", ColumnKind::Float, "12345678901234567.89", 12345678901234567.89},
+        ValueRow{"AWordInANumber", ColumnKind::Float, "n/a", "n/a"},
+        ValueRow{"NothingInANumber", ColumnKind::Float, "  ", app::Value()},
+        ValueRow{"NothingInAText", ColumnKind::Char, "", ""},
+        ValueRow{"Truth", ColumnKind::Logical, "T", true},
+        ValueRow{"ADate", ColumnKind::Date, "20260131", "2026-01-31"},
+        ValueRow{"AMoment", ColumnKind::DateTime, "20260131101112345", "2026-01-31T10:11:12.345"}),
     [](const auto& row) { return row.param.name; });
 
 }  // namespace

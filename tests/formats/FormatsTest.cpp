@@ -59,7 +59,7 @@ TEST(AnUnknownFormat, IsRefusedWithTheChoices) {
     EXPECT_EQ(UsageErrorOf(app::FormatOfName, "shp"),
               "--to shp: the formats are mif, geojson, json, geojsonl, ndjson, geojsons and gpkg");
     EXPECT_EQ(UsageErrorOf(app::FormatOfPath, "a.shp"),
-              "a.shp: the extension tells the format, and it must be .mif, .geojson, .json, "
+              "a.shp: the format follows from the extension, which must be .mif, .geojson, .json, "
               ".geojsonl, .ndjson, .geojsons or .gpkg");
 }
 

@@ -134,7 +134,7 @@ TEST_F(TheDll, CarriesAVersionResource) {
     ASSERT_NE(VerQueryValueW(resource.data(), L"\\StringFileInfo\\040904B0\\ProductVersion", &value,
                              &length),
               0);
-    EXPECT_EQ(std::wstring(static_cast<const wchar_t*>(value)), QOLF_VERSION);
+    EXPECT_EQ(std::wstring(static_cast<const wchar_t*>(value)), L"" QOLF_VERSION);
 }
 
 // A gap takes no room where the file system knows sparse files.

@@ -23,7 +23,7 @@ const Json& ArrayOf(const Json& object, const char* name) {
 void AddPosition(const Json& position, Geometry& geometry) {
     if (!position.is_array() || position.size() < 2 || !position[0].is_number() ||
         !position[1].is_number()) {
-        throw GeometryError("a position is no array of two or more numbers");
+        throw GeometryError("a position is not an array of two or more numbers");
     }
     geometry.points.push_back({position[0].get<double>(), position[1].get<double>()});
 }
@@ -105,12 +105,11 @@ constexpr std::array<TypeRow, 6> kTypes{{
     {"MultiPolygon", GeometryKind::Region, ReadMultiPolygon},
 }};
 
-std::string TypeOf(const Json& geometry) {
+std::string GeometryTypeOf(const Json& geometry) {
     if (!geometry.is_object()) {
-        throw GeometryError("the geometry is no object");
+        throw GeometryError("the geometry is not an object");
     }
-    const auto at = geometry.find("type");
-    return at != geometry.end() && at->is_string() ? at->get<std::string>() : "";
+    return TypeOf(geometry);
 }
 
 // Empty without coordinates.
@@ -123,7 +122,7 @@ Geometry SimpleGeometry(const Json& json, const std::string& type) {
             return geometry;
         }
     }
-    throw GeometryError("the geometry type \"" + type + "\" is none of GeoJSON's");
+    throw GeometryError("GeoJSON has no geometry type \"" + type + "\"");
 }
 
 constexpr std::string_view kCollection = "GeometryCollection";
@@ -133,7 +132,7 @@ void AddMembers(const Json& collection, std::vector<Geometry>& members) {
         if (member.is_null()) {
             continue;
         }
-        const std::string type = TypeOf(member);
+        const std::string type = GeometryTypeOf(member);
         if (type == kCollection) {
             AddMembers(member, members);
         } else if (Geometry geometry = SimpleGeometry(member, type);
@@ -145,13 +144,18 @@ void AddMembers(const Json& collection, std::vector<Geometry>& members) {
 
 }  // namespace
 
+std::string TypeOf(const Json& object) {
+    const auto at = object.find("type");
+    return at != object.end() && at->is_string() ? at->get<std::string>() : "";
+}
+
 void ReadGeometry(const nlohmann::ordered_json& json, Feature& feature) {
     feature.geometry = {};
     feature.members.clear();
     if (json.is_null()) {
         return;
     }
-    const std::string type = TypeOf(json);
+    const std::string type = GeometryTypeOf(json);
     if (type != kCollection) {
         feature.geometry = SimpleGeometry(json, type);
         return;

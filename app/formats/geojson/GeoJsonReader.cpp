@@ -46,7 +46,7 @@ enum class Framing { OneText, Lines, Sequence };
     if (text.starts_with('[') && end != std::string::npos) {
         text.erase(0, end + 2);
     }
-    Fail(name, "is no valid GeoJSON: " + text);
+    Fail(name, "is not valid GeoJSON: " + text);
 }
 
 Framing FramingOf(const RereadableInput& input) {
@@ -65,21 +65,16 @@ Framing FramingOf(const RereadableInput& input) {
         start.find_first_not_of(" \t\r\n", lineEnd) == std::string::npos) {
         return Framing::OneText;
     }
-    const bool isWhole = Json::accept(start.begin() + static_cast<std::ptrdiff_t>(first),
-                                      start.begin() + static_cast<std::ptrdiff_t>(lineEnd));
-    return isWhole ? Framing::Lines : Framing::OneText;
+    const char* const text = start.data();
+    const Json line = Json::parse(text + first, text + lineEnd, nullptr,
+                                  /*allow_exceptions=*/false);
+    return line.is_discarded() ? Framing::OneText : Framing::Lines;
 }
 
 void CheckNesting(int depth, const std::string& name) {
     if (depth > kDeepestNesting) {
         Fail(name, "is nested deeper than " + std::to_string(kDeepestNesting) + " levels");
     }
-}
-
-// Returns the "type"; "" when the object has none or when it is no text.
-std::string TypeOf(const Json& object) {
-    const auto at = object.find("type");
-    return at != object.end() && at->is_string() ? at->get<std::string>() : "";
 }
 
 // Reads one text, and hands each feature of a collection to the sink as soon as it is complete.
@@ -179,7 +174,7 @@ std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter&
             takeText(rest);
         } else if (const Json& left = FeaturesOf(rest, input.Name()); !left.empty()) {
             Fail(input.Name(),
-                 "\"features\" holds " + Shown(left.front()) + ", which is no object");
+                 "\"features\" holds " + Shown(left.front()) + ", which is not an object");
         }
         return box;
     }
@@ -194,7 +189,8 @@ std::optional<shr::Box2d> ForEachFeature(const RereadableInput& input, Reporter&
             continue;
         }
         try {
-            Json parsed = Json::parse(text, onEvent);
+            const char* const begin = text.data();
+            Json parsed = Json::parse(begin, begin + text.size(), onEvent);
             takeText(parsed);
         } catch (const Json::exception& error) {
             FailParsing(input.Name(), error);
@@ -289,7 +285,7 @@ const Json& GeometryOf(const Json& feature) {
 
 void CheckFeature(const Json& feature, const std::string& name, std::uint64_t number) {
     if (!feature.is_object()) {
-        Fail(name, "feature " + std::to_string(number) + " is no object");
+        Fail(name, "feature " + std::to_string(number) + " is not an object");
     }
 }
 

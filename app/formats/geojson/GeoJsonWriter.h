@@ -1,5 +1,5 @@
-// Writes features as GeoJSON (RFC 7946): a collection with a feature a line, one feature a line,
-// or a text sequence (RFC 8142).
+// Writes features as GeoJSON (RFC 7946): a collection with one feature per line, one feature per
+// line or a text sequence (RFC 8142).
 #pragma once
 
 #include "app/base/Output.h"
@@ -24,8 +24,8 @@ public:
 
     // Regions become polygons with their holes, outer rings counter-clockwise; texts become points
     // with the properties text, angle, height and font. A feature without geometry, a coordinate
-    // that is no finite number, and too few of them give a null geometry; a member of a collection
-    // with the same faults is left out.
+    // that is not a finite number, and too few of them give a null geometry; a member of a
+    // collection with the same faults is left out.
     void Write(Feature& feature) override;
 
     // Warns of objects whose coordinates gave a null geometry.

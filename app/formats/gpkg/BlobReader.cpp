@@ -12,7 +12,7 @@
 namespace app {
 namespace {
 
-constexpr int kDeepestNesting = 32;
+constexpr int kDeepestParts = 32;
 constexpr double kArcStep = 2.0 * std::numbers::pi / 64.0;
 
 // The base types of WKB, without the thousands and high bits that announce heights and measures.
@@ -197,7 +197,7 @@ private:
     static constexpr std::size_t kLeastGeometryBytes = 9;  // byte order, type, count
 
     static void CheckDepth(int depth) {
-        if (depth > kDeepestNesting) {
+        if (depth > kDeepestParts) {
             throw BlobError("the geometry is nested too deeply");
         }
     }
@@ -329,14 +329,14 @@ private:
 // Moves past the header: magic, version, flags, system and envelope.
 void SkipHeader(Cursor& cursor) {
     if (cursor.Byte() != 'G' || cursor.Byte() != 'P') {
-        throw BlobError("the geometry is no GeoPackage geometry");
+        throw BlobError("the geometry is not a GeoPackage geometry");
     }
     cursor.Skip(1);
     const std::uint8_t flags = cursor.Byte();
     constexpr std::array<std::size_t, 5> kEnvelopeDoubles{0, 4, 6, 6, 8};
     constexpr std::uint8_t kExtended = 1 << 5;
     if ((flags & kExtended) != 0) {
-        throw BlobError("the geometry is of a kind that no standard names");
+        throw BlobError("the geometry is of a kind that the standard does not define");
     }
     const std::size_t envelope = (flags >> 1) & 7U;
     if (envelope >= kEnvelopeDoubles.size()) {

@@ -4,14 +4,11 @@
 #include <utility>
 
 namespace app {
-namespace {
 
 shr::Box2d Union(const shr::Box2d& a, const shr::Box2d& b) {
     return {std::min(a.minX, b.minX), std::min(a.minY, b.minY), std::max(a.maxX, b.maxX),
             std::max(a.maxY, b.maxY)};
 }
-
-}  // namespace
 
 bool FeatureBlob::Build(const Feature& feature) {
     if (feature.geometry.kind == GeometryKind::Collection) {

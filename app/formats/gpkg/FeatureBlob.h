@@ -13,14 +13,17 @@
 
 namespace app {
 
+// Returns the smallest box around both.
+shr::Box2d Union(const shr::Box2d& a, const shr::Box2d& b);
+
 class FeatureBlob {
 public:
     explicit FeatureBlob(std::int32_t srsId) : blob_(srsId) {}
 
     // Builds the geometry of a feature in place of the last one. Curves must have become lines and
     // regions (FlattenCurves). Returns false when there is nothing to build: a feature without
-    // geometry, a coordinate that is no finite number, a line of one point, a region that encloses
-    // nothing. Such members of a collection are left out.
+    // geometry, a coordinate that is not a finite number, a line of one point, a region that
+    // encloses nothing. Such members of a collection are left out.
     bool Build(const Feature& feature);
 
     // Of the geometry that was built last; the blob is valid until the next one is built.

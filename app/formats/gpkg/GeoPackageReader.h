@@ -23,7 +23,7 @@ struct PackageLayer {
 
 class GeoPackageReader : public Source {
 public:
-    // Throws Failure when the file can't be read or is no GeoPackage.
+    // Throws Failure when the file can't be read or is not a GeoPackage.
     explicit GeoPackageReader(const std::filesystem::path& path);
 
     // The feature layers in the order of the file.

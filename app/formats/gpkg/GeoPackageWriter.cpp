@@ -83,7 +83,7 @@ void GeoPackageWriter::EndLayer() {
     const std::string prefix = subject_ + ": layer " + CleanText(layerName_) + ": ";
     if (summary.withoutGeometry > 0) {
         reporter_.Warning(prefix + Counted(summary.withoutGeometry, "object has", "objects have") +
-                          " coordinates that give no geometry; the rows have none");
+                          " coordinates that make no geometry; written without geometry");
     }
     if (summary.replacedStyles > 0) {
         reporter_.Warning(prefix + "more than " + std::to_string(LayerStyles::kMostStyles) +

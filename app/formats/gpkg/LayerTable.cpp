@@ -88,11 +88,6 @@ std::string DateTimeText(std::string text) {
     return text + (text.find('.') == std::string::npos ? ".000Z" : "Z");
 }
 
-shr::Box2d Union(const shr::Box2d& a, const shr::Box2d& b) {
-    return {std::min(a.minX, b.minX), std::min(a.minY, b.minY), std::max(a.maxX, b.maxX),
-            std::max(a.maxY, b.maxY)};
-}
-
 std::string_view BlobArgument(sqlite3_value* value) {
     const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
     return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};

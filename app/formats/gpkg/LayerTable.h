@@ -22,8 +22,8 @@ namespace app {
 // What a user should know once a layer is complete.
 struct LayerSummary {
     std::uint64_t written = 0;
-    // Features whose geometry could not be written: coordinates that are no finite numbers, regions
-    // that enclose nothing. Features that had no geometry to begin with are not counted.
+    // Features whose geometry could not be written: coordinates that are not finite numbers,
+    // regions that enclose nothing. Features that had no geometry to begin with are not counted.
     std::uint64_t withoutGeometry = 0;
 
     // A column with values that do not have its type. They were kept as texts.

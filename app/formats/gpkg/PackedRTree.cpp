@@ -9,19 +9,20 @@ namespace app {
 namespace {
 
 constexpr std::int64_t kRoot = 1;
-constexpr std::size_t kHeaderBytes = 4;  // the depth, which only the root has, and the cell count
-constexpr std::size_t kCellBytes = 24;   // the id and four floats
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+constexpr std::size_t kNodeHeaderBytes =
+    4;                                  // the depth, which only the root has, and the cell count
+constexpr std::size_t kCellBytes = 24;  // the id and four floats
+constexpr float kFloatInfinity = std::numeric_limits<float>::infinity();
 
 // Return the largest float that is not above the number, and the smallest that is not below.
 float RoundedDown(double value) {
     const auto rounded = static_cast<float>(value);
-    return rounded > value ? std::nextafter(rounded, -kInfinity) : rounded;
+    return rounded > value ? std::nextafter(rounded, -kFloatInfinity) : rounded;
 }
 
 float RoundedUp(double value) {
     const auto rounded = static_cast<float>(value);
-    return rounded < value ? std::nextafter(rounded, kInfinity) : rounded;
+    return rounded < value ? std::nextafter(rounded, kFloatInfinity) : rounded;
 }
 
 template <typename Whole> void AppendBigEndian(std::string& bytes, Whole value) {
@@ -44,7 +45,8 @@ std::size_t NodeBytes(SqliteDatabase& database, const std::string& name) {
 }  // namespace
 
 PackedRTree::PackedRTree(SqliteDatabase& database, const std::string& name)
-    : nodeBytes_(NodeBytes(database, name)), mostCells_((nodeBytes_ - kHeaderBytes) / kCellBytes),
+    : nodeBytes_(NodeBytes(database, name)),
+      mostCells_((nodeBytes_ - kNodeHeaderBytes) / kCellBytes),
       insertNode_(database, "INSERT OR REPLACE INTO " + QuotedName(name + "_node") +
                                 " (nodeno, data) VALUES (?, ?)"),
       insertRow_(database,
@@ -72,7 +74,7 @@ PackedRTree::Bounds PackedRTree::Around(const shr::Box2d& box) {
 }
 
 PackedRTree::Bounds PackedRTree::Around(const std::vector<Cell>& cells) {
-    Bounds all{kInfinity, -kInfinity, kInfinity, -kInfinity};
+    Bounds all{kFloatInfinity, -kFloatInfinity, kFloatInfinity, -kFloatInfinity};
     for (const Cell& cell : cells) {
         all = {std::min(all.minX, cell.bounds.minX), std::max(all.maxX, cell.bounds.maxX),
                std::min(all.minY, cell.bounds.minY), std::max(all.maxY, cell.bounds.maxY)};

@@ -3,6 +3,7 @@
 #include "app/crs/CrsIdentity.h"
 #include "app/crs/GcsFromCrs.h"
 #include "app/crs/GcsToProj.h"
+#include "app/crs/Reprojection.h"
 #include "app/crs/WktText.h"
 
 namespace app {
@@ -29,6 +30,9 @@ SpatialReference Wgs84Reference() {
 SpatialReference ReferenceOf(const gcs::CSDef* system) {
     if (system == nullptr) {
         return {};
+    }
+    if (IsWgs84(system)) {  // without PROJ's register, which costs more than a small file
+        return Wgs84Reference();
     }
     const CrsIdentity identity = Identify(*system);
     if (identity.epsgCode == 4326) {

@@ -18,7 +18,7 @@ struct Range {
     char32_t first;
     char32_t last;
 };
-// What is no letter from 0x80 on: controls, punctuation, signs, symbols, private characters.
+// What is not a letter from 0x80 on: controls, punctuation, signs, symbols, private characters.
 constexpr std::array<Range, 20> kNoLetters{{
     {0x80, 0xA9},     {0xAB, 0xB4},     {0xB6, 0xB9},     {0xBB, 0xBF},       {0xD7, 0xD7},
     {0xF7, 0xF7},     {0x2000, 0x2BFF}, {0x2E00, 0x2E7F}, {0x3000, 0x3004},   {0x3008, 0x3020},
@@ -26,13 +26,13 @@ constexpr std::array<Range, 20> kNoLetters{{
     {0xFF3B, 0xFF40}, {0xFF5B, 0xFF65}, {0xFFE0, 0xFFFF}, {0x1F000, 0x1FAFF}, {0xE0000, 0x10FFFF},
 }};
 
-bool IsDigit(char32_t c) {
+bool IsAsciiDigit(char32_t c) {
     return c >= '0' && c <= '9';
 }
 
 bool IsAllowed(char32_t c, CharsetEncoder& encoder) {
     if (c < 0x80) {
-        return IsDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+        return IsAsciiDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
     }
     return encoder.Holds(c) && std::ranges::none_of(kNoLetters, [c](const Range& range) {
                return c >= range.first && c <= range.last;
@@ -41,7 +41,7 @@ bool IsAllowed(char32_t c, CharsetEncoder& encoder) {
 
 std::string CleanName(std::string_view wanted, CharsetEncoder& encoder) {
     std::string name;
-    if (!wanted.empty() && IsDigit(static_cast<unsigned char>(wanted.front()))) {
+    if (!wanted.empty() && IsAsciiDigit(static_cast<unsigned char>(wanted.front()))) {
         name += '_';
     }
     while (!wanted.empty()) {

@@ -131,6 +131,7 @@ void MifSource::BeginAsIs(Reporter& reporter) {
     header_ = ScanHeader(path_);
     SetCodePageFor(header_, options_.encoding, /*areLettersUtf8=*/false, Name(), reporter);
     MakeRun(path_, reporter);
+    WarnOfUnit(reporter);
     run_->ImportHeader(reporter, [this](const zeio::TrBase& object) {
         if (object.GetTypeId() == zeio::TrNamedIds::GetClassTypeId()) {
             facts_.columns = ColumnsOf(static_cast<const zeio::TrNamedIds&>(object), header_);
@@ -152,17 +153,25 @@ void MifSource::BeginReading(Reporter& reporter) {
     FillFacts(reporter);
 }
 
-void MifSource::FillFacts(Reporter& reporter) {
-    facts_.columns = ColumnsOf(header_);
-    run_->ImportHeader(HeaderForModule(header_), reporter, [this](const zeio::TrBase& object) {
-        if (object.GetTypeId() == zeio::TrCRS::GetClassTypeId()) {
-            const gcs::CSDef* system = static_cast<const zeio::TrCRS&>(object).GetCS();
-            facts_.system = system != nullptr ? system->Clone() : nullptr;
-        }
-    });
+void MifSource::WarnOfUnit(Reporter& reporter) const {
     if (const std::string problem = UnitProblem(header_); !problem.empty()) {
         reporter.Warning(Name() + ": " + problem);
     }
+}
+
+void MifSource::FillFacts(Reporter& reporter) {
+    facts_.columns = ColumnsOf(header_);
+    try {
+        run_->ImportHeader(HeaderForModule(header_), reporter, [this](const zeio::TrBase& object) {
+            if (object.GetTypeId() == zeio::TrCRS::GetClassTypeId()) {
+                const gcs::CSDef* system = static_cast<const zeio::TrCRS&>(object).GetCS();
+                facts_.system = system != nullptr ? system->Clone() : nullptr;
+            }
+        });
+    } catch (const ImportFailure&) {
+        header_.coordSys.isReadByModule = false;  // said below
+    }
+    WarnOfUnit(reporter);
     if (header_.unknownProjection && options_.assumedSystem == nullptr) {
         reporter.Warning(Name() + ": projection code " +
                          std::to_string(*header_.unknownProjection) +

@@ -50,6 +50,7 @@ private:
     void BeginAsIs(Reporter& reporter);
     void BeginReading(Reporter& reporter);
     void FillFacts(Reporter& reporter);
+    void WarnOfUnit(Reporter& reporter) const;
     LayerFacts CompletedFacts();
     void MakeRun(const std::filesystem::path& path, Reporter& reporter);
     void ReadJoined(Reporter& reporter, const FeatureSink& sink);

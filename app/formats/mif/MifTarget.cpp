@@ -64,7 +64,7 @@ MifTarget::MifTarget(const std::filesystem::path& path, const TargetOptions& opt
     : options_(options), reporter_(reporter), name_(PathText(path)),
       writer_(path, options.ifExists) {
     if (!options_.encoding.empty() && FindCharsetOfEncoding(options_.encoding) == nullptr) {
-        throw UsageError("--encoding " + options_.encoding +
+        throw UsageError("encoding " + options_.encoding +
                          ": MIF files can't be in it; UTF-8 has every character");
     }
 }
@@ -77,7 +77,7 @@ std::optional<PairCharset> MifTarget::CharsetFor(const LayerFacts& layer) const 
     if (!layer.pair) {
         return std::nullopt;
     }
-    // The header's own name stays when it stood for the code page that the texts were read in.
+    // The header's own name stays when it names the code page that the texts were read in.
     const PairFacts& pair = *layer.pair;
     if (!pair.charset.empty() && CodePageOfCharset(pair.charset).codePage == pair.codePage) {
         return PairCharset(pair.charset, pair.codePage);
@@ -134,8 +134,7 @@ bool MifTarget::Finish() {
     if (outcome.unplacedObjects > 0) {
         reporter_.Warning(name_ + ": " +
                           Counted(outcome.unplacedObjects, "object has", "objects have") +
-                          " no place, with coordinates that are no finite numbers; written "
-                          "without geometry");
+                          " coordinates that are not finite numbers; written without geometry");
     }
     return true;
 }

@@ -16,7 +16,7 @@ namespace app {
 
 namespace {
 
-// Of the extent that the filter is told: it grades the widths of pens by it, and by nothing else.
+// The diagonal of the extent that the filter gets. It only grades the widths of pens.
 constexpr double kDiagonal = 1.0;
 constexpr int kArcSegments = 120;
 

@@ -223,7 +223,8 @@ void ObjectWriter::AppendLine(std::string& out, const Geometry& geometry, Place 
     if (geometry.isMulti || geometry.partSizes.size() > 1) {
         out += "Pline Multiple ";
         AppendSections(out, geometry);
-    } else if (geometry.points.size() == 2 && !geometry.isSmooth && place == Place::Alone) {
+    } else if (geometry.points.size() == 2 && !geometry.isPolyline && !geometry.isSmooth &&
+               place == Place::Alone) {
         out += "Line ";
         AppendCorners(out, {geometry.points[0].x, geometry.points[0].y, geometry.points[1].x,
                             geometry.points[1].y});

@@ -28,9 +28,10 @@ public:
     bool Wants(const Feature& feature) const { return IsChosen(feature.geometry.kind); }
 
     // Appends the feature as one object with its clauses:
-    // - several sections as Pline Multiple, several points as Multipoint, two vertices as Line;
+    // - several sections as Pline Multiple, several points as Multipoint;
+    // - two vertices as Line unless the geometry says that it is a polyline;
     // - members of a Collection that are of one kind and style as one part, as the format has it;
-    // - None for what has no vertices, or a coordinate that is no finite number.
+    // - None for what has no vertices, or a coordinate that is not a finite number.
     // A clause is written when the style has it and the object takes it.
     void Append(std::string& out, const Feature& feature);
 
@@ -40,7 +41,7 @@ public:
     // The lowest version of the format that has all that was written.
     int Version() const;
 
-    // Objects that became None for a coordinate that is no finite number.
+    // Objects that became None for a coordinate that is not a finite number.
     std::uint64_t UnplacedCount() const { return unplacedCount_; }
 
 private:

@@ -36,7 +36,7 @@ public:
     // Whether it is still open which charset it will be.
     bool IsOpen() const { return choice_.has_value(); }
 
-    // Chooses an open charset. Returns whether what was written is in it as it stands.
+    // Chooses an open charset. Returns true when what was written needs no change.
     bool Settle();
 
     // For the header; the longest that can come while it is open.

@@ -18,6 +18,7 @@ void Reset(Geometry& geometry) {
     geometry.partSizes.clear();
     geometry.isMulti = false;
     geometry.isSmooth = false;
+    geometry.isPolyline = false;
     geometry.center.reset();
 }
 
@@ -289,6 +290,7 @@ void PairFeatures::FinishUnit() {
     const ClauseValues& clauses = clauses_.Read(facts.clauses);
     geometry.style = clauses.style;
     geometry.isSmooth = clauses.isSmooth;
+    geometry.isPolyline = facts.kind == ObjectKind::Pline;
     geometry.center = clauses.center;
     geometry.isMulti = facts.isMultiple || facts.kind == ObjectKind::Multipoint;
     if (geometry.kind == GeometryKind::Text) {

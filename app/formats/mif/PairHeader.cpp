@@ -3,7 +3,6 @@
 #include "app/json/ShortestNumber.h"
 
 #include <algorithm>
-#include <array>
 #include <cassert>
 #include <cmath>
 
@@ -12,15 +11,10 @@ namespace {
 
 constexpr std::string_view kDataLine = "Data\n";
 
-std::string TextOf(double number) {
-    std::array<char, kShortestNumberSize> text{};
-    return {text.data(), WritePlain(text.data(), number)};
-}
-
 std::string BoundsText(const shr::Box2d& box) {
     const shr::Box2d bounds = UsableBounds(box);
-    return "Bounds (" + TextOf(bounds.minX) + ", " + TextOf(bounds.minY) + ") (" +
-           TextOf(bounds.maxX) + ", " + TextOf(bounds.maxY) + ")";
+    return "Bounds (" + PlainText(bounds.minX) + ", " + PlainText(bounds.minY) + ") (" +
+           PlainText(bounds.maxX) + ", " + PlainText(bounds.maxY) + ")";
 }
 
 std::string TypeText(const LayerColumn& column) {
@@ -99,7 +93,8 @@ std::size_t MostHeaderBytes(PairHeader header) {
         column.width = kLongestWidth;
         size += std::max(declared, TypeText(column).size()) - TypeText(column).size();
     }
-    return HeaderText(header).size() + size + 4 * kShortestNumberSize;
+    const bool hasBounds = header.boundsPlace != BoundsPlace::Nowhere;
+    return HeaderText(header).size() + size + (hasBounds ? 4 * kShortestNumberSize : 0);
 }
 
 shr::Box2d UsableBounds(const shr::Box2d& box) {

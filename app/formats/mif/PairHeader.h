@@ -13,9 +13,9 @@
 
 namespace app {
 
-// Where the Bounds of the objects are told.
+// Where the Bounds of the objects are written.
 enum class BoundsPlace {
-    Nowhere,     // the clause has its own, or there is none
+    Nowhere,     // the clause has its own Bounds, or there are none
     SameLine,    // behind a clause that ends at its datum: the module would skip the line behind it
     LineBehind,  // where the module looks for them
 };

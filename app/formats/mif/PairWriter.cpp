@@ -9,10 +9,6 @@
 namespace app {
 namespace {
 
-std::filesystem::path MidBeside(std::filesystem::path mifPath) {
-    return mifPath.replace_extension(".mid");
-}
-
 // The end of the last whole character.
 std::size_t EndOfCharacters(std::string_view utf8) {
     const auto at = std::find_if(utf8.rbegin(), utf8.rend(),
@@ -24,7 +20,7 @@ std::size_t EndOfCharacters(std::string_view utf8) {
 
 PairWriter::PairWriter(const std::filesystem::path& mifPath, IfExists ifExists)
     : pair_(mifPath, ifExists), mif_(pair_.WorkPath(), pair_.SparePath(), mifPath),
-      mid_(MidBeside(pair_.WorkPath()), pair_.SparePath(), MidBeside(mifPath)) {}
+      mid_(pair_.WorkMidPath(), pair_.SparePath(), pair_.MidPath()) {}
 
 void PairWriter::Begin(PairLayer layer) {
     layer_ = std::move(layer);

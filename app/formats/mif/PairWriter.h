@@ -37,7 +37,7 @@ struct PairOutcome {
     std::vector<ColumnOutcome> columns = {};  // with their names in the file, UTF-8
     std::uint64_t lostCharacters = 0;         // that became '?'
     std::uint64_t unplacedObjects =
-        0;  // that became None for a coordinate that is no finite number
+        0;  // that became None for a coordinate that is not a finite number
 };
 
 // Begin, Write every feature, Finish. Without Finish nothing is left. All throw Failure.

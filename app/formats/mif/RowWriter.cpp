@@ -17,8 +17,8 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Takes what has the form away from the front, where '0' stands for any digit; its digits go to
-// `digits`. False, with nothing taken, for another text.
+// Removes a beginning of the given form, in which '0' means any digit, and puts its digits into
+// `digits`. Returns false, and removes nothing, for another text.
 bool TakeDigits(std::string_view& text, std::string_view form, std::string& digits) {
     const bool hasForm =
         text.size() >= form.size() &&
@@ -93,11 +93,6 @@ bool IsPlainWord(std::string_view text) {
         return IsDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '+' ||
                c == '-' || c == '.' || c == ':' || c == '/' || c == '_';
     });
-}
-
-std::string TextOf(double number) {
-    std::array<char, kShortestNumberSize> text{};
-    return {text.data(), WritePlain(text.data(), number)};
 }
 
 template <typename Small> bool Fits(std::int64_t number) {
@@ -194,7 +189,7 @@ void RowWriter::AppendWhole(std::string& out, std::size_t at, std::int64_t numbe
 
 void RowWriter::AppendReal(std::string& out, std::size_t at, double number) {
     State& state = columns_[at];
-    const std::string word = TextOf(number);
+    const std::string word = PlainText(number);
     if (IsNumber(state.column.kind) && std::isfinite(number)) {
         state.hasFractions = true;
         AppendWord(out, state, word);

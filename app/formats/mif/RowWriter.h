@@ -18,9 +18,9 @@ inline constexpr int kMostCharBytes = 254;
 
 struct RowForm {
     char delimiter = ',';
-    // Whether columns keep the types that they came with, as those of a MIF file do. Else a type is
-    // the narrowest that holds the values: Integer for 64-bit numbers that are none, Char where a
-    // value is of another kind.
+    // True: columns keep the types that they came with, as those of a MIF file do. False: each gets
+    // the narrowest type that holds its values: Integer when all fit into 32 bits, Char when one is
+    // of another kind.
     bool keepsTypes = false;
 };
 
@@ -34,7 +34,8 @@ struct ColumnOutcome {
     std::string firstOther;                      // the first of them, UTF-8
 };
 
-// Nulls are empty, texts stand in quotes with their own quotes doubled. Dates and times are digits.
+// Nulls are empty, texts are in quotes, and their own quotes are doubled. Dates and times are
+// digits.
 class RowWriter {
 public:
     // `charset` must outlive the writer.

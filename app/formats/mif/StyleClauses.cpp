@@ -73,8 +73,7 @@ void AppendSymbol(std::string& out, const Symbol& symbol, PairCharset& charset) 
         out += ',';
         AppendInteger(out, symbol.styleBits);
         out += ',';
-        std::array<char, kShortestNumberSize> text{};
-        out.append(text.data(), WritePlain(text.data(), symbol.rotationDegrees));
+        out += PlainText(symbol.rotationDegrees);
     }
     Close(out);
 }

@@ -398,8 +398,8 @@ TEST_F(GeoPackage, GivesARowWithoutGeometryForCoordinatesThatAreNoNumbers) {
     EXPECT_EQ(Query("SELECT fid, typeof(geom) FROM layer"), "1|null\n2|blob\n3|null");
     EXPECT_EQ(Query("SELECT min_x, max_y FROM gpkg_contents"), "1.0|2.0");
     EXPECT_EQ(Messages(), "qolf: warning: " + Path().string() +
-                              ": layer layer: 2 objects have coordinates that give no geometry; "
-                              "the rows have none\n");
+                              ": layer layer: 2 objects have coordinates that make no geometry; "
+                              "written without geometry\n");
 }
 
 TEST_F(GeoPackage, GivesARowWithoutGeometryForARegionThatEnclosesNothing) {

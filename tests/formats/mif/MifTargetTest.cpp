@@ -280,8 +280,8 @@ TEST_F(MifTarget, WarnsOfObjectsWithoutAPlace) {
 
     Write({PointAt(1, std::numeric_limits<double>::infinity(), {"a"})});
 
-    EXPECT_EQ(Messages(), "qolf: warning: 1 object has no place, with coordinates that are no "
-                          "finite numbers; written without geometry\n");
+    EXPECT_EQ(Messages(), "qolf: warning: 1 object has coordinates that are not finite "
+                          "numbers; written without geometry\n");
 }
 
 TEST_F(MifTarget, WarnsOfMoreColumnsThanOthersRead) {
@@ -315,7 +315,7 @@ TEST_F(MifTarget, RefusesAnEncodingThatMifFilesDoNotHave) {
         FAIL() << "the encoding is taken";
     } catch (const app::UsageError& error) {
         EXPECT_STREQ(error.what(),
-                     "--encoding KOI8-R: MIF files can't be in it; UTF-8 has every character");
+                     "encoding KOI8-R: MIF files can't be in it; UTF-8 has every character");
     }
 }
 
