@@ -1,5 +1,6 @@
 #include "app/convert/ConvertOptions.h"
 
+#include "app/base/Errors.h"
 #include "app/crs/Definitions.h"
 
 namespace app {
@@ -44,6 +45,13 @@ std::optional<std::string> ExportOptionString(const ConvertOptions& options) {
     }
     add(!options.optionString, "ForgetOptions=1");
     return text;
+}
+
+void CheckStyles(const ConvertOptions& options, const Format& output) {
+    if (options.withStyles && !output.holds.styles) {
+        throw UsageError("--styles is for GeoJSON and GeoPackages; a MIF file always has its "
+                         "styles");
+    }
 }
 
 }  // namespace app

@@ -64,6 +64,7 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
             CheckNotInput(PathFromArgument(input), PathFromArgument(output.argument));
         }
     }
+    CheckStyles(options, output.format);
     if (output.format.checkTarget != nullptr) {
         output.format.checkTarget(output.argument);
     }

@@ -19,7 +19,8 @@ public:
     bool IsNeeded() const { return transformation_.IsNeeded(); }
 
     // Points that fail become infinite. Degrees are rounded to nine decimals, lengths to about a
-    // hundredth of a millimetre: what lies behind them is the noise of the computation.
+    // hundredth of a millimetre: what lies behind them is the noise of the computation. Texts get
+    // the height and angle that they have there, and lose their box.
     void Apply(Feature& feature);
     void Apply(std::vector<shr::Vec2d>& points);
 
@@ -29,6 +30,9 @@ public:
     const std::vector<std::string>& Warnings() const { return transformation_.Warnings(); }
 
 private:
+    void Apply(Geometry& geometry);
+    void ApplyToText(Geometry& text);
+
     Transformation transformation_;
     double stepsPerUnit_;  // of the rounded coordinates
     std::vector<double> x_;

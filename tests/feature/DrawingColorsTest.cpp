@@ -1,5 +1,5 @@
 // Layer colours and colours as users write them.
-#include "app/draw/DrawingColors.h"
+#include "app/feature/DrawingColors.h"
 
 #include <gtest/gtest.h>
 

@@ -1,15 +1,17 @@
 // What an object is drawn with: its own style, and its layer's colours where it has none.
 #pragma once
 
-#include "app/draw/DrawingColors.h"
-#include "app/draw/FontCatalogue.h"
+#include "app/feature/DrawingColors.h"
 #include "app/feature/Feature.h"
 #include "app/feature/StyleLooks.h"
 #include "app/feature/SymbolShapes.h"
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 
 namespace app {
 
@@ -48,8 +50,12 @@ struct Marker {
     bool operator==(const Marker&) const = default;
 };
 
-// The width of a border, outside the symbol.
+// The width of a border, outside the symbol, and its colour.
 double BorderWidth(const Marker& marker);
+const shr::Color4b& BorderColor(Marker::Border border);
+
+// Under the thinnest pens the dashes would drown: they are those of a pen of this width, pixels.
+inline constexpr double kThinnestDashUnit = 1.0;
 
 struct Lettering {
     std::string family;  // empty: the system's own sans-serif
@@ -62,9 +68,13 @@ struct Lettering {
     std::optional<shr::Color4b> ground;  // a box behind them
 };
 
+// Finds the character of a font by its code, as UTF-8; empty when there is none to draw.
+using CharacterFinder = std::function<std::string(const std::string& font, int code)>;
+
 class StyleResolver {
 public:
-    explicit StyleResolver(StyleSource source) : source_(source), colors_(ColorsOfLayer(0)) {}
+    StyleResolver(StyleSource source, CharacterFinder characterOf)
+        : source_(source), colors_(ColorsOfLayer(0)), characterOf_(std::move(characterOf)) {}
 
     // Layers have colours by their number, from 0.
     void BeginLayer(std::size_t layer) { colors_ = ColorsOfLayer(layer); }
@@ -72,16 +82,16 @@ public:
     // `kind` is Line, or that of an area.
     Stroke StrokeOf(const Style& style, GeometryKind kind) const;
     Fill FillOf(const Style& style) const;
-    Marker MarkerOf(const Style& style);
+    Marker MarkerOf(const Style& style) const;
     Lettering LetteringOf(const Style& style) const;
 
     // By how many pixels the object's ink reaches beyond its points.
-    double ReachOf(const Geometry& geometry);
+    double ReachOf(const Geometry& geometry) const;
 
 private:
     StyleSource source_;
     LayerColors colors_;
-    FontCatalogue fonts_;
+    CharacterFinder characterOf_;
 };
 
 }  // namespace app

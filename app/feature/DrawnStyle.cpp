@@ -1,6 +1,6 @@
-#include "app/draw/DrawnStyle.h"
+#include "app/feature/DrawnStyle.h"
 
-#include "app/draw/LabelText.h"
+#include "app/feature/LabelText.h"
 #include "app/feature/ObjectStyles.h"
 
 #include <algorithm>
@@ -53,6 +53,15 @@ double BorderWidth(const Marker& marker) {
     }
 }
 
+const shr::Color4b& BorderColor(Marker::Border border) {
+    // The light one sets a symbol without a style off against areas and other symbols.
+    static constexpr shr::Color4b kLightEdge{255, 255, 255, 220};
+    static constexpr shr::Color4b kBlack{0, 0, 0};
+    return border == Marker::Border::Light   ? kLightEdge
+           : border == Marker::Border::White ? kWhite
+                                             : kBlack;
+}
+
 Stroke StyleResolver::StrokeOf(const Style& style, GeometryKind kind) const {
     if (source_ == StyleSource::Layers || !style.pen) {
         const bool isLine = kind == GeometryKind::Line || kind == GeometryKind::Arc;
@@ -73,7 +82,7 @@ Fill StyleResolver::FillOf(const Style& style) const {
     return fill;
 }
 
-Marker StyleResolver::MarkerOf(const Style& style) {
+Marker StyleResolver::MarkerOf(const Style& style) const {
     Marker marker;
     marker.shape = &ShapeOf(kCircle);
     if (source_ == StyleSource::Layers || !style.symbol) {
@@ -96,7 +105,7 @@ Marker StyleResolver::MarkerOf(const Style& style) {
         marker.hasShadow = (bits & kSymbolShadow) != 0;
         marker.isBold = (bits & kBoldSymbol) != 0;
         marker.family = CleanName(symbol.name);
-        marker.character = fonts_.CharacterOf(marker.family, symbol.shape);
+        marker.character = characterOf_(marker.family, symbol.shape);
         if (marker.character.empty()) {
             marker.family.clear();
         } else if (std::isfinite(symbol.rotationDegrees)) {
@@ -131,7 +140,7 @@ Lettering StyleResolver::LetteringOf(const Style& style) const {
     return lettering;
 }
 
-double StyleResolver::ReachOf(const Geometry& geometry) {
+double StyleResolver::ReachOf(const Geometry& geometry) const {
     switch (geometry.kind) {
     case GeometryKind::None:
     case GeometryKind::Collection:

@@ -1,4 +1,4 @@
-#include "app/draw/DrawingColors.h"
+#include "app/feature/DrawingColors.h"
 
 #include <algorithm>
 #include <array>

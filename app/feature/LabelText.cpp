@@ -1,4 +1,4 @@
-#include "app/draw/LabelText.h"
+#include "app/feature/LabelText.h"
 
 #include "app/base/Utf8.h"
 

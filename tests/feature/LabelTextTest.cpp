@@ -1,5 +1,5 @@
 // What becomes of a text before it is drawn.
-#include "app/draw/LabelText.h"
+#include "app/feature/LabelText.h"
 
 #include <gtest/gtest.h>
 
