@@ -26,14 +26,15 @@ double GreatCircle(const shr::Vec2d& from, const shr::Vec2d& to) {
 
 }  // namespace
 
-std::optional<double> MetresPerPixel(const gcs::CSDef* system, const Viewport& viewport) {
-    if (system == nullptr) {
+std::optional<double> MetresPerPixel(const CoordinateSystem* system, const Viewport& viewport) {
+    if (system == nullptr || system->kind == SystemKind::Unknown ||
+        system->kind == SystemKind::Faulty) {
         return std::nullopt;
     }
-    if (system->Type() != gcs::CSType::Earth) {
-        const double perMetre = system->UnitFactor();
-        return perMetre > 0.0 ? std::optional(1.0 / perMetre / viewport.PixelsPerUnit())
-                              : std::nullopt;
+    if (system->kind == SystemKind::Plane) {
+        return system->metresPerUnit > 0.0
+                   ? std::optional(system->metresPerUnit / viewport.PixelsPerUnit())
+                   : std::nullopt;
     }
     // A short way: on a long one a projection turns and stretches.
     const double width = viewport.Page().width / 100.0;
@@ -41,7 +42,7 @@ std::optional<double> MetresPerPixel(const gcs::CSDef* system, const Viewport& v
     std::vector<shr::Vec2d> ends{viewport.ToWorld({middle.x - width / 2.0, middle.y}),
                                  viewport.ToWorld({middle.x + width / 2.0, middle.y})};
     try {
-        Reprojection(system, nullptr).Apply(ends);
+        Reprojection(*system, Wgs84System()).Apply(ends);
     } catch (const Failure&) {
         return std::nullopt;
     }
