@@ -193,7 +193,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyRow{"Cut", R"({"type":"FeatureCollection","features":[{)", "is not valid GeoJSON"},
         FaultyRow{"UnknownGeometry",
                   CollectionOf(FeatureOf(R"({"type":"Blob","coordinates":[1]})")),
-                  "feature 1: the geometry type \"Blob\""},
+                  "feature 1: GeoJSON has no geometry type \"Blob\""},
         FaultyRow{"NoCoordinates", CollectionOf(FeatureOf(R"({"type":"Point"})")),
                   "has no array \"coordinates\""},
         FaultyRow{"TextForNumber",
@@ -205,7 +205,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyRow{"LineOfOnePosition",
                   CollectionOf(FeatureOf(R"({"type":"LineString","coordinates":[[1,2]]})")),
                   "feature 1: a line has one position only"},
-        FaultyRow{"TypeThatIsNoText", R"({"type":[1]})", "the geometry type \"\""},
+        FaultyRow{"TypeThatIsNoText", R"({"type":[1]})", "GeoJSON has no geometry type \"\""},
         FaultyRow{"NestedWithoutEnd",
                   CollectionOf(R"({"type":"Feature","properties":{"a":)" +
                                std::string(200'000, '[') + std::string(200'000, ']') +
