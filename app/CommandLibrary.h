@@ -5,7 +5,6 @@
 
 #include "app/commands/Command.h"
 #include "app/crs/CrsIdentity.h"
-#include "host/gcs/CSDef.h"
 
 #include <span>
 
@@ -16,7 +15,7 @@ namespace app {
 struct CommandLibrary {
     const char* version;
     std::span<const CommandEntry> commands;
-    CrsIdentity (*identify)(const gcs::CSDef& system);
+    CrsIdentity (*identify)(const CoordinateSystem& system);
 };
 
 inline constexpr const char* kCommandLibraryFileName = "qolf-commands.so";

@@ -37,7 +37,7 @@ foreach(document IN ITEMS findings geopackage integrating reading reliability ro
   install(FILES "${PROJECT_SOURCE_DIR}/docs/${document}.md"
           DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs")
 endforeach()
-install(FILES "${PROJECT_SOURCE_DIR}/docs/images/island.png"
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/images/"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs/images")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/count-objects"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}/examples")

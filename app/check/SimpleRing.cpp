@@ -39,7 +39,13 @@ bool AreRangesApart(double a, double b, double c, double d) {
 }  // namespace
 
 bool SimpleRing::IsSimple(std::span<const shr::Vec2d> ring) {
-    if (!TakePoints(ring) || !AreNeighboursApart()) {
+    if (!TakePoints(ring)) {
+        return false;
+    }
+    if (IsStarShaped()) {
+        return true;
+    }
+    if (!AreNeighboursApart()) {
         return false;
     }
     return EdgeCount() <= kFewEdges ? AreAllApart() : SortIntoCells() && AreApartInCells();
@@ -62,6 +68,26 @@ bool SimpleRing::TakePoints(std::span<const shr::Vec2d> ring) {
         points_.push_back(shr::Vec2d(points_.front()));
     }
     return points_.size() > 3;
+}
+
+// Whether the edges, seen from the middle of the vertices, follow each other in one full turn.
+bool SimpleRing::IsStarShaped() const {
+    const shr::Vec2d& first = points_.front();
+    shr::Vec2d sum{0.0, 0.0};
+    for (std::size_t i = 0; i < EdgeCount(); ++i) {
+        sum = {sum.x + (points_[i].x - first.x), sum.y + (points_[i].y - first.y)};
+    }
+    const auto count = static_cast<double>(EdgeCount());
+    const shr::Vec2d middle{first.x + sum.x / count, first.y + sum.y / count};
+    const int turn = SideOf(points_[0], points_[1], middle);
+    std::size_t crossings = 0;  // of the horizontal line through the middle
+    for (std::size_t i = 0; i < EdgeCount(); ++i) {
+        if (turn == 0 || SideOf(points_[i], points_[i + 1], middle) != turn) {
+            return false;
+        }
+        crossings += (points_[i].y < middle.y) != (points_[i + 1].y < middle.y) ? 1 : 0;
+    }
+    return crossings == 2;
 }
 
 // Whether no edge folds back onto the one before.

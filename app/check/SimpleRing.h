@@ -10,8 +10,9 @@
 
 namespace app {
 
-// Sorts the edges of a ring into the cells of a grid, and looks at those that share a cell. Takes
-// time and memory in proportion to the vertices, and gives up where that would not do.
+// Knows most rings by looking around from their middle. Sorts the edges of the others into the
+// cells of a grid, and looks at those that share a cell. Takes time and memory in proportion to the
+// vertices, and gives up where that would not do.
 class SimpleRing {
 public:
     // True when the ring, closed if it is not, certainly neither crosses nor touches itself. False:
@@ -25,6 +26,7 @@ private:
     };
 
     bool TakePoints(std::span<const shr::Vec2d> ring);
+    bool IsStarShaped() const;
     bool AreNeighboursApart() const;
     bool AreAllApart() const;
     bool SortIntoCells();

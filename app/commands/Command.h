@@ -4,7 +4,6 @@
 
 #include "app/base/Reporter.h"
 #include "app/crs/CrsIdentity.h"
-#include "host/gcs/CSDef.h"
 
 #include <functional>
 #include <span>
@@ -27,7 +26,7 @@ struct CommandContext {
 
     // Finds a coordinate system in PROJ's register. Loads the command library; throws Failure when
     // there is none.
-    std::function<CrsIdentity(const gcs::CSDef&)> identify;
+    std::function<CrsIdentity(const CoordinateSystem&)> identify;
 };
 
 // A row of the list of subcommands.

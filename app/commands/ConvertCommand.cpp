@@ -96,7 +96,8 @@ void AddInput(CLI::App& command, ConvertOptions& options) {
         ->type_name("N")
         ->check(CLI::Range(4, 100000))
         ->capture_default_str();
-    command.add_flag("--styles", options.withStyles, "Add simplestyle properties to GeoJSON");
+    command.add_flag("--styles", options.withStyles,
+                     "Write the styles to GeoJSON or a GeoPackage, too");
     command.add_flag("--overwrite", options.overwrite, "Replace files that exist");
 }
 

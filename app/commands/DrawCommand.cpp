@@ -21,7 +21,8 @@ names.
 Examples:
   qolf draw roads.mif roads.png
   qolf draw lakes.mif roads.gpkg places.geojson map.svg
-  qolf draw --ignore-styles maps/ overview.png
+  qolf draw --ignore-styles --legend maps/ overview.png
+  qolf draw --label places:NAME --scale-bar roads.mif places.mif map.pdf
   qolf draw --bbox 24.5,59.3,25,59.5 --width 1600 roads.mif centre.pdf
   qolf draw --crs EPSG:3857 --background '#eef4f8' roads.mif web.png)";
 
@@ -59,6 +60,15 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
         ->type_name("CRS");
     command->add_flag("--ignore-styles", arguments->ignoreStyles,
                       "Draw each layer in a colour of its own");
+    command
+        ->add_option("--label", arguments->labels,
+                     "Label the objects with this column; more than one --label may be given")
+        ->type_name("[LAYER:]COLUMN")
+        ->allow_extra_args(false);
+    command->add_flag("--legend", arguments->legend, "Show the styles of each layer");
+    command->add_flag("--scale-bar", arguments->scaleBar, "Show how long a kilometre is");
+    command->add_option("--title", arguments->title, "Words at the top of the picture")
+        ->type_name("TEXT");
     command->add_flag("--overwrite", arguments->overwrite, "Replace the picture if it exists");
     command->add_flag("--as-is", arguments->asIs, "Hand files to the module as they are");
     command

@@ -12,7 +12,9 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
     if (options.format.empty()) {
         throw UsageError("--output-dir needs --to, which names the format of the outputs");
     }
-    const std::string_view extension = FormatOfName(options.format).extensions.front();
+    const Format& format = FormatOfName(options.format);
+    CheckStyles(options, format);
+    const std::string_view extension = format.extensions.front();
     BatchOptions batch;
     batch.items = PlanBatch(options.paths, PathFromArgument(options.outputFolder),
                             std::string(extension.substr(1)), FormatOfName("mif").extensions);

@@ -1,6 +1,7 @@
 #include "app/convert/ConvertOptions.h"
 
-#include "app/convert/SystemPlan.h"
+#include "app/base/Errors.h"
+#include "app/crs/Definitions.h"
 
 namespace app {
 
@@ -10,7 +11,7 @@ SourceOptions SourceOptionsOf(const ConvertOptions& options, Reporter& reporter)
     result.noStore = options.noStore;
     result.encoding = options.encoding;
     if (!options.assumedCrs.empty()) {
-        result.assumedSystem = SystemOfDefinition("--assume-crs", options.assumedCrs, reporter);
+        result.assumedSystem = SystemOfOption("--assume-crs", options.assumedCrs, reporter);
     }
     result.modulePath = options.modulePath;
     return result;
@@ -44,6 +45,13 @@ std::optional<std::string> ExportOptionString(const ConvertOptions& options) {
     }
     add(!options.optionString, "ForgetOptions=1");
     return text;
+}
+
+void CheckStyles(const ConvertOptions& options, const Format& output) {
+    if (options.withStyles && !output.holds.styles) {
+        throw UsageError("--styles is for GeoJSON and GeoPackages; a MIF file always has its "
+                         "styles");
+    }
 }
 
 }  // namespace app

@@ -4,6 +4,7 @@
 #include "app/base/Reporter.h"
 #include "app/feature/Source.h"
 #include "app/feature/Target.h"
+#include "app/formats/Formats.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -55,5 +56,8 @@ TargetOptions TargetOptionsOf(const ConvertOptions& options);
 // behind it. Without a string of the user's own, the filter is told to forget the options
 // afterwards. Absent when there is nothing to tell the filter.
 std::optional<std::string> ExportOptionString(const ConvertOptions& options);
+
+// Throws UsageError for --styles where the output's format does not leave styles to the user.
+void CheckStyles(const ConvertOptions& options, const Format& output);
 
 }  // namespace app

@@ -5,6 +5,7 @@
 #include "app/base/Paths.h"
 #include "app/base/platform/System.h"
 #include "app/convert/LayerConversion.h"
+#include "app/convert/SystemPlan.h"
 #include "app/formats/Formats.h"
 
 #include <algorithm>
@@ -63,6 +64,7 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
             CheckNotInput(PathFromArgument(input), PathFromArgument(output.argument));
         }
     }
+    CheckStyles(options, output.format);
     if (output.format.checkTarget != nullptr) {
         output.format.checkTarget(output.argument);
     }
@@ -110,7 +112,12 @@ void ConvertInput(const ConvertOptions& options, const NamedFile& input,
 bool Convert(const ConvertOptions& options, const Conversion& conversion, Reporter& reporter) {
     const NamedFile& output = conversion.output;
     if (IsCopy(options, conversion)) {
-        return output.format.copy(conversion.inputs.front().argument, conversion.sourceOptions,
+        SourceOptions sourceOptions = conversion.sourceOptions;
+        if (sourceOptions.assumedSystem != nullptr) {
+            sourceOptions.assumedSystem =
+                AsClause(*sourceOptions.assumedSystem, "--assume-crs: ", reporter);
+        }
+        return output.format.copy(conversion.inputs.front().argument, sourceOptions,
                                   output.argument, conversion.targetOptions, reporter);
     }
     const std::unique_ptr<Target> target =

@@ -27,14 +27,14 @@ LayerConversion::LayerConversion(const ConvertOptions& options, const Format& fo
 
 bool LayerConversion::Begin(LayerFacts facts, const std::string& subject) {
     subject_ = subject;
-    plan_ = PlanSystems(facts.system.get(), format_.systems, options_.crs, subject, reporter_);
+    plan_ = PlanSystems(facts.system, format_.systems, options_.crs, subject, reporter_);
     if (plan_.reprojection) {
         facts.knownExtent.reset();  // a box does not stay one
         if (facts.pair) {
             facts.pair->coordSysText.clear();
         }
     }
-    facts.system = std::move(plan_.output);
+    facts.system = plan_.output;
     facts.columns = filter_.SelectColumns(facts.columns, subject);
     target_.BeginLayer(facts);
     return !filter_.IsEmpty();

@@ -1,7 +1,8 @@
 #include "app/convert/SystemPlan.h"
 
 #include "app/base/Errors.h"
-#include "app/crs/GcsFromCrs.h"
+#include "app/crs/ClauseForExport.h"
+#include "app/crs/Definitions.h"
 
 #include <utility>
 
@@ -11,48 +12,45 @@ namespace {
 
 constexpr const char* kKeep = "keep";
 
-std::unique_ptr<gcs::CSDef> CopyOf(const gcs::CSDef* system) {
-    return system == nullptr ? nullptr : system->Clone();
+SystemPtr Shared(CoordinateSystem system) {
+    return std::make_shared<const CoordinateSystem>(std::move(system));
 }
 
-// Returns the system that the output should have; null when it keeps the input's own.
-std::unique_ptr<gcs::CSDef> WantedSystem(SystemRule rule, const std::string& crs,
-                                         Reporter& reporter) {
-    if (crs == kKeep || (crs.empty() && rule == SystemRule::AsInput)) {
-        return nullptr;
-    }
-    if (crs.empty()) {
-        return std::make_unique<gcs::GCSDef>(Wgs84System());
-    }
-    std::unique_ptr<gcs::CSDef> system = SystemOfDefinition("--crs", crs, reporter);
-    if (rule == SystemRule::Wgs84Only && !IsWgs84(system.get())) {
-        throw UsageError("--crs " + crs +
-                         ": GeoJSON is longitude and latitude of WGS 84; "
-                         "use --crs keep, or another format");
-    }
-    return system;
+// What a kept system becomes for a format that has no affine transformations.
+CoordinateSystem WithoutAffine(const CoordinateSystem& system) {
+    Clause clause = *system.clause;
+    clause.affine.reset();
+    return SystemOfClause(std::move(clause));
 }
 
-}  // namespace
+// Coordinates that can't be placed stay as they are, unless a place was asked for.
+void CheckSource(const SystemPtr& source, const std::string& crs, const std::string& prefix,
+                 Reporter& reporter) {
+    if (source == nullptr) {
+        return;
+    }
+    const std::string advice = "; name the system of the file with --assume-crs";
+    const bool isPlaceAsked = !crs.empty() && crs != kKeep;
+    const bool isUnknown = source->kind == SystemKind::Unknown;
+    if (source->kind == SystemKind::Faulty || (isUnknown && isPlaceAsked)) {
+        throw Failure(prefix + source->problem + advice);
+    }
+    if (isUnknown) {
+        reporter.Warning(prefix + source->problem + "; the coordinates stay as they are");
+    }
+    for (const std::string& note : source->notes) {
+        reporter.Detail(prefix + note);
+    }
+    for (const std::string& warning : source->warnings) {
+        reporter.Warning(prefix + warning);
+    }
+}
 
-SystemPlan PlanSystems(const gcs::CSDef* source, SystemRule rule, const std::string& crs,
-                       const std::string& subject, Reporter& reporter) {
-    std::unique_ptr<gcs::CSDef> wanted = WantedSystem(rule, crs, reporter);
+SystemPlan Reprojected(const SystemPtr& source, SystemPtr wanted, const std::string& prefix,
+                       Reporter& reporter) {
     SystemPlan plan;
-    if (wanted == nullptr || source == nullptr) {
-        plan.output = CopyOf(source);
-        if (rule == SystemRule::Wgs84Only && !IsWgs84(source)) {
-            reporter.Note(subject + ": the coordinates are written as they are, which is not the "
-                                    "longitude and latitude that GeoJSON readers expect");
-        } else if (wanted != nullptr) {
-            reporter.Note(subject +
-                          ": has no place on the Earth; the coordinates stay as they are");
-        }
-        return plan;
-    }
     try {
-        Reprojection reprojection(source, wanted.get());
-        const std::string prefix = subject + ": ";
+        Reprojection reprojection(*source, *wanted);
         for (const std::string& warning : reprojection.Warnings()) {
             reporter.Warning(prefix + warning);
         }
@@ -61,26 +59,79 @@ SystemPlan PlanSystems(const gcs::CSDef* source, SystemRule rule, const std::str
         }
         plan.output = std::move(wanted);
     } catch (const Failure& failure) {
-        reporter.Warning(subject + ": " + failure.what() + "; the coordinates stay as they are");
-        plan.output = CopyOf(source);
+        reporter.Warning(prefix + failure.what() + "; the coordinates stay as they are");
+        plan.output = source;
     }
     return plan;
 }
 
-std::unique_ptr<gcs::CSDef> SystemOfDefinition(const std::string& option,
-                                               const std::string& definition, Reporter& reporter) {
-    if (definition == "wgs84" || definition == "WGS84" || definition == "EPSG:4326") {
-        return std::make_unique<gcs::GCSDef>(Wgs84System());
+// The coordinates stay, unless the format can't say what they are.
+SystemPlan Kept(const SystemPtr& source, SystemRule rule, bool isAsked, const std::string& prefix,
+                Reporter& reporter) {
+    const bool hasAffine = source->clause && source->clause->affine;
+    if (rule != SystemRule::AsClause) {
+        return hasAffine ? Reprojected(source, Shared(WithoutAffine(*source)), prefix, reporter)
+                         : SystemPlan{source, std::nullopt};
     }
-    CrsForExport found = GcsFromCrs(definition);
-    const std::string prefix = option + " " + definition + ": ";
+    try {
+        return {AsClause(*source, prefix, reporter), std::nullopt};
+    } catch (const Failure& failure) {
+        if (isAsked) {
+            reporter.Warning(std::string(failure.what()) + "; no system is written");
+            return {};
+        }
+        reporter.Warning(std::string(failure.what()) +
+                         "; longitude and latitude of WGS 84 are written");
+        return Reprojected(source, AsClause(Wgs84System(), prefix, reporter), prefix, reporter);
+    }
+}
+
+SystemPlan Plan(const SystemPtr& source, SystemRule rule, const std::string& crs,
+                const std::string& prefix, Reporter& reporter) {
+    if (source == nullptr || !source->IsOnEarth()) {
+        return {source, std::nullopt};
+    }
+    if (crs == kKeep || (crs.empty() && rule == SystemRule::AsClause)) {
+        return Kept(source, rule, crs == kKeep, prefix, reporter);
+    }
+    SystemPtr named = crs.empty() ? Shared(Wgs84System()) : SystemOfOption("--crs", crs, reporter);
+    if (rule != SystemRule::AsClause) {
+        return Reprojected(source, std::move(named), prefix, reporter);
+    }
+    SystemPtr clause = AsClause(*named, "--crs " + crs + ": ", reporter);
+    return IsSameSystem(*source, *named) ? SystemPlan{std::move(clause), std::nullopt}
+                                         : Reprojected(source, std::move(clause), prefix, reporter);
+}
+
+}  // namespace
+
+SystemPlan PlanSystems(const SystemPtr& source, SystemRule rule, const std::string& crs,
+                       const std::string& subject, Reporter& reporter) {
+    const std::string prefix = subject + ": ";
+    CheckSource(source, crs, prefix, reporter);
+    SystemPlan plan = Plan(source, rule, crs, prefix, reporter);
+    if (rule == SystemRule::Wgs84Expected && (plan.output == nullptr || !IsWgs84(*plan.output))) {
+        reporter.Note(prefix +
+                      (plan.reprojection
+                           ? "the coordinates are those of \"" + plan.output->name + "\", and not"
+                           : "the coordinates are written as they are, which is not") +
+                      " the longitude and latitude that GeoJSON readers expect");
+    } else if (crs != kKeep && (source == nullptr || source->kind == SystemKind::Plane) &&
+               (rule != SystemRule::AsClause || !crs.empty())) {
+        reporter.Note(prefix + "has no place on the Earth; the coordinates stay as they are");
+    }
+    return plan;
+}
+
+SystemPtr AsClause(const CoordinateSystem& system, const std::string& prefix, Reporter& reporter) {
+    ClauseForExport found = ClauseOf(system);
     if (!found) {
         throw Failure(prefix + found.problem);
     }
     for (const std::string& warning : found.warnings) {
         reporter.Warning(prefix + warning);
     }
-    return std::move(found.system);
+    return Shared(SystemOfClause(std::move(*found.clause)));
 }
 
 }  // namespace app

@@ -1,108 +1,47 @@
 #include "app/crs/CrsIdentity.h"
 
-#include "app/crs/GcsToProj.h"
-#include "app/crs/detail/DatumCodes.h"
-#include "app/crs/detail/ProjHandles.h"
+#include "app/base/Errors.h"
+#include "app/crs/ClauseForExport.h"
+#include "app/crs/Datums.h"
+#include "app/crs/ProjText.h"
+#include "app/crs/detail/Frames.h"
+#include "app/crs/detail/Register.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <array>
+#include <cctype>
 #include <cmath>
+#include <optional>
 #include <string_view>
+#include <tuple>
+#include <vector>
 
 namespace app {
 
 namespace {
 
-constexpr const wchar_t* kPopularVisualisationDatum = L"DATUM_EPSG_CRS4055_DAT6055_OP15973";
-constexpr int kPseudoMercator = 3857;
+using detail::PjHandle;
+using detail::RegisterEntry;
+using enum ProjectionParameter;
 
-bool IsWebMap(const gcs::GCSDef& system) {
-    const gcs::ProjectionParameters p = system.GetProjection().GetParameters();
-    return system.GetDatum().GetToken() == kPopularVisualisationDatum &&
-           system.GetProjection().GetMethod() == gcs::ProjectionMethod::Mercator &&
-           p.centralLongitude == 0.0 && p.falseEasting == 0.0 && p.falseNorthing == 0.0 &&
-           p.unitsPerMetre == 1.0;
+constexpr int kWgs84 = 4326;
+constexpr int kEtrs89 = 4258;
+constexpr int kNad83 = 4269;
+constexpr int kPopularVisualisation = 4055;
+constexpr int kPseudoMercator = 3857;
+constexpr std::int64_t kMercator = 10;
+
+bool IsWebMap(const Clause& clause) {
+    return EpsgGeographicCodeOf(clause.datum) == kPopularVisualisation &&
+           clause.projection->code == kMercator && clause[OriginLongitude] == 0.0 &&
+           clause.metresPerUnit == 1.0;
 }
 
 nlohmann::json JsonOf(PJ_CONTEXT* context, const PJ* object) {
     const char* text = proj_as_projjson(context, object, nullptr);
     return text == nullptr ? nlohmann::json() : nlohmann::json::parse(text);
-}
-
-// The register's geographic system of the datum, when it means the same frame: same ellipsoid (to
-// 1 mm), and degrees as the file has them.
-detail::PjHandle RegisteredFrame(PJ_CONTEXT* context, const gcs::DatumDef& datum) {
-    const int code = detail::EpsgGeographicCodeOf(datum);
-    if (code == 0) {
-        return nullptr;
-    }
-    detail::PjHandle frame = detail::FromRegister(context, code);
-    const detail::PjHandle ellipsoid(frame ? proj_get_ellipsoid(context, frame.get()) : nullptr);
-    double major = 0.0;
-    double minor = 0.0;
-    if (!ellipsoid || !proj_ellipsoid_get_parameters(context, ellipsoid.get(), &major, &minor,
-                                                     nullptr, nullptr)) {
-        return nullptr;
-    }
-    constexpr double kSameMetres = 1e-3;
-    const bool isSame = std::fabs(major - datum.GetEllipsoid().GetMajorRadius()) < kSameMetres &&
-                        std::fabs(minor - datum.GetEllipsoid().GetMinorRadius()) < kSameMetres;
-    return isSame ? std::move(frame) : nullptr;
-}
-
-bool HasDegrees(PJ_CONTEXT* context, const PJ* frame) {
-    const detail::PjHandle axes(proj_crs_get_coordinate_system(context, frame));
-    const char* unit = nullptr;
-    return axes &&
-           proj_cs_get_axis_info(context, axes.get(), 0, nullptr, nullptr, nullptr, nullptr, &unit,
-                                 nullptr, nullptr) != 0 &&
-           unit != nullptr && std::string_view(unit) == "degree";
-}
-
-detail::PjHandle FromJson(PJ_CONTEXT* context, const nlohmann::json& json) {
-    return detail::PjHandle(proj_create(context, json.dump().c_str()));
-}
-
-// The projected system on the register's geographic one; null when PROJ can't make it.
-nlohmann::json OnFrame(PJ_CONTEXT* context, const std::string& definition, const PJ* frame,
-                       const std::string& name) {
-    const detail::PjHandle projected(proj_create(context, definition.c_str()));
-    nlohmann::json json;
-    if (projected) {
-        json = JsonOf(context, projected.get());
-        json["base_crs"] = JsonOf(context, frame);
-        json["base_crs"].erase("$schema");
-        json["name"] = name;
-    }
-    return json;
-}
-
-void IdentifyInRegister(PJ_CONTEXT* context, const PJ* system, CrsIdentity& identity) {
-    constexpr int kSure = 90;
-    int* confidences = nullptr;
-    const detail::PjListHandle list(proj_identify(context, system, "EPSG", nullptr, &confidences));
-    detail::PjHandle best;
-    int equalDefinitions = 0;
-    for (int i = 0; list && i < proj_list_get_count(list.get()); ++i) {
-        detail::PjHandle candidate(proj_list_get(context, list.get(), i));
-        const bool isSure = confidences[i] >= kSure;
-        if (!candidate || detail::EpsgCodeOf(candidate.get()) == 0 ||
-            (!isSure && proj_is_equivalent_to_with_ctx(context, system, candidate.get(),
-                                                       PJ_COMP_EQUIVALENT) == 0)) {
-            continue;
-        }
-        best = std::move(candidate);
-        ++equalDefinitions;
-        if (isSure) {
-            equalDefinitions = 1;
-            break;
-        }
-    }
-    proj_int_list_destroy(confidences);
-    if (best && equalDefinitions == 1) {
-        identity.epsgCode = detail::EpsgCodeOf(best.get());
-        identity.epsgName = proj_get_name(best.get());
-    }
 }
 
 std::string WktOf(PJ_CONTEXT* context, const PJ* system) {
@@ -111,49 +50,233 @@ std::string WktOf(PJ_CONTEXT* context, const PJ* system) {
     return wkt != nullptr ? wkt : "";
 }
 
-// The register has systems with the northing first; those are the same to a file.
-void IdentifyInEitherOrder(PJ_CONTEXT* context, nlohmann::json json, CrsIdentity& identity) {
-    const detail::PjHandle eastingFirst = FromJson(context, json);
-    if (!eastingFirst) {
-        return;
+// The clause's system on the register's geographic one, which names the datum; else on its own.
+std::string WktOfClause(PJ_CONTEXT* context, const Clause& clause, const PJ* frame) {
+    if (frame == nullptr) {
+        const PjHandle crs(proj_create(context, ProjCrs(clause).c_str()));
+        return WktOf(context, crs.get());
     }
-    identity.wkt2 = WktOf(context, eastingFirst.get());
-    IdentifyInRegister(context, eastingFirst.get(), identity);
-    nlohmann::json& axes = json["coordinate_system"]["axis"];
-    if (identity.epsgCode == 0 && axes.size() == 2) {
-        std::swap(axes[0], axes[1]);
-        if (const detail::PjHandle northingFirst = FromJson(context, json)) {
-            IdentifyInRegister(context, northingFirst.get(), identity);
+    const PjHandle projected(proj_create(context, ProjCrsWithoutShift(clause).c_str()));
+    if (!projected) {
+        return "";
+    }
+    nlohmann::json json = JsonOf(context, projected.get());
+    json["base_crs"] = JsonOf(context, frame);
+    json["base_crs"].erase("$schema");
+    json["name"] = NameInWords(clause);
+    const PjHandle crs(proj_create(context, json.dump().c_str()));
+    return WktOf(context, crs.get());
+}
+
+bool HasDegrees(PJ_CONTEXT* context, const PJ* frame) {
+    constexpr double kDegree = 0.017453292519943295;
+    return std::fabs(detail::AxesOf(context, frame).unit / kDegree - 1.0) < 1e-9;
+}
+
+// Whether the entry gives the clause's coordinates over its area, from longitudes and latitudes of
+// one datum.
+bool GivesCoordinatesOf(PJ_CONTEXT* context, const Clause& clause, const PJ* entry,
+                        const detail::Area& area) {
+    constexpr double kCentimetre = 0.01;
+    const PjHandle frame(proj_crs_get_geodetic_crs(context, entry));
+    const PjHandle projection(proj_create(context, PipelineToGeographic(clause).c_str()));
+    PjHandle operation(
+        proj_create_crs_to_crs_from_pj(context, frame.get(), entry, nullptr, nullptr));
+    operation.reset(operation ? proj_normalize_for_visualization(context, operation.get())
+                              : nullptr);
+    if (!projection || !operation) {
+        return false;
+    }
+    const std::string fromGreenwich = detail::PipelineFromGreenwich(context, frame.get());
+    const PjHandle toFrame(fromGreenwich.empty() ? nullptr
+                                                 : proj_create(context, fromGreenwich.c_str()));
+    const detail::AreaPoints points = detail::PointsIn(area);
+    bool isAnyCompared = false;
+    for (std::size_t i = 0; i < points.longitudes.size(); ++i) {
+        const PJ_COORD place = proj_coord(points.longitudes[i], points.latitudes[i], 0.0, HUGE_VAL);
+        const PJ_COORD onFrame = toFrame ? proj_trans(toFrame.get(), PJ_FWD, place) : place;
+        const PJ_COORD theirs = proj_trans(operation.get(), PJ_FWD, onFrame);
+        const PJ_COORD ours = proj_trans(projection.get(), PJ_INV, place);
+        if (theirs.xy.x == HUGE_VAL || ours.xy.x == HUGE_VAL) {
+            continue;
+        }
+        isAnyCompared = true;
+        if (!(std::hypot(theirs.xy.x - ours.xy.x, theirs.xy.y - ours.xy.y) * clause.metresPerUnit <
+              kCentimetre)) {
+            return false;
+        }
+    }
+    return isAnyCompared;
+}
+
+// How well an entry's datum fits; the lower the better.
+enum class Fit { Name, Numbers, Family };
+
+// "CH1903+" belongs to "CH1903", "NAD83(2011)" to "NAD83".
+bool IsInFamily(std::string_view name, const char* family) {
+    return family != nullptr && name.starts_with(family) &&
+           name.size() > std::string_view(family).size() &&
+           std::isalnum(static_cast<unsigned char>(name[std::string_view(family).size()])) == 0;
+}
+
+bool HasShiftOf(detail::Register& reg, const Clause& clause, int geographicCode,
+                const detail::Area& area) {
+    const detail::Shift shift = detail::ShiftOf(DatumOf(clause).GetParameters());
+    const std::vector<detail::Shift> known =
+        geographicCode == kWgs84 ? std::vector{detail::Shift()} : reg.ShiftsToWgs84(geographicCode);
+    return std::any_of(known.begin(), known.end(), [&](const detail::Shift& candidate) {
+        return detail::AreSameOver(area, shift, candidate);
+    });
+}
+
+std::optional<Fit> FitOf(detail::Register& reg, const Clause& clause, const RegisterEntry& entry,
+                         const detail::Area& area) {
+    const gcs::DatumDef datum = DatumOf(clause);
+    const int frame = EpsgGeographicCodeOf(datum);
+    if (frame != 0 && entry.geographicCode == frame) {
+        return Fit::Name;
+    }
+    if (HasShiftOf(reg, clause, entry.geographicCode, area)) {
+        return Fit::Numbers;
+    }
+    if (IsInFamily(entry.geographicName, EpsgGeographicNameOf(datum))) {
+        return Fit::Family;
+    }
+    // A modern datum to which the register knows no way is written as WGS 84 on its ellipsoid.
+    const bool isUnshifted = detail::AreSameOver(area, detail::ShiftOf(datum.GetParameters()), {});
+    return isUnshifted && reg.ShiftsToWgs84(entry.geographicCode).empty()
+               ? std::optional(Fit::Family)
+               : std::nullopt;
+}
+
+// The register has some systems a second time: with the axes in the other order, which the name
+// says ("(E,N)" alone is the order that files have), and two zones of UTM under another name.
+bool IsVariant(std::string_view name) {
+    constexpr std::array<std::string_view, 8> kSuffixes = {
+        "(N-E)", "(E-N)", "(N,E)", "(zE-N)", "(N-zE)", "(zN-E)", "TMzn35N", "TMzn36N"};
+    return std::any_of(kSuffixes.begin(), kSuffixes.end(),
+                       [&](std::string_view suffix) { return name.ends_with(suffix); });
+}
+
+// Where the datum of a clause has no name, several geographic systems fit: the lower the more used.
+int UseOf(int geographicCode) {
+    constexpr std::array kMostUsed = {kWgs84, kEtrs89, kNad83};
+    return static_cast<int>(std::ranges::find(kMostUsed, geographicCode) - kMostUsed.begin());
+}
+
+void Take(const RegisterEntry& entry, CrsIdentity& identity) {
+    identity.epsgCode = entry.code;
+    identity.epsgName = entry.name;
+}
+
+void IdentifyProjected(PJ_CONTEXT* context, const Clause& clause, CrsIdentity& identity) {
+    detail::Register reg(context);
+    const std::vector<int> methods = EpsgMethodsOf(*clause.projection);
+    using Rank = std::tuple<Fit, bool, int, int>;
+    std::optional<Rank> best;
+    for (const RegisterEntry& entry : reg.ProjectedLike(clause, methods)) {
+        const PjHandle crs = detail::FromRegister(context, entry.code);
+        if (!crs) {
+            continue;
+        }
+        const detail::Area area = detail::AreaOf(context, crs.get());
+        const auto fit = FitOf(reg, clause, entry, area);
+        const Rank rank{fit.value_or(Fit::Family), IsVariant(entry.name),
+                        UseOf(entry.geographicCode), entry.code};
+        if (fit && (!best || rank < *best) &&
+            GivesCoordinatesOf(context, clause, crs.get(), area)) {
+            best = rank;
+            Take(entry, identity);
         }
     }
 }
 
-}  // namespace
+// A datum with its own numbers, by the numbers alone.
+void IdentifyGeographic(PJ_CONTEXT* context, const Clause& clause, CrsIdentity& identity) {
+    detail::Register reg(context);
+    std::vector<RegisterEntry> entries = reg.GeographicLike(clause);
+    std::ranges::stable_sort(entries, {},
+                             [](const RegisterEntry& entry) { return UseOf(entry.code); });
+    for (const RegisterEntry& entry : entries) {
+        const PjHandle crs = detail::FromRegister(context, entry.code);
+        if (crs && HasDegrees(context, crs.get()) &&
+            detail::HasEllipsoid(context, crs.get(), DatumOf(clause).GetEllipsoid()) &&
+            HasShiftOf(reg, clause, entry.code, detail::AreaOf(context, crs.get()))) {
+            Take(entry, identity);
+            return;
+        }
+    }
+}
 
-CrsIdentity Identify(const gcs::CSDef& system) {
-    const ProjDefinition definition = ToProj(system);
+// The register's own entry: for longitude and latitude on a known datum, and the web map.
+void IdentifyAs(PJ_CONTEXT* context, const PJ* entry, CrsIdentity& identity) {
+    identity.wkt2 = WktOf(context, entry);
+    identity.epsgCode = detail::EpsgCodeOf(entry);
+    identity.epsgName = proj_get_name(entry);
+}
+
+CrsIdentity IdentifyClause(PJ_CONTEXT* context, const Clause& clause) {
     CrsIdentity identity;
-    if (!definition) {
+    if (IsWebMap(clause)) {
+        IdentifyAs(context, detail::FromRegister(context, kPseudoMercator).get(), identity);
         return identity;
     }
-    const auto& earth = static_cast<const gcs::GCSDef&>(system);
-    const detail::ContextHandle context = detail::MakeContext();
-    const bool isWebMap = IsWebMap(earth);
-    const detail::PjHandle frame = isWebMap ? detail::FromRegister(context.get(), kPseudoMercator)
-                                            : RegisteredFrame(context.get(), earth.GetDatum());
-    if (frame && !definition.isGeographic && !isWebMap) {
-        const auto json =
-            OnFrame(context.get(), definition.crsWithoutShift, frame.get(), NameInWords(system));
-        IdentifyInEitherOrder(context.get(), json, identity);
-    } else if (frame && (isWebMap || HasDegrees(context.get(), frame.get()))) {
-        identity.wkt2 = WktOf(context.get(), frame.get());
-        identity.epsgCode = detail::EpsgCodeOf(frame.get());
-        identity.epsgName = proj_get_name(frame.get());
+    const PjHandle frame = detail::RegisteredFrame(context, DatumOf(clause));
+    const bool hasMeridian = DatumOf(clause).GetParameters().primeMeridian != 0.0;
+    if (!clause.IsGeographic()) {
+        identity.wkt2 = WktOfClause(context, clause, frame.get());
+        IdentifyProjected(context, clause, identity);
+    } else if (frame && HasDegrees(context, frame.get())) {
+        IdentifyAs(context, frame.get(), identity);
     } else {
-        const detail::PjHandle crs(proj_create(context.get(), definition.crs.c_str()));
-        identity.wkt2 = WktOf(context.get(), crs.get());
+        identity.wkt2 = WktOfClause(context, clause, nullptr);
+        if (DatumOf(clause).GetToken().empty() && !hasMeridian) {
+            IdentifyGeographic(context, clause, identity);
+        }
     }
     return identity;
+}
+
+// A definition without a code, such as old WKT: PROJ compares it with the register.
+void IdentifyDefinition(PJ_CONTEXT* context, const PJ* crs, CrsIdentity& identity) {
+    constexpr int kSure = 90;
+    int* confidences = nullptr;
+    const detail::PjListHandle list(proj_identify(context, crs, "EPSG", nullptr, &confidences));
+    for (int i = 0; list && i < proj_list_get_count(list.get()); ++i) {
+        const PjHandle candidate(proj_list_get(context, list.get(), i));
+        if (candidate && confidences[i] >= kSure && identity.epsgCode == 0) {
+            identity.epsgCode = detail::EpsgCodeOf(candidate.get());
+            identity.epsgName = proj_get_name(candidate.get());
+        }
+    }
+    proj_int_list_destroy(confidences);
+}
+
+CrsIdentity IdentifyNamed(PJ_CONTEXT* context, const CoordinateSystem& system) {
+    CrsIdentity identity;
+    const PjHandle crs(proj_create(context, system.definition.c_str()));
+    if (!crs) {
+        return identity;
+    }
+    identity.wkt2 = WktOf(context, crs.get());
+    if (system.authority == "EPSG") {
+        identity.epsgCode = system.code;
+        identity.epsgName = system.name;
+    } else if (system.authority.empty()) {
+        IdentifyDefinition(context, crs.get(), identity);
+    }
+    return identity;
+}
+
+}  // namespace
+
+CrsIdentity Identify(const CoordinateSystem& system) {
+    if (!system.IsOnEarth() || (system.clause && system.clause->affine)) {
+        return {};
+    }
+    const detail::ContextHandle context = detail::MakeContext();
+    return system.clause ? IdentifyClause(context.get(), *system.clause)
+                         : IdentifyNamed(context.get(), system);
 }
 
 }  // namespace app

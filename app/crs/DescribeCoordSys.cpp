@@ -1,7 +1,5 @@
 #include "app/crs/DescribeCoordSys.h"
 
-#include "app/crs/GcsToProj.h"
-
 #include <string_view>
 
 namespace app {
@@ -19,24 +17,25 @@ void AddLine(std::string& text, std::string_view label, std::string_view value) 
 
 }  // namespace
 
-CoordSysDescription DescribeCoordSys(const gcs::CSDef* system, const CrsIdentifier& identify) {
+CoordSysDescription DescribeCoordSys(const CoordinateSystem* system,
+                                     const CrsIdentifier& identify) {
     CoordSysDescription description;
     if (system == nullptr) {
         description.name = "None";
         return description;
     }
-    description.name = NameInWords(*system);
+    description.name = system->name;
+    description.notes = system->notes;
+    description.notes.insert(description.notes.end(), system->warnings.begin(),
+                             system->warnings.end());
+    if (!system->problem.empty()) {
+        description.notes.push_back(system->problem);
+    }
     description.unit = UnitInWords(*system);
-    if (system->Type() != gcs::CSType::Earth) {
+    if (!system->IsOnEarth()) {
         return description;
     }
-    const ProjDefinition definition = ToProj(*system);
-    description.notes = definition.warnings;
-    if (!definition) {
-        description.notes.push_back(definition.problem);
-        return description;
-    }
-    description.proj = definition.crs;
+    description.proj = system->definition;
     CrsIdentity identity = identify(*system);
     description.wkt2 = std::move(identity.wkt2);
     description.epsgCode = identity.epsgCode;

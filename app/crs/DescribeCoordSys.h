@@ -2,7 +2,6 @@
 #pragma once
 
 #include "app/crs/CrsIdentity.h"
-#include "host/gcs/CSDef.h"
 
 #include <functional>
 #include <string>
@@ -17,14 +16,14 @@ struct CoordSysDescription {
     std::string wkt2;  // empty when there is none
     int epsgCode = 0;  // 0 when there is none for sure
     std::string epsgName;
-    std::vector<std::string> notes;  // warnings, or why there is no definition
+    std::vector<std::string> notes;  // notes, warnings, and why there is no definition
 };
 
 // Tells how a system is known elsewhere: Identify, or what stands in for it.
-using CrsIdentifier = std::function<CrsIdentity(const gcs::CSDef& system)>;
+using CrsIdentifier = std::function<CrsIdentity(const CoordinateSystem& system)>;
 
-// Null stands for a file that names no system. Only a system with a definition is identified.
-CoordSysDescription DescribeCoordSys(const gcs::CSDef* system, const CrsIdentifier& identify);
+// Null stands for a file that names no system. Only a system of the Earth is identified.
+CoordSysDescription DescribeCoordSys(const CoordinateSystem* system, const CrsIdentifier& identify);
 
 // The description on several lines "Label: text", each ended by a line feed; labels without a text
 // are left out, WKT stands on lines of its own.

@@ -1,9 +1,9 @@
-// The systems that most files are in, with their codes in the EPSG register: longitude and latitude
-// on the known datums, and the zones of UTM on WGS 84. Loading PROJ and opening its register takes
-// ten times as long as all else that qolf info does, and these need neither.
+// The systems that most files are in, with their codes in the EPSG register. Loading PROJ and
+// opening its register takes ten times as long as all else that qolf info does, and these need
+// neither.
 #pragma once
 
-#include "host/gcs/CSDef.h"
+#include "app/crs/Clause.h"
 
 #include <optional>
 #include <string>
@@ -15,8 +15,9 @@ struct RegisteredSystem {
     std::string epsgName;  // as in the register
 };
 
-// What Identify answers for the system, without its WKT. Nothing for a system that only the
-// register can tell.
-std::optional<RegisteredSystem> FindFrequentSystem(const gcs::CSDef& system);
+// Returns what Identify answers for the clause, without its WKT: for longitude and latitude on the
+// known datums, the zones of UTM on the usual datums, and the systems of some countries. Nothing
+// for a clause that only the register can tell.
+std::optional<RegisteredSystem> FindFrequentSystem(const Clause& clause);
 
 }  // namespace app

@@ -1,12 +1,10 @@
-// Moves features from their input's system to that of the output.
+// Moves features from their source's system to that of the output. Needs PROJ.
 #pragma once
 
-#include "app/crs/CoordinateTransformer.h"
+#include "app/crs/Transformation.h"
 #include "app/feature/Feature.h"
-#include "host/gcs/CSDef.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,35 +12,32 @@ namespace app {
 
 class Reprojection {
 public:
-    // From one system to another by way of WGS 84; null stands for longitude and latitude of
-    // WGS 84 themselves. Throws Failure when one of them can't be transformed.
-    Reprojection(const gcs::CSDef* from, const gcs::CSDef* to);
+    // Throws Failure when one of the systems can't be transformed.
+    Reprojection(const CoordinateSystem& from, const CoordinateSystem& to);
 
-    // Whether anything is to be done. Rectangles and ellipses must have become regions then.
-    bool IsNeeded() const { return from_.has_value() || to_.has_value(); }
+    // Whether coordinates change at all. Curves must have become lines and regions then.
+    bool IsNeeded() const { return transformation_.IsNeeded(); }
 
-    // Points that fail become infinite.
+    // Points that fail become infinite. Degrees are rounded to nine decimals, lengths to about a
+    // hundredth of a millimetre: what lies behind them is the noise of the computation. Texts get
+    // the height and angle that they have there, and lose their box.
     void Apply(Feature& feature);
     void Apply(std::vector<shr::Vec2d>& points);
 
     std::uint64_t FailedPoints() const { return failedPoints_; }
 
-    // What a user should know about the result.
-    std::vector<std::string> Warnings() const;
+    // What a user should know about the result, beside the warnings of the systems.
+    const std::vector<std::string>& Warnings() const { return transformation_.Warnings(); }
 
 private:
-    std::optional<CoordinateTransformer> from_;
-    std::optional<CoordinateTransformer> to_;
-    bool endsInDegrees_ = false;
+    void Apply(Geometry& geometry);
+    void ApplyToText(Geometry& text);
+
+    Transformation transformation_;
+    double stepsPerUnit_;  // of the rounded coordinates
     std::vector<double> x_;
     std::vector<double> y_;
     std::uint64_t failedPoints_ = 0;
 };
-
-// Whether the system is longitude and latitude of WGS 84 as it stands.
-bool IsWgs84(const gcs::CSDef* system);
-
-// Longitude and latitude of WGS 84, as a MIF file declares it.
-gcs::GCSDef Wgs84System();
 
 }  // namespace app

@@ -36,8 +36,8 @@ std::optional<PictureFormat> PictureFormatOf(const std::filesystem::path& file) 
 }
 
 Canvas::Canvas(PictureFormat format, PageSize page, ByteSink sink)
-    : format_(format), sink_(std::move(sink)), surface_(MakeSurface(format, page, this)),
-      context_(cairo_create(surface_.get())) {
+    : format_(format), page_(page), sink_(std::move(sink)),
+      surface_(MakeSurface(format, page, this)), context_(cairo_create(surface_.get())) {
     ThrowIfBad(cairo_surface_status(surface_.get()));
     ThrowIfBad(cairo_status(context_.get()));
 }

@@ -38,6 +38,8 @@ public:
     // Draws in page coordinates, pixels.
     cairo_t* Context() const { return context_.get(); }
 
+    PageSize Page() const { return page_; }
+
     // Null for the vector formats.
     cairo_surface_t* Image() const;
 
@@ -56,6 +58,7 @@ private:
     void ThrowIfBad(cairo_status_t status) const;
 
     PictureFormat format_;
+    PageSize page_;
     ByteSink sink_;
     std::exception_ptr sinkError_;  // what the sink threw first; the library gives up then
     bool isFinished_ = false;

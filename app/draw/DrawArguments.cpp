@@ -109,6 +109,8 @@ DrawOptions CheckedDrawOptions(const DrawArguments& arguments) {
     options.map.asIs = arguments.asIs;
     options.map.encoding = arguments.encoding;
     options.styleSource = arguments.ignoreStyles ? StyleSource::Layers : StyleSource::Objects;
+    options.map.labels = arguments.labels;
+    options.furniture = {arguments.title, arguments.legend, arguments.scaleBar};
     options.ifExists = arguments.overwrite ? IfExists::Overwrite : IfExists::Refuse;
     return options;
 }

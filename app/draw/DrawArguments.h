@@ -21,6 +21,10 @@ struct DrawArguments {
     std::string crs = "keep";
     std::string assumedCrs;  // empty: the files' own
     bool ignoreStyles = false;
+    std::vector<std::string> labels;
+    bool legend = false;
+    bool scaleBar = false;
+    std::string title;
     bool overwrite = false;
     bool asIs = false;
     std::string encoding;

@@ -4,9 +4,10 @@
 #include "app/base/Output.h"
 #include "app/base/Reporter.h"
 #include "app/draw/Canvas.h"
-#include "app/draw/DrawnStyle.h"
+#include "app/draw/Furniture.h"
 #include "app/draw/MapFrame.h"
 #include "app/draw/MapReader.h"
+#include "app/feature/DrawnStyle.h"
 
 #include <optional>
 #include <string>
@@ -21,6 +22,7 @@ struct DrawOptions {
     std::optional<shr::Box2d> bbox;  // in the picture's coordinate system; absent: all there is
     shr::Color4b background{255, 255, 255};
     StyleSource styleSource = StyleSource::Objects;
+    FurnitureWishes furniture;
     IfExists ifExists = IfExists::Refuse;
 };
 

@@ -1,6 +1,6 @@
 #include "app/draw/FontCatalogue.h"
 
-#include "app/draw/LabelText.h"
+#include "app/feature/LabelText.h"
 
 #include <fontconfig/fontconfig.h>
 
@@ -73,6 +73,13 @@ std::string FontCatalogue::CharacterOf(const std::string& family, int code) {
         entry->second = Lookup(family, code);
     }
     return entry->second;
+}
+
+StyleResolver ResolverWithFonts(StyleSource source) {
+    return {source,
+            [fonts = std::make_shared<FontCatalogue>()](const std::string& family, int code) {
+                return fonts->CharacterOf(family, code);
+            }};
 }
 
 }  // namespace app

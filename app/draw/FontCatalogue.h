@@ -2,6 +2,8 @@
 // missing family of symbols must not be, for it would put letters in their place.
 #pragma once
 
+#include "app/feature/DrawnStyle.h"
+
 #include <map>
 #include <string>
 #include <utility>
@@ -18,5 +20,8 @@ public:
 private:
     std::map<std::pair<std::string, int>, std::string> known_;  // answers given before
 };
+
+// Resolves styles with the characters of the fonts that the system has.
+StyleResolver ResolverWithFonts(StyleSource source);
 
 }  // namespace app

@@ -4,35 +4,12 @@
 
 namespace app {
 
-namespace {
-
-const gcs::GCSDef* EarthSystem(const gcs::CSDef& system) {
-    return dynamic_cast<const gcs::GCSDef*>(&system);
-}
-
-bool IsSameDatum(const gcs::DatumDef& left, const gcs::DatumDef& right) {
-    const gcs::DatumParameters& a = left.GetParameters();
-    const gcs::DatumParameters& b = right.GetParameters();
-    return a.kind == b.kind && a.ellipsoid == b.ellipsoid && a.dx == b.dx && a.dy == b.dy &&
-           a.dz == b.dz && a.rx == b.rx && a.ry == b.ry && a.rz == b.rz && a.scale == b.scale &&
-           a.primeMeridian == b.primeMeridian;
-}
-
-}  // namespace
-
-bool IsSameSystem(const gcs::CSDef& left, const gcs::CSDef& right) {
-    const gcs::GCSDef* const a = EarthSystem(left);
-    const gcs::GCSDef* const b = EarthSystem(right);
-    if (a == nullptr || b == nullptr) {
-        return a == b && left.UnitFactor() == right.UnitFactor();
-    }
-    return a->GetProjection() == b->GetProjection() && IsSameDatum(a->GetDatum(), b->GetDatum());
-}
-
 LayerTransform LayerSystems::TransformFrom(const SystemPtr& system, std::string& problem) {
     problem.clear();
-    if (system == nullptr || EarthSystem(*system) == nullptr) {
-        problem = "has no coordinate system of the Earth";
+    if (system == nullptr || !system->IsOnEarth()) {
+        problem = system == nullptr || system->problem.empty()
+                      ? "has no coordinate system of the Earth"
+                      : system->problem;
         return {};
     }
     if (!target_) {
@@ -42,18 +19,13 @@ LayerTransform LayerSystems::TransformFrom(const SystemPtr& system, std::string&
         return {};
     }
     try {
-        return LayerTransform(Reprojection(system.get(), target_.get()));
+        Reprojection way(*system, *target_);
+        return way.IsNeeded() ? LayerTransform(std::move(way)) : LayerTransform();
     } catch (const Failure& failure) {
         problem = std::string("can't be moved into the picture's coordinate system (") +
                   failure.what() + ")";
         return {};
     }
-}
-
-bool LayerSystems::IsGeographic() const {
-    const gcs::GCSDef* const earth = target_ ? EarthSystem(*target_) : nullptr;
-    return earth != nullptr &&
-           earth->GetProjection().GetMethod() == gcs::ProjectionMethod::LongitudeLatitude;
 }
 
 }  // namespace app

@@ -3,9 +3,7 @@
 #pragma once
 
 #include "app/crs/Reprojection.h"
-#include "app/feature/LayerFacts.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,8 +32,6 @@ private:
 
 class LayerSystems {
 public:
-    using SystemPtr = std::shared_ptr<const gcs::CSDef>;
-
     // A null target leaves the choice to the first layer.
     explicit LayerSystems(SystemPtr target) : target_(std::move(target)) {}
 
@@ -48,13 +44,10 @@ public:
     const SystemPtr& Target() const { return target_; }
 
     // True when the picture's coordinates are degrees of longitude and latitude.
-    bool IsGeographic() const;
+    bool IsGeographic() const { return target_ != nullptr && target_->isGeographic; }
 
 private:
     SystemPtr target_;
 };
-
-// True when coordinates of both systems mean the same places without a transformation.
-bool IsSameSystem(const gcs::CSDef& left, const gcs::CSDef& right);
 
 }  // namespace app

@@ -1,5 +1,7 @@
 #include "app/draw/MapPainter.h"
 
+#include "app/draw/FontCatalogue.h"
+
 #include "app/draw/PlacedPath.h"
 
 #include <vector>
@@ -14,7 +16,7 @@ constexpr int kSegments = 180;
 }  // namespace
 
 MapPainter::MapPainter(cairo_t* context, const Viewport& viewport, StyleSource styleSource)
-    : page_(viewport.Page()), viewport_(viewport), styles_(styleSource),
+    : page_(viewport.Page()), viewport_(viewport), styles_(ResolverWithFonts(styleSource)),
       paths_(context, viewport.Page()), markers_(context, viewport.Page()),
       texts_(context, viewport.Page()) {}
 

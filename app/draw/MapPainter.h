@@ -4,11 +4,11 @@
 // raster picture takes the same memory for any number of objects.
 #pragma once
 
-#include "app/draw/DrawnStyle.h"
 #include "app/draw/MarkerPainter.h"
 #include "app/draw/PathPainter.h"
 #include "app/draw/TextPainter.h"
 #include "app/draw/Viewport.h"
+#include "app/feature/DrawnStyle.h"
 #include "app/feature/Feature.h"
 
 #include <cairo.h>

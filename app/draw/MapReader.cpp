@@ -3,7 +3,7 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/batch/BatchPlan.h"
-#include "app/crs/GcsFromCrs.h"
+#include "app/crs/Definitions.h"
 #include "app/draw/TextFrame.h"
 #include "app/formats/Formats.h"
 #include "app/json/ShortestNumber.h"
@@ -51,9 +51,21 @@ void Place(Geometry& geometry, LayerTransform& transform) {
     }
 }
 
+void SayWarnings(const CoordinateSystem* system, const std::string& subject, Reporter& reporter) {
+    if (system == nullptr) {
+        return;
+    }
+    for (const std::string& note : system->notes) {
+        reporter.Detail(subject + ": " + note);
+    }
+    for (const std::string& warning : system->warnings) {
+        reporter.Warning(subject + ": " + warning);
+    }
+}
+
 }  // namespace
 
-MapReader::MapReader(const MapInput& input, LayerSystems::SystemPtr target)
+MapReader::MapReader(const MapInput& input, SystemPtr target)
     : input_(input), files_(FilesOf(input.paths)), systems_(std::move(target)),
       isAnyPlaced_(systems_.Target() != nullptr), isLabelFound_(input.labels.size(), false) {
     for (const std::string& file : files_) {
@@ -78,7 +90,7 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
     options.encoding = input_.encoding;
     options.modulePath = input_.modulePath;
     if (!input_.assumedCrs.empty()) {
-        options.assumedSystem = SystemNamed("--assume-crs", input_.assumedCrs, reporter);
+        options.assumedSystem = SystemOfOption("--assume-crs", input_.assumedCrs, reporter);
     }
     const std::unique_ptr<Source> source = FormatOfPath(file).openSource(file, options);
     const std::size_t layers = source->LayerNames().size();
@@ -92,6 +104,7 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
         if (!problem.empty()) {
             unplaced_.push_back(subject + ": " + problem);
         }
+        SayWarnings(facts.system.get(), subject, reporter);
         sink.BeginLayer(LayerOf(facts));
         source->Read(reporter, [&](Feature& feature) {
             Place(feature.geometry, transform);
@@ -152,19 +165,6 @@ std::vector<std::string> FilesOf(const std::vector<std::string>& paths) {
         }
     }
     return files;
-}
-
-LayerSystems::SystemPtr SystemNamed(const std::string& option, const std::string& definition,
-                                    Reporter& reporter) {
-    const std::string prefix = option + " " + definition + ": ";
-    CrsForExport crs = GcsFromCrs(definition);
-    if (!crs) {
-        throw Failure(prefix + crs.problem);
-    }
-    for (const std::string& warning : crs.warnings) {
-        reporter.Detail(prefix + warning);
-    }
-    return std::move(crs.system);
 }
 
 std::string TextOf(const Value& value) {

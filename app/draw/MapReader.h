@@ -46,7 +46,7 @@ class MapReader {
 public:
     // `target` is the map's system, null to leave it to the first layer that has one. Throws
     // Failure for an input of which there is none; UsageError for one of no known format.
-    MapReader(const MapInput& input, LayerSystems::SystemPtr target);
+    MapReader(const MapInput& input, SystemPtr target);
 
     // The files, in their order; a folder has become those in it.
     const std::vector<std::string>& Files() const { return files_; }
@@ -75,11 +75,6 @@ private:
 // The files of an input: a folder stands for those in it and below, sorted, that have an extension
 // of a format; .json files, which hold all sorts of things, must be named. Throws Failure.
 std::vector<std::string> FilesOf(const std::vector<std::string>& paths);
-
-// The system that an option names. Throws Failure, with the option's name. Warnings go to the
-// reporter.
-LayerSystems::SystemPtr SystemNamed(const std::string& option, const std::string& definition,
-                                    Reporter& reporter);
 
 // A value as people read it; empty for null.
 std::string TextOf(const Value& value);

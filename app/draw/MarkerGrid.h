@@ -2,8 +2,8 @@
 // symbols on top of each other.
 #pragma once
 
-#include "app/draw/DrawnStyle.h"
 #include "app/draw/Viewport.h"
+#include "app/feature/DrawnStyle.h"
 
 #include <cstdint>
 #include <vector>

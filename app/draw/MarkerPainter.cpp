@@ -14,17 +14,6 @@ constexpr double kThinnestHollowLine = 1.0;   // pixels
 constexpr double kShadowOffset = 1.0 / 12.0;  // of the diameter
 constexpr shr::Color4b kShadowColor{120, 120, 120};
 
-// The thin edge that sets a symbol without a style off against areas and other symbols.
-constexpr shr::Color4b kLightEdge{255, 255, 255, 220};
-constexpr shr::Color4b kWhite{255, 255, 255};
-constexpr shr::Color4b kBlack{0, 0, 0};
-
-const shr::Color4b& ColorOf(Marker::Border border) {
-    return border == Marker::Border::Light   ? kLightEdge
-           : border == Marker::Border::White ? kWhite
-                                             : kBlack;
-}
-
 void AppendOutline(cairo_t* context, const Marker& marker, double radius) {
     if (marker.shape->outline.empty()) {
         cairo_arc(context, 0.0, 0.0, radius, 0.0, 2.0 * std::numbers::pi);
@@ -38,7 +27,7 @@ void AppendOutline(cairo_t* context, const Marker& marker, double radius) {
 // Fills the path, over its border.
 void PaintPath(cairo_t* context, const Marker& marker) {
     if (marker.border != Marker::Border::None) {
-        SetColor(context, ColorOf(marker.border));
+        SetColor(context, BorderColor(marker.border));
         cairo_set_line_width(context, BorderWidth(marker) * 2.0);
         cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
         cairo_stroke_preserve(context);

@@ -1,10 +1,10 @@
 // Draws point symbols: the shapes of the numbered set, and characters of symbol fonts.
 #pragma once
 
-#include "app/draw/DrawnStyle.h"
 #include "app/draw/MarkerGrid.h"
 #include "app/draw/MarkerSprites.h"
 #include "app/draw/Viewport.h"
+#include "app/feature/DrawnStyle.h"
 
 #include <cairo.h>
 

@@ -2,8 +2,8 @@
 // looks are drawn many times as fast so.
 #pragma once
 
-#include "app/draw/DrawnStyle.h"
 #include "app/draw/Viewport.h"
+#include "app/feature/DrawnStyle.h"
 
 #include <cairo.h>
 

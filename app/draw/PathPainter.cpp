@@ -14,9 +14,6 @@ namespace {
 // than its length.
 constexpr std::size_t kStrokePiece = 4096;
 
-// Under the thinnest pens the dashes would drown.
-constexpr double kThinnestDashUnit = 1.0;
-
 std::vector<double> DashesOnPage(const Stroke& stroke) {
     std::vector<double> lengths;
     for (const double dash : stroke.dashes) {

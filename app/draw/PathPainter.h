@@ -1,8 +1,8 @@
 // Draws paths that are on the page already: lines, and areas with their fill.
 #pragma once
 
-#include "app/draw/DrawnStyle.h"
 #include "app/draw/PagePath.h"
+#include "app/feature/DrawnStyle.h"
 
 #include <cairo.h>
 

@@ -1,8 +1,10 @@
 #include "app/draw/PictureMap.h"
 
-#include "app/draw/LabelText.h"
+#include "app/draw/FontCatalogue.h"
+
 #include "app/draw/PagePath.h"
 #include "app/draw/TextFrame.h"
+#include "app/feature/LabelText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,12 +45,13 @@ GeometryKind LookKindOf(GeometryKind kind) {
 
 PictureMap::PictureMap(const PageRequest& request, std::optional<shr::Box2d> view,
                        StyleSource styleSource)
-    : largestPage_(LargestPage(request)), view_(view), styles_(styleSource) {}
+    : largestPage_(LargestPage(request)), view_(view), styles_(ResolverWithFonts(styleSource)) {}
 
 void PictureMap::BeginLayer(const MapLayer& layer) {
     styles_.BeginLayer(legend_.size());
     spool_.BeginLayer(legend_.size());
     legend_.push_back({layer.name, {}, false});
+    hasLabels_.push_back(layer.labelColumn.has_value());
     labelColumn_ = layer.labelColumn;
     lastKind_ = GeometryKind::None;
 }

@@ -6,11 +6,11 @@
 // pixel of the one before will do so in the end, and is not kept.
 #pragma once
 
-#include "app/draw/DrawnStyle.h"
 #include "app/draw/FarObjects.h"
 #include "app/draw/GeometrySpool.h"
 #include "app/draw/MapFrame.h"
 #include "app/draw/MapReader.h"
+#include "app/feature/DrawnStyle.h"
 
 #include <cstddef>
 #include <optional>
@@ -45,6 +45,7 @@ public:
     // The map's extent; without a view also what its objects need on the page.
     const MapFrame& Frame() const { return frame_; }
     const std::vector<LegendLayer>& Legend() const { return legend_; }
+    bool HasLabels(std::size_t layer) const { return hasLabels_[layer]; }
     GeometrySpool& Geometries() { return spool_; }
 
     // As FarObjects::Find.
@@ -62,7 +63,8 @@ private:
     MapFrame frame_;
     FarObjects farObjects_;
     GeometrySpool spool_;
-    std::vector<LegendLayer> legend_;
+    std::vector<LegendLayer> legend_;  // by layer
+    std::vector<bool> hasLabels_;      // by layer
     std::optional<std::size_t> labelColumn_;
     Style lastStyle_;  // of the object before, to find out its reach and look once
     GeometryKind lastKind_ = GeometryKind::None;

@@ -1,6 +1,6 @@
 #include "app/draw/TextFrame.h"
 
-#include "app/draw/LabelText.h"
+#include "app/feature/LabelText.h"
 
 #include <algorithm>
 #include <cmath>

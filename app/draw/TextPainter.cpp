@@ -1,8 +1,8 @@
 #include "app/draw/TextPainter.h"
 
 #include "app/draw/Canvas.h"
-#include "app/draw/LabelText.h"
 #include "app/draw/PagePath.h"
+#include "app/feature/LabelText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 // Draws text objects: lines of text fitted into the text's frame, turned and aligned as it says.
 #pragma once
 
-#include "app/draw/DrawnStyle.h"
 #include "app/draw/Viewport.h"
+#include "app/feature/DrawnStyle.h"
 #include "app/feature/Feature.h"
 
 #include <cairo.h>

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "app/feature/Values.h"
-#include "host/gcs/CSDef.h"
 #include "host/shr/Geometry.h"
 
 #include <memory>
@@ -11,6 +10,8 @@
 #include <vector>
 
 namespace app {
+
+struct CoordinateSystem;
 
 // What a MIF pair says of itself that a MIF file made of it keeps.
 struct PairFacts {
@@ -28,9 +29,9 @@ struct PairFacts {
 struct LayerFacts {
     std::string name;  // UTF-8
     std::vector<LayerColumn> columns;
-    std::shared_ptr<const gcs::CSDef> system;  // of the coordinates; null: nothing is known of them
-    std::optional<shr::Box2d> knownExtent;     // in these coordinates, when the source states one
-    std::optional<PairFacts> pair = {};        // absent when the source is not a MIF pair
+    std::shared_ptr<const CoordinateSystem> system;  // of the coordinates; null: none is named
+    std::optional<shr::Box2d> knownExtent;           // in these, when the source states one
+    std::optional<PairFacts> pair = {};              // absent when the source is not a MIF pair
 };
 
 }  // namespace app

@@ -19,8 +19,8 @@ struct SourceOptions {
     bool asIs = false;     // --as-is: the module gets a MIF file without any care
     bool noStore = false;  // --no-store: the filter neither reads nor writes stored options
     std::string encoding;  // --encoding, of a MIF file's texts; empty: by its header
-    std::shared_ptr<const gcs::CSDef> assumedSystem;  // --assume-crs, of a MIF file; null: its own
-    std::string modulePath;                           // as in Module
+    std::shared_ptr<const CoordinateSystem> assumedSystem;  // --assume-crs; null: the source's own
+    std::string modulePath;                                 // as in Module
 };
 
 // Receives features one at a time; may change and move them. False ends the reading.

@@ -63,7 +63,7 @@ std::unique_ptr<Source> OpenPackage(const std::string& argument, const SourceOpt
 std::unique_ptr<Target> WritePackage(const std::string& argument, const TargetOptions& options,
                                      Reporter& reporter) {
     return std::make_unique<GeoPackageWriter>(PathFromArgument(argument), options.ifExists,
-                                              reporter);
+                                              options.withStyles, reporter);
 }
 
 void RefuseStandardStream(const std::string& argument) {
@@ -78,7 +78,7 @@ constexpr FormatHolds kGeoJsonHolds = {.emptyLayers = true, .styles = true};
 constexpr std::array kFormats = {
     Format{.extensions = kMif,
            .words = "a pair of .mif and .mid",
-           .systems = SystemRule::AsInput,
+           .systems = SystemRule::AsClause,
            .holds = {.curves = true, .emptyLayers = true, .encodings = true},
            .openSource = OpenMif,
            .openTarget = WriteMif,
@@ -88,26 +88,26 @@ constexpr std::array kFormats = {
            .copy = CopyMif},
     Format{.extensions = kGeoJson,
            .words = "GeoJSON",
-           .systems = SystemRule::Wgs84Only,
+           .systems = SystemRule::Wgs84Expected,
            .holds = kGeoJsonHolds,
            .openSource = OpenGeoJson,
            .openTarget = WriteGeoJson<GeoJsonForm::Collection>},
     Format{.extensions = kGeoJsonLines,
            .words = "GeoJSON, one feature per line",
-           .systems = SystemRule::Wgs84Only,
+           .systems = SystemRule::Wgs84Expected,
            .holds = kGeoJsonHolds,
            .openSource = OpenGeoJson,
            .openTarget = WriteGeoJson<GeoJsonForm::Lines>},
     Format{.extensions = kGeoJsonSequence,
            .words = "GeoJSON as a text sequence",
-           .systems = SystemRule::Wgs84Only,
+           .systems = SystemRule::Wgs84Expected,
            .holds = kGeoJsonHolds,
            .openSource = OpenGeoJson,
            .openTarget = WriteGeoJson<GeoJsonForm::Sequence>},
     Format{.extensions = kGeoPackage,
            .words = "GeoPackage",
            .systems = SystemRule::Wgs84IfUnnamed,
-           .holds = {.layers = true, .emptyLayers = true},
+           .holds = {.layers = true, .emptyLayers = true, .styles = true},
            .openSource = OpenPackage,
            .openTarget = WritePackage,
            .checkTarget = RefuseStandardStream},

@@ -15,9 +15,9 @@ namespace app {
 
 // Which coordinate system a format's files have.
 enum class SystemRule {
-    AsInput,         // whatever the input has
+    AsClause,        // the input's, or one that the user names, as a MIF clause expresses it
     Wgs84IfUnnamed,  // longitude and latitude of WGS 84 unless the user names another
-    Wgs84Only,       // longitude and latitude of WGS 84
+    Wgs84Expected,   // the same; readers expect no other
 };
 
 // What a format can hold.
@@ -34,7 +34,7 @@ struct Format {
     // them without the full stop are names of the format.
     std::span<const std::string_view> extensions;
     std::string_view words;  // what it is, for help
-    SystemRule systems = SystemRule::AsInput;
+    SystemRule systems = SystemRule::AsClause;
     FormatHolds holds;
 
     // Opens what the user named: a path, or "-" where that means the format. Throw Failure.

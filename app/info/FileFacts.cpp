@@ -2,6 +2,7 @@
 
 #include "app/base/Paths.h"
 #include "app/base/Utf8.h"
+#include "app/crs/CoordinateSystem.h"
 #include "app/formats/mif/MifSource.h"
 #include "app/mif/PairPass.h"
 #include "host/platform/Stdio.h"
@@ -126,7 +127,7 @@ void CollectAsMeant(MifSource& source, bool count, Reporter& reporter, FileFacts
     facts.isCareTaken = facts.isCareTaken || clause.lackingParts > clause.emptyLinesBehind;
     facts.columns = layer.columns;
     facts.coordinateSystem = layer.system;
-    facts.isEarth = layer.system != nullptr;
+    facts.isEarth = layer.system != nullptr && layer.system->IsOnEarth();
 }
 
 }  // namespace

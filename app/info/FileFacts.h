@@ -30,8 +30,8 @@ struct FileFacts {
     bool isCareTaken = false;  // the file is not what the module takes it for
     std::vector<Care> cares;
     std::vector<LayerColumn> columns;
-    std::shared_ptr<const gcs::CSDef> coordinateSystem;  // null: not an Earth system
-    std::optional<ObjectCounts> counts;                  // with `count` only
+    std::shared_ptr<const CoordinateSystem> coordinateSystem;  // null: the header names none
+    std::optional<ObjectCounts> counts;                        // with `count` only
     std::string problem;  // why more is not known; empty when all is well
 };
 

@@ -123,8 +123,9 @@ void AddCountRows(Table& table, const ObjectCounts& counts) {
 #ifdef QOLF_HAS_CRS
 // Leaves PROJ alone where it can; without WKT, which only PROJ makes.
 CrsIdentifier AskedLast(const CrsIdentifier& identify) {
-    return [&identify](const gcs::CSDef& system) {
-        const std::optional<RegisteredSystem> known = FindFrequentSystem(system);
+    return [&identify](const CoordinateSystem& system) {
+        const std::optional<RegisteredSystem> known =
+            system.clause ? FindFrequentSystem(*system.clause) : std::nullopt;
         return known ? CrsIdentity{"", known->epsgCode, known->epsgName} : identify(system);
     };
 }

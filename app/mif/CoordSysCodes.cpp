@@ -7,16 +7,62 @@
 namespace app {
 namespace {
 
+using enum ProjectionParameter;
+
+// Layouts that several projections share.
+constexpr std::array kLongitude{OriginLongitude};
+constexpr std::array kOrigin{OriginLongitude, OriginLatitude};
+constexpr std::array kParallel{OriginLongitude, StandardParallel1};
+constexpr std::array kPlane{OriginLongitude, OriginLatitude, FalseEasting, FalseNorthing};
+constexpr std::array kCylinder{OriginLongitude, StandardParallel1, FalseEasting, FalseNorthing};
+constexpr std::array kScaled{OriginLongitude, OriginLatitude, ScaleFactor, FalseEasting,
+                             FalseNorthing};
+constexpr std::array kCone{OriginLongitude,   OriginLatitude, StandardParallel1,
+                           StandardParallel2, FalseEasting,   FalseNorthing};
+constexpr std::array kOblique{OriginLongitude, OriginLatitude, Azimuth,
+                              ScaleFactor,     FalseEasting,   FalseNorthing};
+constexpr std::array kRectified{OriginLongitude, OriginLatitude, Azimuth,      RectifiedAngle,
+                                ScaleFactor,     FalseEasting,   FalseNorthing};
+
+constexpr std::nullopt_t kStops = std::nullopt;
+
+// The versions of the rows at which the module stops are not known for certain; these are the
+// lowest that are safe.
+// clang-format off
 constexpr std::array kProjections = {
-    Projection{1, 0, false},  Projection{3, 6, false},    Projection{4, 2, true},
-    Projection{5, 2, true},   Projection{6, 6, false},    Projection{7, 6, false},
-    Projection{8, 5, false},  Projection{9, 7, false},    Projection{10, 1, false},
-    Projection{11, 1, false}, Projection{12, 1, false},   Projection{13, 1, false},
-    Projection{14, 1, false}, Projection{15, 1, false},   Projection{16, 1, false},
-    Projection{18, 2, false}, Projection{20, 5, false},   Projection{27, 4, false},
-    Projection{28, 2, true},  Projection{29, 2, true},    Projection{30, 4, false},
-    Projection{33, 4, false}, Projection{2003, 6, false},
+    Projection{1, 300, "Longitude/Latitude", {}, false, 0},
+    Projection{2, 300, "Cylindrical Equal Area", kParallel, false, kStops},
+    Projection{3, 300, "Lambert Conformal Conic", kCone, false, 6},
+    Projection{4, 300, "Lambert Azimuthal Equal-Area", kOrigin, true, 2},
+    Projection{5, 300, "Azimuthal Equidistant", kOrigin, true, 2},
+    Projection{6, 300, "Equidistant Conic", kCone, false, 6},
+    Projection{7, 300, "Hotine Oblique Mercator", kOblique, false, 6},
+    Projection{8, 300, "Transverse Mercator", kScaled, false, 5},
+    Projection{9, 300, "Albers Equal-Area Conic", kCone, false, 7},
+    Projection{10, 300, "Mercator", kLongitude, false, 1},
+    Projection{11, 300, "Miller Cylindrical", kLongitude, false, 1},
+    Projection{12, 300, "Robinson", kLongitude, false, 1},
+    Projection{13, 300, "Mollweide", kLongitude, false, 1},
+    Projection{14, 300, "Eckert IV", kLongitude, false, 1},
+    Projection{15, 300, "Eckert VI", kLongitude, false, 1},
+    Projection{16, 300, "Sinusoidal", kLongitude, false, 1},
+    Projection{17, 300, "Gall", kLongitude, false, kStops},
+    Projection{18, 300, "New Zealand Map Grid", kPlane, false, 2},
+    Projection{19, 300, "the Belgian variant of Lambert Conformal Conic", kCone, false, kStops},
+    Projection{20, 300, "Stereographic", kScaled, false, 5},
+    Projection{24, 300, "the Finnish KKJ variant of Transverse Mercator (Gauss-Kruger)", kScaled, false, kStops},
+    Projection{25, 300, "Swiss Oblique Mercator", kPlane, false, kStops},
+    Projection{26, 550, "Regional Mercator", kParallel, false, kStops},
+    Projection{27, 550, "Polyconic", kPlane, false, 4},
+    Projection{28, 600, "Azimuthal Equidistant", kOrigin, true, 2},
+    Projection{29, 650, "Lambert Azimuthal Equal-Area", kOrigin, true, 2},
+    Projection{30, 650, "Cassini-Soldner", kPlane, false, 4},
+    Projection{31, 1050, "Double Stereographic", kScaled, false, kStops},
+    Projection{33, 1050, "Equidistant Cylindrical", kCylinder, false, 4},
+    Projection{34, 1050, "Extended Transverse Mercator, an exact form of projection 8", kScaled, false, kStops},
+    Projection{35, 1050, "Hotine Oblique Mercator with a rectified angle", kRectified, false, kStops},
 };
+// clang-format on
 
 struct CodeRange {
     std::int64_t first;
@@ -42,26 +88,42 @@ struct NamedCode {
     const char* words;
 };
 
-constexpr std::array kUnknownProjections = {
-    NamedCode{2, "Cylindrical Equal Area"},
-    NamedCode{17, "Gall"},
-    NamedCode{19, "the Belgian variant of Lambert Conformal Conic"},
+// Known by name alone.
+constexpr std::array kWithoutLayout = {
     NamedCode{21, "the Danish System 34 Jutland variant of Transverse Mercator"},
     NamedCode{22, "the Danish System 34 Zealand variant of Transverse Mercator"},
     NamedCode{23, "the Danish System 45 Bornholm variant of Transverse Mercator"},
-    NamedCode{24, "the Finnish KKJ variant of Transverse Mercator (Gauss-Kruger)"},
-    NamedCode{25, "Swiss Oblique Mercator"},
-    NamedCode{26, "Regional Mercator"},
-    NamedCode{31, "Double Stereographic"},
     NamedCode{32, "Krovak"},
-    NamedCode{34, "Extended Transverse Mercator, an exact form of projection 8"},
 };
+
+constexpr std::int64_t kThousand = 1000;
+constexpr std::int64_t kEndOfCodes = 4000;
 
 }  // namespace
 
-const Projection* FindProjection(std::int64_t code) {
+bool Projection::Takes(ProjectionParameter parameter) const {
+    return std::ranges::find(parameters, parameter) != parameters.end();
+}
+
+const Projection* KnownProjection(std::int64_t code) {
     const auto* const found = std::ranges::find(kProjections, code, &Projection::code);
     return found == kProjections.end() ? nullptr : found;
+}
+
+ProjectionCode SplitProjectionCode(std::int64_t code) {
+    if (code < 0 || code >= kEndOfCodes) {
+        return {};
+    }
+    const std::int64_t thousands = code / kThousand;
+    return {.projection = KnownProjection(code % kThousand),
+            .hasAffine = thousands % 2 == 1,
+            .hasBounds = thousands >= 2};
+}
+
+const Projection* ModuleProjection(std::int64_t code) {
+    constexpr std::int64_t kConeWithBounds = 2003;
+    const Projection* const projection = KnownProjection(code == kConeWithBounds ? 3 : code);
+    return projection != nullptr && projection->moduleParameterCount ? projection : nullptr;
 }
 
 bool IsKnownDatum(std::int64_t code) {
@@ -73,44 +135,38 @@ bool IsKnownEllipsoid(std::int64_t code) {
 }
 
 std::string ProjectionInWords(std::int64_t code) {
-    const auto* const found = std::ranges::find(kUnknownProjections, code, &NamedCode::code);
-    if (found != kUnknownProjections.end()) {
+    if (const Projection* const projection = KnownProjection(code)) {
+        return projection->words;
+    }
+    const auto* const found = std::ranges::find(kWithoutLayout, code, &NamedCode::code);
+    if (found != kWithoutLayout.end()) {
         return found->words;
     }
-    const std::int64_t base = code % 1000;
-    if (code >= 1000 && code < 4000 && base > 0 && base < 100) {
-        const char* const with = code < 2000   ? " with an affine transformation"
-                                 : code < 3000 ? " with bounds"
-                                               : " with an affine transformation and bounds";
-        return "projection " + std::to_string(base) + with;
+    const ProjectionCode split = SplitProjectionCode(code);
+    if (split.projection == nullptr) {
+        return "none that the format is known to have";
     }
-    return "none that the format is known to have";
+    return "projection " + std::to_string(split.projection->code) + " with " +
+           (split.hasAffine ? "an affine transformation" : "") +
+           (split.hasAffine && split.hasBounds ? " and " : "") + (split.hasBounds ? "bounds" : "");
 }
 
 std::optional<std::int64_t> EqualProjection(std::int64_t code) {
     if (code == 34) {
         return 8;
     }
-    if (code > 2000 && code < 2100 && FindProjection(code) == nullptr &&
-        FindProjection(code - 2000) != nullptr) {
+    if (code > 2000 && code < 2100 && ModuleProjection(code) == nullptr &&
+        ModuleProjection(code - 2000) != nullptr) {
         return code - 2000;
     }
     return code == 2034 ? std::optional<std::int64_t>(8) : std::nullopt;
 }
 
 std::string AdviceForProjection(std::int64_t code) {
-    if (const std::optional<std::int64_t> equal = EqualProjection(code)) {
-        return "Let --fix of 'qolf check' or 'qolf convert' rewrite the code as " +
-               std::to_string(*equal) +
-               ", which means the same, or name the system with 'qolf convert --assume-crs "
-               "EPSG:…'.";
-    }
-    if (code == 24) {
-        return "Name the system with 'qolf convert --assume-crs EPSG:2393', or the code of the "
-               "zone that is meant.";
-    }
-    return "Read the geometry with 'qolf convert --assume-crs EPSG:…' and name the coordinate "
-           "system there.";
+    return SplitProjectionCode(code).projection != nullptr
+               ? "'qolf convert' and 'qolf draw' read it."
+               : "'qolf convert' reads the geometry; name the coordinate system with --assume-crs "
+                 "EPSG:….";
 }
 
 }  // namespace app

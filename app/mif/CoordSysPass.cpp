@@ -33,7 +33,8 @@ std::string OnOneLine(const std::vector<MifToken>& tokens) {
     for (const MifToken& token : tokens) {
         const bool isTight = token.IsMark(',') || token.IsMark(')');
         text += text.empty() || isTight || text.back() == '(' ? "" : " ";
-        text += token.text;
+        const char* const quote = token.IsQuoted() ? "\"" : "";
+        text += quote + std::string(token.text) + quote;
     }
     return text;
 }
@@ -178,7 +179,7 @@ void Clause::CheckKind() {
 }
 
 bool Clause::KnowProjection(std::int64_t code, const MifToken& token) {
-    if (FindProjection(code) != nullptr) {
+    if (ModuleProjection(code) != nullptr) {
         return true;
     }
     header_.unknownProjection = code;
@@ -203,7 +204,7 @@ void Clause::CheckProjection() {
     const MifToken token = AtEnd() ? MifToken{} : tokens_[next_];
     const std::int64_t code = ReadInteger(Take());
     const bool isKnown = KnowProjection(code, token);
-    header_.coordSys.isReadByModule = FindProjection(code) != nullptr && At(",");
+    header_.coordSys.isReadByModule = ModuleProjection(code) != nullptr && At(",");
     if (!At(",")) {
         if (isKnown) {
             report_.Add(FindingCode::CoordSysMalformed, place_,
@@ -212,18 +213,18 @@ void Clause::CheckProjection() {
         return;
     }
     ++next_;
-    const Projection* projection = FindProjection(EqualProjection(code).value_or(code));
+    const Projection* projection = ModuleProjection(EqualProjection(code).value_or(code));
     if (projection != nullptr) {
         const std::int64_t datum = AtEnd() ? 0 : ReadInteger(tokens_[next_].text);
         const std::size_t numbers = datum == 999 ? 4 : datum == 9999 ? 9 : 0;
-        const std::size_t parts = 1 + numbers + 1 + projection->parameterCount;
+        const std::size_t parts = 1 + numbers + 1 + *projection->moduleParameterCount;
         TakeContinuation(parts);
         header_.coordSys.lackingParts = CountLackingParts(parts);
     }
     CheckDatum();
     const bool isAtEnd = AtEnd();
     SkipComma();
-    if (isAtEnd && projection != nullptr && projection->parameterCount == 0) {
+    if (isAtEnd && projection != nullptr && *projection->moduleParameterCount == 0) {
         CheckSwallowing(FindingCode::LineSwallowed, FindingCode::DataSwallowed,
                         "the clause ends at its datum");
     }
@@ -278,7 +279,7 @@ void Clause::CheckUnits(std::int64_t code) {
     SkipComma();
     const Unit* const unit = FindUnit(token.text);
     if (unit != nullptr && unit->isKnownToModule) {
-        unitsPerMetre_ = unit->perMetre;
+        unitsPerMetre_ = unit->PerMetre();
         return;
     }
     if (ReadDouble(token.text) > 0.0) {
@@ -296,8 +297,8 @@ void Clause::CheckUnits(std::int64_t code) {
     if (unit == nullptr) {
         return;
     }
-    unitsPerMetre_ = unit->perMetre;
-    const std::string number = "\"" + NumberAsText(unit->perMetre) + "\"";
+    unitsPerMetre_ = unit->PerMetre();
+    const std::string number = "\"" + NumberAsText(unit->PerMetre()) + "\"";
     report_.Change(FileOfPair::Mif, {.begin = token.begin,
                                      .end = token.end,
                                      .text = number,
@@ -309,7 +310,7 @@ void Clause::CheckUnits(std::int64_t code) {
 
 void Clause::CheckParameters(const Projection& projection) {
     std::size_t taken = 0;
-    while (taken < projection.parameterCount && !AtEnd() && !At("Bounds") && !At("Affine")) {
+    while (taken < *projection.moduleParameterCount && !AtEnd() && !At("Bounds") && !At("Affine")) {
         static_cast<void>(TakeNumber());
         ++taken;
     }
@@ -320,11 +321,11 @@ void Clause::CheckParameters(const Projection& projection) {
         if (AtEnd()) {
             CheckSwallowing(FindingCode::LineLost, FindingCode::LineLost, "a parameter is missing");
         }
-    } else if (taken < projection.parameterCount) {
+    } else if (taken < *projection.moduleParameterCount) {
         report_.Add(FindingCode::ParametersMissing, place_,
                     Counted(taken, "parameter", "parameters") + " where projection " +
                         std::to_string(projection.code) + " takes " +
-                        std::to_string(projection.parameterCount));
+                        std::to_string(*projection.moduleParameterCount));
     }
 }
 

@@ -72,6 +72,7 @@ private:
     void CheckColumn(const MifLine& line, const Column& column);
     void TakeData(const HeaderLine& line);
     void CheckRest(const HeaderLine& line, std::size_t used);
+    bool IsIncomplete() const;
     bool IsReadByModule() const;
     bool SwallowsNoClause() const;
     static Place At(const MifLine& line) { return {FileOfPair::Mif, line.number, 0}; }
@@ -343,7 +344,8 @@ std::uint64_t HeaderPass::TakeColumnLines(std::uint64_t declared) {
     std::uint64_t found = 0;
     for (const MifLine* next = lines_.Peek(); next != nullptr; next = lines_.Peek()) {
         const HeaderLine line{*next, TokensOf(next->raw, next->begin)};
-        areLinesPlain_ = areLinesPlain_ && next->lineEnd != LineEnd::LoneCr && !next->isCut;
+        areLinesPlain_ = areLinesPlain_ && next->lineEnd != LineEnd::LoneCr && !next->isCut &&
+                         next->raw.find('\0') == std::string_view::npos;
         if (line.tokens.empty()) {
             if (found >= declared) {
                 break;
@@ -416,8 +418,7 @@ void HeaderPass::TakeData(const HeaderLine& line) {
         report_.Add(FindingCode::VersionMissing, At(line.line),
                     "no Version clause; the import stops");
     }
-    if (seen_[kDelimiter] + seen_[kCoordSys] + seen_[kColumns] + seen_[kCharset] + seen_[kBounds] ==
-        0) {
+    if (IsIncomplete()) {
         report_.Add(FindingCode::HeaderIncomplete, At(line.line),
                     "none of Charset, Delimiter, CoordSys, Bounds and Columns; the import stops");
     }
@@ -449,10 +450,18 @@ void HeaderPass::TakeData(const HeaderLine& line) {
     lines_.Skip();
 }
 
+// The module wants one of these.
+bool HeaderPass::IsIncomplete() const {
+    return seen_[kDelimiter] + seen_[kCoordSys] + seen_[kColumns] + seen_[kCharset] +
+               seen_[kBounds] ==
+           0;
+}
+
 bool HeaderPass::IsReadByModule() const {
     return lines_.Start() == FileStart::Plain && areLinesPlain_ && areColumnsPlain_ &&
-           !isTooLong_ && seen_[kVersion] > 0 && isVersionPlain_ && seen_[kUnique] == 0 &&
-           header_.coordSys.isReadByModule && SwallowsNoClause();
+           !isTooLong_ && seen_[kVersion] > 0 && !IsIncomplete() && isVersionPlain_ &&
+           seen_[kUnique] == 0 && seen_[kCoordSys] <= 1 && header_.coordSys.isReadByModule &&
+           SwallowsNoClause();
 }
 
 // Whether the clause that the module takes for the rest of CoordSys, if any, may be lost.

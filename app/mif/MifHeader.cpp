@@ -28,7 +28,8 @@ char DelimiterOf(const MifHeader& header) {
 
 std::string HeaderForModule(const MifHeader& header) {
     std::string text = "Version 300\nCharset \"Neutral\"\n";
-    if (!header.coordSys.text.empty() && header.coordSys.isReadByModule) {
+    const bool isText = header.coordSys.text.find('\0') == std::string::npos;
+    if (!header.coordSys.text.empty() && header.coordSys.isReadByModule && isText) {
         std::string clause = header.coordSys.text;
         std::ranges::replace(clause, '\r', ' ');
         text += clause + "\n" + std::string(header.coordSys.lackingParts, '\n');

@@ -282,7 +282,8 @@ ObjectPass::Plain ObjectPass::ReadPlainClauses(LineCursor& cursor) {
     behindClauses_ = cursor.Here();
     const Plain plain = LookBehindClauses(cursor);
     if (hasClauses && plain != Plain::No) {
-        if (!areClausesSafe_) {
+        // The module takes a clause behind None for an object.
+        if (!areClausesSafe_ || facts_.kind == ObjectKind::None) {
             sink_.Cut(begin, behindClauses_.offset, {});
         }
         if (report_.HasSink()) {
@@ -319,8 +320,8 @@ bool ObjectPass::TakePlainClauses(LineCursor& cursor) {
 // A carriage return inside may be a line end; and whoever wants to know what is wrong with the file
 // looks at the letters of such lines. They are read one by one.
 bool ObjectPass::HasOddBytes(std::string_view line) const {
-    return HasLoneReturn(line) ||
-           (report_.HasSink() && (!IsAscii(line) || line.find('\0') != std::string_view::npos));
+    return HasLoneReturn(line) || line.find('\0') != std::string_view::npos ||
+           (report_.HasSink() && !IsAscii(line));
 }
 
 // Whether an object or the end of the file follows, behind empty lines or not.

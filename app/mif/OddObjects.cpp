@@ -530,7 +530,8 @@ void ObjectPass::ReadClauses(ObjectFacts& facts) {
             break;
         }
         const MifLine& line = *lines_.Peek();
-        if (line.begin != begin || line.lineEnd == LineEnd::LoneCr || !IsSafeClause(line.raw)) {
+        if (line.begin != begin || line.lineEnd == LineEnd::LoneCr || !IsSafeClause(line.raw) ||
+            facts.kind == ObjectKind::None) {
             oddFrom = std::min(oddFrom, begin);
         }
         CheckClauseLine(line.raw, At(line.number), report_);

@@ -15,7 +15,7 @@ bool IsOwn(const std::string& name) {
 }  // namespace
 
 void AddCommands(CLI::App& program, CommandContext& context, const std::string& wanted) {
-    context.identify = [](const gcs::CSDef& system) {
+    context.identify = [](const CoordinateSystem& system) {
         return LoadCommandLibrary().identify(system);
     };
     const std::span<const CommandEntry> commands =

@@ -2,12 +2,10 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
-#include "app/base/TempFolder.h"
 #include "app/mif/CoordSysCodes.h"
 #include "app/mif/MifHeader.h"
 #include "standalone/Text.h"
 
-#include <fstream>
 #include <memory>
 #include <utility>
 
@@ -139,8 +137,7 @@ void ImportRun::Rethrow(const shr::IError& error) const {
                                                  : "'qolf check " + name + "' says more.");
 }
 
-void ImportRun::Import(const std::filesystem::path& path, Reporter& reporter,
-                       const ObjectSink& sink) {
+void ImportRun::RunFilter(Reporter& reporter, const ObjectSink& sink) {
     if (!settings_.codePage.empty()) {
         static_cast<void>(standalone::SetCodePage0(settings_.codePage));  // others set theirs, too
     }
@@ -151,7 +148,7 @@ void ImportRun::Import(const std::filesystem::path& path, Reporter& reporter,
     if (settings_.optionString) {
         filter->SetOptionsFromString(standalone::Widen(*settings_.optionString));
     }
-    filter->Import(WidePath(path));
+    filter->Import(WidePath(settings_.path));
     hasWarned_ = true;
 }
 
@@ -159,7 +156,7 @@ void ImportRun::ImportHeader(Reporter& reporter, const ObjectSink& sink) {
     Reporter withoutProgress = reporter;
     withoutProgress.SetProgress(false);
     try {
-        Import(settings_.path, withoutProgress, [&sink](zeio::TrBase& object) {
+        RunFilter(withoutProgress, [&sink](zeio::TrBase& object) {
             if (!IsOfHeader(object)) {
                 throw HeaderIsOver();
             }
@@ -172,20 +169,6 @@ void ImportRun::ImportHeader(Reporter& reporter, const ObjectSink& sink) {
     }
 }
 
-void ImportRun::ImportHeader(const std::string& header, Reporter& reporter,
-                             const ObjectSink& sink) {
-    const TempFolder folder;
-    const std::filesystem::path path = folder.File(settings_.path.filename());
-    std::ofstream(path, std::ios::binary) << header;
-    Reporter withoutProgress = reporter;
-    withoutProgress.SetProgress(false);
-    try {
-        Import(path, withoutProgress, sink);
-    } catch (const shr::IError& error) {
-        Rethrow(error);
-    }
-}
-
 std::uint64_t ImportRun::Import(Reporter& reporter, const ObjectSink& sink) {
     std::uint64_t objectCount = 0;
     const ObjectSink counting = [&](zeio::TrBase& object) {
@@ -193,7 +176,7 @@ std::uint64_t ImportRun::Import(Reporter& reporter, const ObjectSink& sink) {
         sink(object);
     };
     try {
-        Import(settings_.path, reporter, counting);
+        RunFilter(reporter, counting);
     } catch (const shr::IError& error) {
         Rethrow(error);
     }

@@ -78,9 +78,6 @@ public:
     // Throws as Import.
     void ImportHeader(Reporter& reporter, const ObjectSink& sink);
 
-    // The same of a header that stands in place of the file's, up to the line after Data.
-    void ImportHeader(const std::string& header, Reporter& reporter, const ObjectSink& sink);
-
     // Imports the whole file and returns how many graphic objects there were. The module's warnings
     // come with the first import alone, whether of the header or of the file. Throws ImportFailure
     // with the shown path in its text, and always with a reason; what the sink throws passes
@@ -89,7 +86,7 @@ public:
 
 private:
     class Host;
-    void Import(const std::filesystem::path& path, Reporter& reporter, const ObjectSink& sink);
+    void RunFilter(Reporter& reporter, const ObjectSink& sink);
     [[noreturn]] void Rethrow(const shr::IError& error) const;
     std::string ShownName() const;
     std::wstring WithShownPath(std::wstring text) const;

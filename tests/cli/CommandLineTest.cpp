@@ -158,7 +158,7 @@ TEST(TheCommandLine, RefusesALibraryThatIsNoModule) {
 
 TEST(TheCommandLine, SaysNothingButErrorsWhenQuiet) {
     const Sandbox sandbox;
-    sandbox.Write("a.mif", "Version 300\nCoordSys Earth Projection 8\nData\n");
+    sandbox.Write("a.mif", "Version 300\nColumns 1\n  id Char(9)\n");
 
     EXPECT_NE(sandbox.Qolf({"info", "a.mif"}).err, "");
     EXPECT_EQ(sandbox.Qolf({"--quiet", "info", "a.mif"}).err, "");

@@ -269,7 +269,7 @@ TEST(ConvertPair, KeepsTheLatitudeOfAnAzimuthalProjectionAtAnyLatitude) {
 struct UnitRow {
     std::string name;
     std::string unit;
-    bool isWarnedOf;
+    double metres;
 };
 
 std::ostream& operator<<(std::ostream& out, const UnitRow& row) {
@@ -278,25 +278,25 @@ std::ostream& operator<<(std::ostream& out, const UnitRow& row) {
 
 class UnitOfAClause : public testing::TestWithParam<UnitRow> {};
 
-TEST_P(UnitOfAClause, IsWarnedOfWhenTheModuleDoesNotKnowIt) {
+TEST_P(UnitOfAClause, IsUnderstoodAlsoWhereTheModuleTakesMetres) {
     const Sandbox sandbox;
     sandbox.Write("a.mif",
                   "Version 300\nCharset \"Neutral\"\nCoordSys Earth Projection 8, 104, \"" +
-                      GetParam().unit + "\", 27, 0, 0.9996, 500, 0\nData\nPoint 500 6500\n");
+                      GetParam().unit + "\", 27, 0, 1, 500, 0\nData\nPoint 500 65\n");
 
-    const Result result = sandbox.Qolf({"convert", "a.mif", "a.geojson"});
+    const Json json = GeoJsonOf(sandbox, {"a.mif"});
 
-    EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(result.err.find("the unit \"" + GetParam().unit + "\"") != std::string::npos,
-              GetParam().isWarnedOf)
-        << result.err;
+    constexpr double kMetresPerDegree = 110574.0;  // of latitude at the equator
+    const Json position = json["features"][0]["geometry"]["coordinates"];
+    EXPECT_NEAR(position[0].get<double>(), 27.0, 1e-9);
+    EXPECT_NEAR(position[1].get<double>() * kMetresPerDegree / (65 * GetParam().metres), 1.0, 1e-3);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     , UnitOfAClause,
-    testing::Values(UnitRow{"Metres", "m", false}, UnitRow{"SurveyFeet", "survey ft", false},
-                    UnitRow{"ANumber", "0.001", false}, UnitRow{"Kilometres", "km", true},
-                    UnitRow{"InternationalFeet", "ft", true}, UnitRow{"Miles", "mi", true}),
+    testing::Values(UnitRow{"Metres", "m", 1.0}, UnitRow{"SurveyFeet", "survey ft", 0.3048006},
+                    UnitRow{"ANumber", "0.001", 1000.0}, UnitRow{"Kilometres", "km", 1000.0},
+                    UnitRow{"InternationalFeet", "ft", 0.3048}, UnitRow{"Miles", "mi", 1609.344}),
     [](const auto& row) { return row.param.name; });
 
 TEST(ConvertToGeoJson, SaysWhatBecameOfAFaultyProjection) {
@@ -307,7 +307,10 @@ TEST(ConvertToGeoJson, SaysWhatBecameOfAFaultyProjection) {
     const Result result = sandbox.Qolf({"convert", "a.mif", "a.geojson"});
 
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_NE(result.err.find("faulty parameters"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("the origin latitude 95 of the projection \"Transverse Mercator\" is "
+                              "missing or out of range; the coordinates stay as they are"),
+              std::string::npos)
+        << result.err;
 }
 
 TEST(ConvertWithAnAssumedSystem, ReadsTheGeometryWhateverTheClauseSays) {
@@ -446,6 +449,10 @@ INSTANTIATE_TEST_SUITE_P(
                  "four numbers"},
         UsageRow{"AnExtensionThatIsNoMap", {"convert", "there.txt", "o.geojson"}, 2, "there.txt"},
         UsageRow{"AFolder", {"convert", ".", "o.geojson"}, 2, ".: is a folder; --output-dir"},
+        UsageRow{"StylesOfAPair",
+                 {"convert", "--styles", "empty.mif", "o.mif"},
+                 2,
+                 "--styles is for GeoJSON"},
         UsageRow{"APackageOnAStream",
                  {"convert", "--to", "gpkg", "empty.mif", "-"},
                  2,

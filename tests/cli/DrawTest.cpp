@@ -99,7 +99,10 @@ INSTANTIATE_TEST_SUITE_P(
     , DrawRefuses,
     testing::Values(
         RefusalRow{"AMissingFile", {"draw", "missing.mif", "o.png"}, 1, "missing.mif: can't open"},
-        RefusalRow{"AnEmptyFile", {"draw", "empty.mif", "o.png"}, 1, "'qolf check empty.mif'"},
+        RefusalRow{"AnEmptyFile",
+                   {"draw", "empty.mif", "o.png"},
+                   1,
+                   "empty.mif: is not a MIF file: it is empty"},
         RefusalRow{"ABadFileOfAFolder", {"draw", ".", "o.png"}, 1, "empty.mif"},
         RefusalRow{"AMissingPicture", {"draw", "empty.mif"}, 2, "as the last one, the picture"},
         RefusalRow{"AnUnknownExtension", {"draw", "empty.mif", "o.jpg"}, 2, ".svg, .png or .pdf"},

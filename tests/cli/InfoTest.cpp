@@ -180,24 +180,66 @@ const BrokenRow kBroken[] = {
     {"NoVersion", "Charset \"Neutral\"\nData\n",
      "VERSION section missing from file header. " + kCheckSaysMore},
     {"NothingElse", "Version 300\nData\n", "Corrupt or incomplete file header. " + kCheckSaysMore},
-    {"UnknownProjection", "Version 300\nCoordSys Earth Projection 2, 104\nData\n",
-     kClauseRefused + "Projection code 2 is Cylindrical Equal Area. Read the geometry with 'qolf "
-                      "convert --assume-crs EPSG:…' and name the coordinate system there."},
-    {"AProjectionWithASystemOfItsOwn",
-     "Version 300\nCoordSys Earth Projection 24, 1016, \"m\", 27, 0, 1, 3500000, 0\nData\n",
-     kClauseRefused + "Projection code 24 is the Finnish KKJ variant of Transverse Mercator "
-                      "(Gauss-Kruger). Name the system with 'qolf convert --assume-crs "
-                      "EPSG:2393', or the code of the zone that is meant."},
-    {"AProjectionWithAnEqual",
-     "Version 300\nCoordSys Earth Projection 34, 104, \"m\", 27, 0, 1, 500000, 0\nData\n",
-     kClauseRefused + "Projection code 34 is Extended Transverse Mercator, an exact form of "
-                      "projection 8. Let --fix of 'qolf check' or 'qolf convert' rewrite the "
-                      "code as 8, which means the same, or "
-                      "name the system with 'qolf convert --assume-crs EPSG:…'."},
     {"NoCommaBehindTheProjection", "Version 300\nCoordSys Earth Projection 8\nData\n",
      kClauseRefused + kCheckSaysMore},
 };
 INSTANTIATE_TEST_SUITE_P(, InfoOfABrokenFile, testing::ValuesIn(kBroken),
+                         [](const auto& row) { return row.param.name; });
+
+struct ProjectionRow {
+    std::string name;
+    std::string clause;
+    std::string said;    // by info
+    std::string advice;  // of info --as-is
+};
+void PrintTo(const ProjectionRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class InfoOfAProjectionThatTheModuleLacks : public testing::TestWithParam<ProjectionRow> {
+protected:
+    static void WriteTo(const Sandbox& sandbox) {
+        sandbox.Write("a.mif", "Version 300\n" + GetParam().clause + "\nData\nPoint 1 2\n");
+    }
+};
+
+TEST_P(InfoOfAProjectionThatTheModuleLacks, SaysHowItIsRead) {
+    const Sandbox sandbox;
+    WriteTo(sandbox);
+
+    const Result result = sandbox.Qolf({"info", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_NE(result.out.find(GetParam().said), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find(GetParam().clause), std::string::npos) << result.out;
+}
+
+TEST_P(InfoOfAProjectionThatTheModuleLacks, GivesTheModulesReasonAsItIs) {
+    const Sandbox sandbox;
+    WriteTo(sandbox);
+
+    const Result result = sandbox.Qolf({"info", "--as-is", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err,
+              "qolf: error: Can't import 'a.mif'.  " + kClauseRefused + GetParam().advice + "\n");
+}
+
+const ProjectionRow kProjections[] = {
+    {"WithAnotherLayout", "CoordSys Earth Projection 2, 104, \"m\", 5, 30",
+     "+proj=cea +lon_0=5 +lat_ts=30",
+     "Projection code 2 is Cylindrical Equal Area. 'qolf convert' and 'qolf draw' read it."},
+    {"WithAnEqual", "CoordSys Earth Projection 24, 1016, \"m\", 27, 0, 1, 3500000, 0",
+     "2393 KKJ / Finland Uniform Coordinate System",
+     "Projection code 24 is the Finnish KKJ variant of Transverse Mercator (Gauss-Kruger). 'qolf "
+     "convert' and 'qolf draw' read it."},
+    {"ThatNobodyKnows", "CoordSys Earth Projection 777, 104, \"m\", 5",
+     "projection code 777 is none that the format is known to have, and its coordinates can't be "
+     "placed",
+     "Projection code 777 is none that the format is known to have. 'qolf convert' reads the "
+     "geometry; name the coordinate system with --assume-crs EPSG:…."},
+};
+INSTANTIATE_TEST_SUITE_P(, InfoOfAProjectionThatTheModuleLacks, testing::ValuesIn(kProjections),
                          [](const auto& row) { return row.param.name; });
 
 TEST(Info, SaysAllThatAHeaderHoldsThenWhatIsWrongWithIt) {
@@ -210,10 +252,20 @@ TEST(Info, SaysAllThatAHeaderHoldsThenWhatIsWrongWithIt) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_NE(result.out.find("  Clause     CoordSys Earth Projection 8\n"), std::string::npos);
     EXPECT_NE(result.out.find("    street name  Char(9)\n"), std::string::npos) << result.out;
-    EXPECT_EQ(result.err,
-              "qolf: warning: a.mif: the CoordSys clause can't be read; the objects have "
-              "no coordinate system\n"
-              "qolf: warning: a.mif: the header ends without the line Data\n");
+    EXPECT_NE(result.out.find("the CoordSys clause ends at its projection code"),
+              std::string::npos);
+    EXPECT_EQ(result.err, "qolf: warning: a.mif: the header ends without the line Data\n");
+}
+
+TEST(Info, GoesOnBehindAClauseThatSwallowsTheDataLine) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCoordSys Earth Projection 8, 104, \"m\", 20, 0 Bounds\n"
+                           "Columns 1\n  a Char(9)\nData\n");
+
+    const Result result = sandbox.Qolf({"info", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_NE(result.out.find("    a  Char(9)\n"), std::string::npos) << result.out;
 }
 
 TEST(Info, HasEveryFileInItsDocument) {

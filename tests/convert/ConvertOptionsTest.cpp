@@ -96,7 +96,7 @@ TEST(SourceOptionsOfAConversion, HandOnWhatTheSourceNeeds) {
     EXPECT_TRUE(source.noStore);
     EXPECT_EQ(source.encoding, "CP1251");
     EXPECT_EQ(source.modulePath, "m.so");
-    EXPECT_TRUE(app::IsWgs84(source.assumedSystem.get()));
+    EXPECT_TRUE(app::IsWgs84(*source.assumedSystem));
 }
 
 TEST(SourceOptionsOfAConversion, NameTheOptionWhoseSystemIsUnknown) {

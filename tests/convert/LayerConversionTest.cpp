@@ -1,7 +1,7 @@
 #include "app/convert/LayerConversion.h"
 
 #include "app/base/Errors.h"
-#include "app/convert/SystemPlan.h"
+#include "app/crs/Definitions.h"
 #include "tests/support/Features.h"
 #include "tests/support/KeptMessages.h"
 
@@ -22,7 +22,7 @@ protected:
         facts.columns = {Column("id", app::ColumnKind::Integer),
                          Column("name", app::ColumnKind::Char, 20)};
         if (!system.empty()) {
-            facts.system = app::SystemOfDefinition("--crs", system, messages_.Reporter());
+            facts.system = app::SystemOfOption("--crs", system, messages_.Reporter());
         }
         facts.knownExtent = shr::Box2d{0, 0, 1, 1};
         return facts;
@@ -51,7 +51,7 @@ TEST_F(ALayerConversion, BeginsTheTargetsLayerWithWhatIsKnown) {
     const app::LayerFacts& layer = target_.layers.front();
     EXPECT_EQ(layer.name, "roads");
     EXPECT_EQ(layer.columns.size(), 2U);
-    EXPECT_TRUE(app::IsWgs84(layer.system.get()));
+    EXPECT_TRUE(app::IsWgs84(*layer.system));
     EXPECT_EQ(layer.knownExtent, (shr::Box2d{0, 0, 1, 1}));
 }
 

@@ -1,5 +1,6 @@
 // Coordinate systems as a person reads them.
 #include "app/crs/DescribeCoordSys.h"
+#include "app/crs/HostSystem.h"
 #include "tests/standalone/gcs/Definitions.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +12,8 @@ namespace {
 
 TEST(ADescription, HasNameUnitCodeAndDefinition) {
     app::CoordSysDescription description;
-    const auto system = System(LongitudeLatitude(), KnownDatum(L"DATUM_WGS84"));
+    const gcs::GCSDef host = System(LongitudeLatitude(), KnownDatum(L"DATUM_WGS84"));
+    const app::CoordinateSystem system = app::FromHost(&host);
 
     description = app::DescribeCoordSys(&system, app::Identify);
 
@@ -24,7 +26,8 @@ TEST(ADescription, HasNameUnitCodeAndDefinition) {
 }
 
 TEST(ADescription, SaysWhyThereIsNoDefinition) {
-    const auto system = System(Projection(2, {}), KnownDatum(L"DATUM_WGS84"));
+    const gcs::GCSDef host = System(Projection(2, {}), KnownDatum(L"DATUM_WGS84"));
+    const app::CoordinateSystem system = app::FromHost(&host);
 
     const auto description = app::DescribeCoordSys(&system, app::Identify);
 
@@ -35,7 +38,7 @@ TEST(ADescription, SaysWhyThereIsNoDefinition) {
 }
 
 TEST(ADescription, OfAPlaneHasItsUnitAlone) {
-    const gcs::PlaneDef plane(1.0);
+    const app::CoordinateSystem plane = app::PlaneSystem(1.0);
 
     EXPECT_EQ(app::TextOf(app::DescribeCoordSys(&plane, app::Identify)),
               "Coordinate system: Nonearth\nUnit: m\n");

@@ -6,7 +6,7 @@
 //     +lat_0=46.5 +lon_0=3 +x_0=700000 +y_0=6600000 +ellps=WGS84 +towgs84=0,0,0
 // and, for Miller, where cs2cs takes another radius,
 //   echo 10 50 | proj -f %.5f +proj=mill +lon_0=3 +ellps=WGS84
-#include "app/crs/CoordinateTransformer.h"
+#include "tests/crs/Systems.h"
 #include "tests/standalone/gcs/Definitions.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ void PrintTo(const PointRow& row, std::ostream* out) {
     *out << row.name;
 }
 
-gcs::GCSDef SystemOf(const PointRow& row) {
+app::CoordinateSystem SystemOf(const PointRow& row) {
     gcs::ProjectionDef projection = Projection(row.method, {{3, 1.0}});
     for (const auto& [id, value] : row.parameters) {
         projection.SetParameter(static_cast<gcs::ProjectionParameterID>(id), value);
@@ -38,7 +38,8 @@ gcs::GCSDef SystemOf(const PointRow& row) {
         projection.SetParameter(gcs::ProjectionParameterID::DefinedByAzimuth, true);
         projection.SetParameter(gcs::ProjectionParameterID::RectifiedOrigin, true);
     }
-    return System(projection, KnownDatum(L"DATUM_WGS84"));
+    const gcs::GCSDef system = System(projection, KnownDatum(L"DATUM_WGS84"));
+    return app::FromHost(&system);
 }
 
 class AKnownPoint : public testing::TestWithParam<PointRow> {};
@@ -47,25 +48,18 @@ constexpr double kMillimetre = 0.001;
 constexpr double kMillimetreInDegrees = 8e-9;
 
 TEST_P(AKnownPoint, LiesWhereTheClauseSays) {
-    const app::CoordinateTransformer transformer(SystemOf(GetParam()));
-    std::vector<double> x{GetParam().x};
-    std::vector<double> y{GetParam().y};
+    const Place place = OnWgs84(SystemOf(GetParam()), {GetParam().x, GetParam().y});
 
-    ASSERT_EQ(transformer.ToWgs84(x, y), 0U) << transformer.problem();
-
-    EXPECT_NEAR(x[0], GetParam().longitude, kMillimetreInDegrees);
-    EXPECT_NEAR(y[0], GetParam().latitude, kMillimetreInDegrees);
+    EXPECT_NEAR(place.x, GetParam().longitude, kMillimetreInDegrees);
+    EXPECT_NEAR(place.y, GetParam().latitude, kMillimetreInDegrees);
 }
 
 TEST_P(AKnownPoint, HasTheCoordinatesOfTheClause) {
-    const app::CoordinateTransformer transformer(SystemOf(GetParam()));
-    std::vector<double> x{GetParam().longitude};
-    std::vector<double> y{GetParam().latitude};
+    const Place place =
+        FromWgs84(SystemOf(GetParam()), {GetParam().longitude, GetParam().latitude});
 
-    ASSERT_EQ(transformer.FromWgs84(x, y), 0U) << transformer.problem();
-
-    EXPECT_NEAR(x[0], GetParam().x, kMillimetre);
-    EXPECT_NEAR(y[0], GetParam().y, kMillimetre);
+    EXPECT_NEAR(place.x, GetParam().x, kMillimetre);
+    EXPECT_NEAR(place.y, GetParam().y, kMillimetre);
 }
 
 // clang-format off
@@ -114,28 +108,24 @@ TEST(AUnit, OfSurveyFeetHoldsForTheFalseEastingToo) {
                                             {11, 40.66666666666667},
                                             {4, 984250.0},
                                             {5, 0.0}});
-    const app::CoordinateTransformer transformer(System(projection, KnownDatum(L"DATUM_WGS84")));
-    std::vector<double> x{-73.9};
-    std::vector<double> y{40.7};
+    const gcs::GCSDef system = System(projection, KnownDatum(L"DATUM_WGS84"));
 
-    ASSERT_EQ(transformer.FromWgs84(x, y), 0U);
+    const Place place = FromWgs84(app::FromHost(&system), {-73.9, 40.7});
 
-    EXPECT_NEAR(x[0], 1011978.07676, 0.003);
-    EXPECT_NEAR(y[0], 194321.16597, 0.003);
+    EXPECT_NEAR(place.x, 1011978.07676, 0.003);
+    EXPECT_NEAR(place.y, 194321.16597, 0.003);
 }
 
 // cs2cs with +to_meter=1000 and false easting 500000 (metres).
 TEST(AUnit, ThatIsANumberCountsUnitsPerMetre) {
     const auto projection =
         Projection(25, {{3, 0.001}, {6, 24.0}, {9, 0.0}, {12, 0.9996}, {4, 500.0}, {5, 0.0}});
-    const app::CoordinateTransformer transformer(System(projection, KnownDatum(L"DATUM_WGS84")));
-    std::vector<double> x{557.45094};
-    std::vector<double> y{6540.48178};
+    const gcs::GCSDef system = System(projection, KnownDatum(L"DATUM_WGS84"));
 
-    ASSERT_EQ(transformer.ToWgs84(x, y), 0U);
+    const Place place = OnWgs84(app::FromHost(&system), {557.45094, 6540.48178});
 
-    EXPECT_NEAR(x[0], 25.0, 2e-7);
-    EXPECT_NEAR(y[0], 59.0, 2e-7);
+    EXPECT_NEAR(place.x, 25.0, 2e-7);
+    EXPECT_NEAR(place.y, 59.0, 2e-7);
 }
 
 }  // namespace

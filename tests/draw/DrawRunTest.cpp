@@ -93,6 +93,17 @@ protected:
         return shr::Color4b(packed);
     }
 
+    // The pixels in the box that are not white.
+    int InkIn(int left, int top, int right, int bottom) const {
+        int count = 0;
+        for (int y = top; y < bottom; ++y) {
+            for (int x = left; x < right; ++x) {
+                count += PixelAt(x, y) == kWhite ? 0 : 1;
+            }
+        }
+        return count;
+    }
+
     std::vector<std::string> FilesLeft() const {
         std::vector<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
@@ -293,7 +304,9 @@ TEST_F(Draw, LeavesNothingWhenAFileIsMissing) {
 TEST_F(Draw, LeavesNothingWhenAnImportStopsHalfWay) {
     WriteMap("a.mif", kPlaneHeader, std::string(kRedRectangle) + "Nonsense 1 2\n");
     app::DrawOptions options = Options({"a.mif"});
+    options.map.asIs = true;
     options.bbox = shr::Box2d{0, 0, 100, 100};
+    options.map.asIs = true;
 
     EXPECT_NE(FailureOf(options).find("Invalid object type 'Nonsense'"), std::string::npos);
     EXPECT_EQ(FilesLeft(), (std::vector<std::string>{"a.mif"}));
@@ -411,6 +424,59 @@ TEST_F(Draw, SaysThatNoObjectLiesInTheBox) {
 
     EXPECT_EQ(Messages(), "qolf: warning: no object lies in --bbox 1000,1000,1100,1100; the map, "
                           "in the coordinates of the picture, is 0,0,100,100\n");
+}
+
+constexpr const char* kNamedPoint = R"({"type":"Feature","properties":{"name":"Here",
+    "marker-color":"#0000ff"},"geometry":{"type":"Point","coordinates":[0,0]}})";
+
+TEST_F(Draw, LabelsObjectsByAColumn) {
+    folder_.Write("a.geojson", kNamedPoint);
+    app::DrawOptions options = Options({"a.geojson"});
+    options.page.height = 100;
+    EXPECT_EQ(Run(options), 0);
+    EXPECT_EQ(InkIn(62, 40, 100, 60), 0);
+    options.ifExists = app::IfExists::Overwrite;
+    options.map.labels = {"name"};
+
+    EXPECT_EQ(Run(options), 0);
+
+    EXPECT_GT(InkIn(62, 40, 100, 60), 20);
+}
+
+TEST_F(Draw, LabelsOneLayerWhenItIsNamed) {
+    folder_.Write("a.geojson", kNamedPoint);
+    app::DrawOptions options = Options({"a.geojson"});
+    options.page.height = 100;
+    options.map.labels = {"a:name"};
+
+    EXPECT_EQ(Run(options), 0);
+
+    EXPECT_GT(InkIn(62, 40, 100, 60), 20);
+}
+
+TEST_F(Draw, NamesTheColumnsThereAreForALabelOfNone) {
+    folder_.Write("a.geojson", kNamedPoint);
+    app::DrawOptions options = Options({"a.geojson"});
+    options.map.labels = {"b:name"};
+
+    EXPECT_EQ(FailureOf(options),
+              "--label b:name: no layer has such a column; the columns are: name, marker-color");
+    EXPECT_EQ(FilesLeft(), (std::vector<std::string>{"a.geojson"}));
+}
+
+TEST_F(Draw, PutsTitleLegendAndScaleBarBesideTheMap) {
+    WriteMap("a.mif", kPlaneHeader, kRedRectangle);
+    app::DrawOptions options = Options({"a.mif"});
+    options.page.width = 300;
+    options.furniture = {"Red", true, true};
+
+    EXPECT_EQ(Run(options), 0);
+
+    EXPECT_EQ(PixelAt(5, 40), kRed);
+    EXPECT_EQ(PixelAt(5, 5), kWhite);
+    EXPECT_EQ(PixelAt(295, 150), kWhite);
+    EXPECT_GT(InkIn(0, 0, 300, 30), 20);     // the title
+    EXPECT_GT(InkIn(250, 40, 300, 80), 20);  // the legend
 }
 
 }  // namespace

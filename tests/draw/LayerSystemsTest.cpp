@@ -1,15 +1,24 @@
 // Layers of different coordinate systems in one picture.
 #include "app/draw/LayerSystems.h"
 
-#include "app/crs/GcsFromCrs.h"
+#include "app/crs/Definitions.h"
 #include "app/draw/Viewport.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace {
 
-app::LayerSystems::SystemPtr SystemOf(const std::string& definition) {
-    return app::GcsFromCrs(definition).system;
+app::SystemPtr Shared(app::CoordinateSystem system) {
+    return std::make_shared<const app::CoordinateSystem>(std::move(system));
+}
+
+app::SystemPtr SystemOf(const std::string& definition) {
+    return Shared(app::SystemOfDefinition(definition));
 }
 
 // Where a point of a layer comes to.
@@ -76,35 +85,25 @@ TEST(LayerSystems, SayWhyALayerCannotBeMoved) {
     app::LayerSystems systems(SystemOf("EPSG:4326"));
     std::string ofPlane;
     std::string ofNothing;
+    std::string ofUnknown;
 
-    const app::LayerTransform plane =
-        systems.TransformFrom(std::make_shared<gcs::PlaneDef>(1.0), ofPlane);
+    const app::LayerTransform plane = systems.TransformFrom(Shared(app::PlaneSystem(1.0)), ofPlane);
     const app::LayerTransform nothing = systems.TransformFrom(nullptr, ofNothing);
+    const app::LayerTransform unknown =
+        systems.TransformFrom(Shared(app::UnknownSystem("nobody knows")), ofUnknown);
 
     EXPECT_FALSE(plane.IsNeeded());
     EXPECT_EQ(ofPlane, "has no coordinate system of the Earth");
     EXPECT_FALSE(nothing.IsNeeded());
     EXPECT_EQ(ofNothing, "has no coordinate system of the Earth");
+    EXPECT_FALSE(unknown.IsNeeded());
+    EXPECT_EQ(ofUnknown, "nobody knows");
 }
 
 TEST(LayerSystems, AreGeographicWhenTheTargetIsInDegrees) {
     EXPECT_TRUE(app::LayerSystems(SystemOf("EPSG:4326")).IsGeographic());
     EXPECT_FALSE(app::LayerSystems(SystemOf("EPSG:32635")).IsGeographic());
     EXPECT_FALSE(app::LayerSystems(nullptr).IsGeographic());
-}
-
-TEST(IsSameSystem, TellsDatumsProjectionsAndKindsApart) {
-    const auto wgs84 = SystemOf("EPSG:4326");
-
-    EXPECT_TRUE(app::IsSameSystem(*wgs84, *SystemOf("EPSG:4326")));
-    EXPECT_FALSE(app::IsSameSystem(*wgs84, *SystemOf("EPSG:4267")));
-    EXPECT_FALSE(app::IsSameSystem(*wgs84, *SystemOf("EPSG:32635")));
-    EXPECT_FALSE(app::IsSameSystem(*wgs84, gcs::PlaneDef(1.0)));
-}
-
-TEST(IsSameSystem, TellsPlanesApartByTheirUnit) {
-    EXPECT_TRUE(app::IsSameSystem(gcs::PlaneDef(1.0), gcs::PlaneDef(1.0)));
-    EXPECT_FALSE(app::IsSameSystem(gcs::PlaneDef(1.0), gcs::PlaneDef(1000.0)));
 }
 
 }  // namespace

@@ -21,14 +21,6 @@ app::Geometry Placed(app::Geometry geometry) {
     return geometry;
 }
 
-}  // namespace
-
-app::Viewport PlainViewport() {
-    app::MapFrame frame;
-    frame.Include({0.0, 0.0, 100.0, 100.0}, 0.0);
-    return frame.FitInto(kPage, 0.0, 1.0);
-}
-
 std::string WithoutSurfaceNumbers(std::string svg) {
     constexpr std::string_view kName = "surface";
     for (std::size_t at = svg.find(kName); at != std::string::npos; at = svg.find(kName, at)) {
@@ -36,6 +28,14 @@ std::string WithoutSurfaceNumbers(std::string svg) {
         svg.erase(at, std::min(svg.find_first_not_of("0123456789", at), svg.size()) - at);
     }
     return svg;
+}
+
+}  // namespace
+
+app::Viewport PlainViewport() {
+    app::MapFrame frame;
+    frame.Include({0.0, 0.0, 100.0, 100.0}, 0.0);
+    return frame.FitInto(kPage, 0.0, 1.0);
 }
 
 RasterPicture::RasterPicture(app::StyleSource styleSource)
@@ -88,16 +88,22 @@ bool RasterPicture::IsSound() const {
     return cairo_status(canvas_.Context()) == CAIRO_STATUS_SUCCESS;
 }
 
-std::string SvgOf(const std::vector<app::Geometry>& geometries) {
+std::string SvgDrawnBy(app::PageSize page, const std::function<void(cairo_t* context)>& draw) {
     std::string svg;
-    app::Canvas canvas(app::PictureFormat::Svg, kPage,
+    app::Canvas canvas(app::PictureFormat::Svg, page,
                        [&svg](std::string_view bytes) { svg += bytes; });
-    app::MapPainter painter(canvas.Context(), PlainViewport(), app::StyleSource::Objects);
-    for (const app::Geometry& geometry : geometries) {
-        painter.Draw(Placed(geometry));
-    }
+    draw(canvas.Context());
     canvas.Finish();
     return WithoutSurfaceNumbers(svg);
+}
+
+std::string SvgOf(const std::vector<app::Geometry>& geometries) {
+    return SvgDrawnBy(kPage, [&geometries](cairo_t* context) {
+        app::MapPainter painter(context, PlainViewport(), app::StyleSource::Objects);
+        for (const app::Geometry& geometry : geometries) {
+            painter.Draw(Placed(geometry));
+        }
+    });
 }
 
 app::Style Pen(const shr::Color4b& color, int width, int pattern) {

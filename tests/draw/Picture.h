@@ -4,6 +4,7 @@
 #include "app/draw/Canvas.h"
 #include "app/draw/MapPainter.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -47,8 +48,8 @@ private:
 // that the library counts over the life of the process are taken out.
 std::string SvgOf(const std::vector<app::Geometry>& geometries);
 
-// What a canvas has written, without these numbers.
-std::string WithoutSurfaceNumbers(std::string svg);
+// The SVG text of what `draw` draws on a page of this size.
+std::string SvgDrawnBy(app::PageSize page, const std::function<void(cairo_t* context)>& draw);
 
 // Styles of one part, and the sum of two.
 app::Style Pen(const shr::Color4b& color, int width = 1, int pattern = 2);

@@ -1,5 +1,8 @@
 // Whole SVG pictures of a few objects, compared with files. Texts are left to the tests that read
 // pixels: their outlines are the system's fonts.
+#include "app/draw/Furniture.h"
+#include "app/draw/LabelPlaces.h"
+#include "app/draw/PathPainter.h"
 #include "tests/draw/Picture.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 namespace {
 
@@ -16,6 +20,16 @@ using namespace draw_test;
 std::string ReadFile(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void DrawBox(cairo_t* context, const std::optional<app::LabelPlace>& place, app::LabelSize size) {
+    if (place) {
+        const app::SavedState state(context);
+        cairo_translate(context, place->middle.x, place->middle.y);
+        cairo_rotate(context, place->angle);
+        cairo_rectangle(context, -size.width / 2.0, -size.height / 2.0, size.width, size.height);
+        cairo_stroke(context);
+    }
 }
 
 class SvgGolden : public testing::Test {
@@ -29,7 +43,10 @@ protected:
     }
 
     void ExpectGolden(const std::string& name, const std::vector<app::Geometry>& geometries) {
-        const std::string svg = SvgOf(geometries);
+        ExpectGoldenSvg(name, SvgOf(geometries));
+    }
+
+    void ExpectGoldenSvg(const std::string& name, const std::string& svg) {
         const auto file = std::filesystem::path(QOLF_TEST_GOLDEN) / "draw" / (name + ".svg");
         if (std::getenv("UPDATE_GOLDENS") != nullptr) {
             std::ofstream(file, std::ios::binary) << svg;
@@ -88,6 +105,52 @@ TEST_F(SvgGolden, OfGeometryCutAtThePage) {
 
     ExpectGolden("cut-at-the-page",
                  {Polygon({Square(50, 1e9)}, style), Line({{-1e9, 20}, {1e9, 20}}, style)});
+}
+
+// Boxes stand for the labels, whose letters are those of the system's fonts.
+TEST_F(SvgGolden, OfLabelPlaces) {
+    constexpr app::PageSize kPage{300, 200};
+    constexpr app::LabelSize kLabel{40, 12};
+    const std::vector<app::PagePath> paths{
+        {{10, 190}, {100, 150}, {190, 190}}, {{10, 10}, {60, 80}}, {{200, 20}, {290, 20}}};
+    const app::PagePath area{{120, 60}, {280, 60}, {280, 140}, {240, 140}, {240, 80}, {120, 80}};
+
+    ExpectGoldenSvg("label-places", SvgDrawnBy(kPage, [&](cairo_t* context) {
+                        app::LabelPlaces places(kPage);
+                        const app::PathPainter painter(context, kPage);
+                        painter.DrawLines(paths, {kBlue, 1.0, {}}, /*isClosed=*/false);
+                        painter.DrawLines({area}, {kGreen, 1.0, {}}, /*isClosed=*/true);
+                        std::vector<std::optional<app::LabelPlace>> found;
+                        for (int i = 0; i < 6; ++i) {
+                            const app::PagePoint point{100.0 + 9.0 * i, 110.0};
+                            painter.DrawLines({{point}}, {kRed, 4.0, {}}, /*isClosed=*/false);
+                            found.push_back(places.AroundPoint(point, 2.0, kLabel));
+                        }
+                        for (const app::PagePath& path : paths) {
+                            found.push_back(places.AlongLine(path, kLabel, "text"));
+                        }
+                        found.push_back(places.InsideArea({area}, kLabel));
+                        for (const std::optional<app::LabelPlace>& place : found) {
+                            DrawBox(context, place, kLabel);
+                        }
+                    }));
+}
+
+// Without names, for the same reason.
+TEST_F(SvgGolden, OfALegend) {
+    const std::vector<app::LegendLayer> layers{
+        {"", {{app::GeometryKind::Region, Pen(kBlack) + Brush(5, kGreen)}}, false},
+        {"",
+         {{app::GeometryKind::Line, Pen(kBlue, 3)}, {app::GeometryKind::Line, Pen(kRed, 1, 5)}},
+         false},
+        {"", {{app::GeometryKind::Points, Symbol(35, kRed, 12)}}, false}};
+    const app::Furniture furniture({.title = "", .legend = true}, layers, app::StyleSource::Objects,
+                                   {.width = 300});
+    const app::PageSize map{furniture.MapRequest().width, 100};
+
+    ExpectGoldenSvg("legend", SvgDrawnBy(furniture.PageAround(map), [&](cairo_t* context) {
+                        furniture.Draw(context, map, {}, kWhite);
+                    }));
 }
 
 TEST(Svg, IsTheSameEachTime) {

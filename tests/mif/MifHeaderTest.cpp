@@ -78,12 +78,11 @@ TEST(ScanHeader, TellsBoundsOnALineOfTheirOwnFromThoseOfTheCoordSysClause) {
     EXPECT_EQ(both.bounds->minX, 5.0);
 }
 
-TEST(ScanHeader, ReadsTheUnitAndTheBoundsOfTheCoordSysClause) {
+TEST(ScanHeader, ReadsTheBoundsOfTheCoordSysClause) {
     const MifHeader header =
         Scan("Version 300\nCoordSys NonEarth Units \"ft\" Bounds (1, 2) (3, 4)\nData\n");
 
-    EXPECT_EQ(header.unitsText, "ft");
-    EXPECT_EQ(header.coordSysText, "CoordSys NonEarth Units ft Bounds (1, 2) (3, 4)");
+    EXPECT_EQ(header.coordSysText, "CoordSys NonEarth Units \"ft\" Bounds (1, 2) (3, 4)");
     ASSERT_TRUE(header.bounds);
     EXPECT_EQ(header.bounds->maxY, 4.0);
 }

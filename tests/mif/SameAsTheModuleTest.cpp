@@ -139,7 +139,7 @@ constexpr int kLargestCode = 3000;
 
 TEST(ProjectionCodes, AreTheModules) {
     for (int code = 0; code <= kLargestCode; ++code) {
-        const app::Projection* const own = app::FindProjection(code);
+        const app::Projection* const own = app::ModuleProjection(code);
         const mif::ProjectionRow* const row = mif::FindProjectionByCode(code);
         ASSERT_EQ(own != nullptr, row != nullptr) << code;
         if (row != nullptr) {
@@ -147,7 +147,7 @@ TEST(ProjectionCodes, AreTheModules) {
                                    row->hasStandardParallel1 + row->hasStandardParallel2 +
                                    row->hasAzimuth + row->hasScaleFactor + row->hasFalseEasting +
                                    row->hasFalseNorthing;
-            EXPECT_EQ(own->parameterCount, static_cast<std::size_t>(parameters)) << code;
+            EXPECT_EQ(own->moduleParameterCount, static_cast<std::size_t>(parameters)) << code;
             EXPECT_EQ(own->hasRange, row->hasRange) << code;
         }
     }

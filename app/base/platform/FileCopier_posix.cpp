@@ -31,9 +31,10 @@ struct FileCopier::Files {
     }
 
     [[noreturn]] void Fail(const char* action) const {
-        const std::string reason = std::strerror(errno);
-        throw Failure(PathText(targetPath) + ": " + action + ": " + reason +
-                      (errno == ENOSPC ? "; TMPDIR can name a folder with more room" : ""));
+        const int error = errno;
+        const bool isFull = error == ENOSPC || error == EDQUOT || error == EFBIG;
+        throw Failure(PathText(targetPath) + ": " + action + ": " + std::strerror(error) +
+                      (isFull ? "; TMPDIR can name a folder with more room" : ""));
     }
 
     void Flush() {

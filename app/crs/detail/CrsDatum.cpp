@@ -1,18 +1,18 @@
 #include "app/crs/detail/CrsDatum.h"
 
-#include "app/crs/detail/DatumCodes.h"
+#include "app/crs/Datums.h"
+#include "app/crs/detail/Frames.h"
 #include "host/gcs/KnownLists.h"
 #include "standalone/Text.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
+#include <string_view>
 
 namespace app::detail {
 
 namespace {
 
-constexpr double kDegree = std::numbers::pi / 180.0;
 constexpr double kSameDegrees = 1e-7;  // prime meridians are given to that
 
 struct Ellipsoid {
@@ -28,17 +28,6 @@ std::optional<Ellipsoid> EllipsoidOf(PJ_CONTEXT* context, const PJ* frame) {
         return std::nullopt;
     }
     return ellipsoid;
-}
-
-double PrimeMeridianOf(PJ_CONTEXT* context, const PJ* frame) {
-    const PjHandle object(proj_get_prime_meridian(context, frame));
-    double longitude = 0.0;
-    double unit = kDegree;
-    if (!object ||
-        !proj_prime_meridian_get_parameters(context, object.get(), &longitude, &unit, nullptr)) {
-        return 0.0;
-    }
-    return std::round(longitude * unit / kDegree * 1e10) / 1e10;
 }
 
 double Distance(const Ellipsoid& left, const gcs::EllipsoidDef& right) {
@@ -67,7 +56,7 @@ NearestEllipsoid FindNearestEllipsoid(const Ellipsoid& wanted) {
 
 gcs::DatumDef Known(const wchar_t* token) {
     gcs::DatumDef datum;
-    gcs::GCSKnownDatumsList.FindByToken(token, &datum);
+    static_cast<void>(gcs::GCSKnownDatumsList.FindByToken(token, &datum));
     return datum;
 }
 
@@ -137,6 +126,12 @@ bool IsZero(const PositionVectorShift& shift) {
 
 constexpr const wchar_t* kGrs80 = L"DATUM_GRS80EUREF89_BURSA";
 constexpr const wchar_t* kWgs84 = L"DATUM_WGS84";
+constexpr const wchar_t* kNad83 = L"DATUM_NAD83";
+
+// NAD83(HARN), NAD83(CSRS), NAD83(2011), ...
+bool IsOfNad83Family(const PJ* frame) {
+    return std::string_view(proj_get_name(frame)).starts_with("NAD83");
+}
 
 // A datum of its own, or the known one with the same numbers.
 ChosenDatum DatumOfShift(const Ellipsoid& ellipsoid, const PositionVectorShift& shift) {
@@ -200,6 +195,10 @@ ChosenDatum KnownDatumOf(const gcs::DatumDef& datum, const Ellipsoid& ellipsoid)
     return chosen;
 }
 
+// A known datum on an ellipsoid that is further away would put projected coordinates metres off.
+// That of an unknown datum is at 0.
+constexpr double kSimilarMetres = 1.0;
+
 // Puts the prime meridian into the datum where only the datum can carry it: geographic coordinates
 // count from it. A clause carries it with seven parameters only, so rotations of 0 are written out.
 void SettleMeridian(ChosenDatum& chosen, double meridian, bool isProjected) {
@@ -227,19 +226,23 @@ ChosenDatum ChooseDatum(PJ_CONTEXT* context, const PJ* frame,
         chosen.problem = "the system has no ellipsoid";
         return chosen;
     }
-    const DatumOfCode known = KnownDatumOfCode(CodeOf(context, frame));
+    const RegisteredDatum known = DatumOfEpsgCode(CodeOf(context, frame));
     if (shift) {
         chosen = DatumOfShift(*ellipsoid, *shift);
         if (chosen.problem.empty() && HaveSameShift(chosen.datum, known.datum)) {
             chosen.datum = known.datum;
         }
-    } else if (!known.datum.IsUnknown()) {
+    } else if (Distance(*ellipsoid, known.datum.GetEllipsoid()) < kSimilarMetres) {
         chosen = KnownDatumOf(known.datum, *ellipsoid);
         if (known.isAmbiguous) {
             chosen.warnings.push_back("MIF has several datums for \"" +
                                       std::string(proj_get_name(frame)) + "\"; \"" +
                                       standalone::Narrow(known.datum.GetName()) + "\" is taken");
         }
+    } else if (IsOfNad83Family(frame)) {
+        chosen = KnownDatumOf(Known(kNad83), *ellipsoid);
+        chosen.warnings.push_back("the datum of \"" + std::string(proj_get_name(frame)) +
+                                  "\" is none of MIF's; NAD83 is taken, which is up to 2 m away");
     } else {
         chosen = DatumOfFoundShift(context, frame, *ellipsoid);
     }

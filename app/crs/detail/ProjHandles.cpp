@@ -28,4 +28,19 @@ PjHandle FromRegister(PJ_CONTEXT* context, int code) {
                                               nullptr));
 }
 
+Axes AxesOf(PJ_CONTEXT* context, const PJ* crs) {
+    if (proj_get_type(crs) == PJ_TYPE_BOUND_CRS) {
+        const PjHandle source(proj_get_source_crs(context, crs));
+        return source ? AxesOf(context, source.get()) : Axes();
+    }
+    const PjHandle system(proj_crs_get_coordinate_system(context, crs));
+    Axes axes;
+    if (system) {
+        axes.areAngles = proj_cs_get_type(context, system.get()) == PJ_CS_TYPE_ELLIPSOIDAL;
+        proj_cs_get_axis_info(context, system.get(), 0, nullptr, nullptr, nullptr, &axes.unit,
+                              nullptr, nullptr, nullptr);
+    }
+    return axes;
+}
+
 }  // namespace app::detail

@@ -40,4 +40,11 @@ int EpsgCodeOf(const PJ* object);
 // The EPSG register's system of a code; null when it has none.
 PjHandle FromRegister(PJ_CONTEXT* context, int code);
 
+// The axes of a geographic or projected system, and of what a bound one is bound from.
+struct Axes {
+    double unit = 1.0;  // metres, or radians, per unit
+    bool areAngles = false;
+};
+Axes AxesOf(PJ_CONTEXT* context, const PJ* crs);
+
 }  // namespace app::detail

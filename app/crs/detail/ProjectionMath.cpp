@@ -85,4 +85,14 @@ double PolarScaleFactor(double trueScaleDegrees, const gcs::EllipsoidDef& ellips
     return atPole * ParallelRadius(latitude, e) / std::exp(LogOfT(latitude, e));
 }
 
+std::optional<double> ParallelOfMercatorScale(double scaleFactor,
+                                              const gcs::EllipsoidDef& ellipsoid) {
+    if (scaleFactor > 1.0) {
+        return std::nullopt;
+    }
+    const double e = EccentricityOf(ellipsoid);
+    const double square = scaleFactor * scaleFactor;
+    return std::asin(std::sqrt((1.0 - square) / (1.0 - square * e * e))) / kDegree;
+}
+
 }  // namespace app::detail

@@ -20,4 +20,9 @@ std::optional<Parallels> ParallelsOfTangentCone(double latitudeDegrees, double s
 // The scale factor at the pole of a polar stereographic projection that is true at a parallel.
 double PolarScaleFactor(double trueScaleDegrees, const gcs::EllipsoidDef& ellipsoid);
 
+// The parallel of true scale of a Mercator projection with a scale factor at the equator of 1 or
+// less; nothing for a factor above 1.
+std::optional<double> ParallelOfMercatorScale(double scaleFactor,
+                                              const gcs::EllipsoidDef& ellipsoid);
+
 }  // namespace app::detail

@@ -310,7 +310,7 @@ std::vector<std::string> GeoJsonReader::LayerNames() const {
 LayerFacts GeoJsonReader::Begin(std::size_t /*layer*/, Reporter& reporter) {
     LayerFacts facts;
     facts.name = LayerNames().front();
-    facts.system = std::make_shared<gcs::GCSDef>(Wgs84System());
+    facts.system = std::make_shared<const CoordinateSystem>(Wgs84System());
     PropertyColumns columns;
     Feature scratch;
     reporter.StartProgress("reading");

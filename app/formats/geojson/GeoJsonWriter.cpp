@@ -3,6 +3,8 @@
 #include "app/base/Counted.h"
 #include "app/base/Paths.h"
 #include "app/feature/RingNesting.h"
+#include "app/feature/StyleLooks.h"
+#include "app/formats/geojson/SimpleStyle.h"
 #include "app/json/JsonText.h"
 #include "app/json/ShortestNumber.h"
 
@@ -120,11 +122,11 @@ const char* JustifyName(Justify justify) {
     return "left";
 }
 
-// Pixels of the web, 96 to the inch.
-double StrokeWidth(const Pen& pen) {
-    constexpr int kMostPixels = 10;
-    constexpr double kPixelsPerInch = 96.0;
-    return pen.width > kMostPixels ? (pen.width - kMostPixels) / 10.0 / 72.0 * kPixelsPerInch : 1.0;
+// As wide as pictures draw it, whether it is seen or not; without the noise of a division.
+double StrokeWidth(Pen pen) {
+    constexpr int kSolid = 2;
+    pen.pattern = kSolid;
+    return std::round(PixelsOf(pen) * 1000.0) / 1000.0;
 }
 
 }  // namespace
@@ -240,28 +242,52 @@ void GeoJsonWriter::WriteTextProperties(const Geometry& geometry) {
 
 void GeoJsonWriter::WriteStyle(const Geometry& geometry) {
     const Style& style = geometry.style;
-    if (style.pen) {
-        Key("stroke");
-        AppendJsonString(text_, HexColor(style.pen->color));
-        Key("stroke-width");
-        AppendJsonNumber(text_, StrokeWidth(*style.pen));
-        Key("stroke-opacity");
-        text_ += style.pen->pattern == 1 ? '0' : '1';
-    }
-    if (geometry.kind == GeometryKind::Text) {
+    switch (geometry.kind) {
+    case GeometryKind::Points:
+        WriteMarker(style);
+        return;
+    case GeometryKind::Text:
+        if (style.pen && PixelsOf(*style.pen) > 0.0) {
+            WriteStroke(*style.pen);
+        }
         if (style.font) {
             Key("text-color");
             AppendJsonString(text_, HexColor(style.font->fore));
         }
         return;
+    default:
+        if (style.pen) {
+            WriteStroke(*style.pen);
+        }
+        if (style.brush && geometry.kind != GeometryKind::Line) {
+            Key("fill");
+            AppendJsonString(text_, HexColor(style.brush->fore));
+            Key("fill-opacity");
+            text_ += style.brush->pattern == 1 ? '0' : '1';
+        }
     }
-    const bool hasArea =
-        geometry.kind != GeometryKind::Line && geometry.kind != GeometryKind::Points;
-    if (style.brush && hasArea) {
-        Key("fill");
-        AppendJsonString(text_, HexColor(style.brush->fore));
-        Key("fill-opacity");
-        text_ += style.brush->pattern == 1 ? '0' : '1';
+}
+
+void GeoJsonWriter::WriteStroke(const Pen& pen) {
+    Key("stroke");
+    AppendJsonString(text_, HexColor(pen.color));
+    Key("stroke-width");
+    AppendJsonNumber(text_, StrokeWidth(pen));
+    Key("stroke-opacity");
+    text_ += pen.pattern == 1 ? '0' : '1';
+}
+
+// The module tells a symbol's colour by a pen alone.
+void GeoJsonWriter::WriteMarker(const Style& style) {
+    if (style.symbol || style.pen) {
+        Key("marker-color");
+        AppendJsonString(text_, HexColor(style.symbol ? style.symbol->color : style.pen->color));
+    }
+    if (style.symbol) {
+        Key("marker-size");
+        AppendJsonString(text_, MarkerSizeOf(*style.symbol));
+        Key("marker-symbol");
+        AppendJsonString(text_, MarkerSymbolOf(*style.symbol));
     }
 }
 

@@ -35,6 +35,8 @@ private:
     void WriteProperties(const Feature& feature);
     void WriteTextProperties(const Geometry& geometry);
     void WriteStyle(const Geometry& geometry);
+    void WriteStroke(const Pen& pen);
+    void WriteMarker(const Style& style);
     void WriteCollection(const std::vector<Geometry>& members);
 
     // Each returns false, with nothing written, for a geometry that GeoJSON can't hold.

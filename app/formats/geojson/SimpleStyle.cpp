@@ -15,9 +15,9 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::array<std::string_view, 7> kProperties{"marker-color", "marker-size",    "stroke",
-                                                      "stroke-width", "stroke-opacity", "fill",
-                                                      "fill-opacity"};
+constexpr std::array<std::string_view, 8> kProperties{
+    "marker-color", "marker-size",    "marker-symbol", "stroke",
+    "stroke-width", "stroke-opacity", "fill",          "fill-opacity"};
 
 constexpr std::uint32_t kMarkerColor = 0x7E7E7E;
 constexpr std::uint32_t kDefaultColor = 0x555555;
@@ -32,6 +32,33 @@ constexpr double kLeastSolid = 0.75;
 constexpr double kLeastCross = 0.4;
 
 constexpr int kCircle = 34;
+
+struct MarkerName {
+    int shape;
+    std::string_view name;
+};
+constexpr std::array<MarkerName, 13> kMarkers{{{32, "square"},
+                                               {33, "diamond"},
+                                               {34, "circle"},
+                                               {35, "star"},
+                                               {36, "triangle"},
+                                               {38, "square-stroked"},
+                                               {39, "diamond-stroked"},
+                                               {40, "circle-stroked"},
+                                               {41, "star-stroked"},
+                                               {42, "triangle-stroked"},
+                                               {49, "cross"},
+                                               {44, "square"},
+                                               {45, "triangle"}}};
+
+struct MarkerSize {
+    std::string_view name;
+    int points;
+};
+constexpr std::array<MarkerSize, 3> kSizes{{{"small", 8}, {"medium", 12}, {"large", 18}}};
+constexpr int kSmallestMedium = 10;
+constexpr int kSmallestLarge = 15;
+
 constexpr int kMostPixels = 7;
 constexpr double kTenthsOfAPointPerPixel = 7.5;  // 96 pixels are 72 points
 constexpr double kWidestPixels = 300.0;
@@ -116,31 +143,30 @@ std::optional<Brush> BrushOf(const Json& properties) {
     return brush;
 }
 
-std::optional<int> SymbolSize(const Json& properties) {
-    struct Size {
-        std::string_view name;
-        int points;
-    };
-    constexpr std::array<Size, 3> kSizes{{{"small", 8}, {"medium", 12}, {"large", 18}}};
-    const auto at = properties.find("marker-size");
+// The row of a table that has the property's text for its name; null when there is none.
+template <typename Row, std::size_t count>
+const Row* RowOf(const Json& properties, const char* property,
+                 const std::array<Row, count>& table) {
+    const auto at = properties.find(property);
     if (at == properties.end() || !at->is_string()) {
-        return std::nullopt;
+        return nullptr;
     }
-    const std::string& text = at->get_ref<const std::string&>();
-    const auto* const row = std::ranges::find(kSizes, text, &Size::name);
-    return row != kSizes.end() ? std::optional(row->points) : std::nullopt;
+    const auto row = std::ranges::find(table, at->get_ref<const std::string&>(), &Row::name);
+    return row != table.end() ? &*row : nullptr;
 }
 
+// Icons, which marker-symbol may name as well, are circles.
 std::optional<Symbol> SymbolOf(const Json& properties) {
     const auto color = ColorOf(properties, "marker-color");
-    const auto size = SymbolSize(properties);
-    if (!color && !size) {
+    const MarkerSize* const size = RowOf(properties, "marker-size", kSizes);
+    const MarkerName* const marker = RowOf(properties, "marker-symbol", kMarkers);
+    if (!color && size == nullptr && marker == nullptr) {
         return std::nullopt;
     }
     Symbol symbol;
-    symbol.shape = kCircle;
+    symbol.shape = marker != nullptr ? marker->shape : kCircle;
     symbol.color = color.value_or(kMarkerColor);
-    symbol.size = size.value_or(symbol.size);
+    symbol.size = size != nullptr ? size->points : symbol.size;
     return symbol;
 }
 
@@ -171,6 +197,17 @@ void SetStyles(const nlohmann::ordered_json& properties, Feature& feature) {
     for (Geometry& member : feature.members) {
         SetStyle(properties, member);
     }
+}
+
+std::string_view MarkerSizeOf(const Symbol& symbol) {
+    return kSizes[symbol.size < kSmallestMedium ? 0 : symbol.size < kSmallestLarge ? 1 : 2].name;
+}
+
+std::string_view MarkerSymbolOf(const Symbol& symbol) {
+    const auto row = symbol.form == Symbol::Form::Shape
+                         ? std::ranges::find(kMarkers, symbol.shape, &MarkerName::shape)
+                         : kMarkers.end();
+    return row != kMarkers.end() ? row->name : "circle";
 }
 
 }  // namespace app

@@ -1,5 +1,5 @@
-// The style properties that maps of the web have: marker-color, marker-size, stroke, stroke-width,
-// stroke-opacity, fill, fill-opacity.
+// The style properties that maps of the web have: marker-color, marker-size, marker-symbol, stroke,
+// stroke-width, stroke-opacity, fill, fill-opacity.
 #pragma once
 
 #include "app/feature/Feature.h"
@@ -18,5 +18,12 @@ bool IsStyleProperty(std::string_view name);
 // as web maps draw it: grey, two pixels wide; and solid. Properties that can't be understood are
 // passed over.
 void SetStyles(const nlohmann::ordered_json& properties, Feature& feature);
+
+// The value of marker-size: "small" below 10 points, "medium" below 15, else "large".
+std::string_view MarkerSizeOf(const Symbol& symbol);
+
+// The value of marker-symbol: "square", "diamond", "circle", "star", "triangle" or "cross", those
+// of hollow shapes with "-stroked" behind. "circle" for all other symbols.
+std::string_view MarkerSymbolOf(const Symbol& symbol);
 
 }  // namespace app

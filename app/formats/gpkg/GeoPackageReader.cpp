@@ -150,16 +150,12 @@ std::vector<std::string> GeoPackageReader::LayerNames() const {
     return names;
 }
 
-LayerFacts GeoPackageReader::Begin(std::size_t layer, Reporter& reporter) {
+LayerFacts GeoPackageReader::Begin(std::size_t layer, Reporter& /*reporter*/) {
     begun_ = &layers_.at(layer);
     LayerFacts facts;
     facts.name = begun_->name;
     facts.columns = begun_->columns;
-    std::string problem;
-    facts.system = SystemOf(begun_->reference, problem);
-    if (!problem.empty()) {
-        reporter.Warning(Name() + ": " + problem + "; the coordinates stay as they are");
-    }
+    facts.system = SystemOf(begun_->reference);
     return facts;
 }
 

@@ -3,7 +3,7 @@
 
 #include "app/feature/Source.h"
 #include "app/formats/gpkg/SpatialReference.h"
-#include "app/formats/gpkg/Sqlite.h"
+#include "app/sqlite/Sqlite.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -31,7 +31,6 @@ public:
 
     std::vector<std::string> LayerNames() const override;
 
-    // Warns of a system that MIF does not have.
     LayerFacts Begin(std::size_t layer, Reporter& reporter) override;
 
     // Hands over one feature for each row, also for rows without a geometry.

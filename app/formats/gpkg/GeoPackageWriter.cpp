@@ -16,11 +16,15 @@ constexpr std::int32_t kFirstOwnId = 100000;
 }  // namespace
 
 GeoPackageWriter::GeoPackageWriter(const std::filesystem::path& path, IfExists ifExists,
-                                   Reporter& reporter)
+                                   bool withStyles, Reporter& reporter)
     : reporter_(reporter), subject_(PathText(path)), output_(path, ifExists),
-      database_(output_.PathForLibrary(), SqliteDatabase::Mode::Create, subject_) {
+      database_(output_.PathForLibrary(), SqliteDatabase::Mode::Create, subject_),
+      withStyles_(withStyles), styles_(database_) {
     database_.Execute("BEGIN");
     CreatePackageTables(database_);
+    if (withStyles) {
+        static_cast<void>(names_.Take("layer_styles", "layer"));  // no layer may be called so
+    }
 }
 
 void GeoPackageWriter::BeginLayer(const LayerFacts& layer) {
@@ -36,7 +40,7 @@ void GeoPackageWriter::BeginLayer(const std::string& wantedName,
     if (layerName_ != tableName) {
         reporter_.Note(subject_ + ": layer " + CleanText(tableName) + " is called " + layerName_);
     }
-    layer_.emplace(database_, layerName_, columns, IdOf(reference));
+    layer_.emplace(database_, layerName_, columns, IdOf(reference), withStyles_);
 }
 
 // Returns the id of a system; a new one gets a row in the table of systems.
@@ -74,11 +78,18 @@ void GeoPackageWriter::EndLayer() {
         return;
     }
     const LayerSummary summary = layer_->Finish();
+    styles_.Add(*layer_, layerName_, layerCount_++);
     layer_.reset();
     const std::string prefix = subject_ + ": layer " + CleanText(layerName_) + ": ";
     if (summary.withoutGeometry > 0) {
         reporter_.Warning(prefix + Counted(summary.withoutGeometry, "object has", "objects have") +
                           " coordinates that make no geometry; written without geometry");
+    }
+    if (summary.replacedStyles > 0) {
+        reporter_.Warning(prefix + "more than " + std::to_string(LayerStyles::kMostStyles) +
+                          " styles; " +
+                          Counted(summary.replacedStyles, "object has", "objects have") +
+                          " the first style of the kind");
     }
     for (const LayerSummary::Mismatch& mismatch : summary.mismatches) {
         reporter_.Warning(prefix + "column " + mismatch.column + ": " +

@@ -5,7 +5,8 @@
 #include "app/feature/Target.h"
 #include "app/formats/gpkg/LayerTable.h"
 #include "app/formats/gpkg/SpatialReference.h"
-#include "app/formats/gpkg/Sqlite.h"
+#include "app/formats/gpkg/StyleTable.h"
+#include "app/sqlite/Sqlite.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -22,7 +23,8 @@ namespace app {
 class GeoPackageWriter : public Target {
 public:
     // reporter must outlive the writer. Throws Failure.
-    GeoPackageWriter(const std::filesystem::path& path, IfExists ifExists, Reporter& reporter);
+    GeoPackageWriter(const std::filesystem::path& path, IfExists ifExists, bool withStyles,
+                     Reporter& reporter);
 
     // Ends the layer before and begins one. The name that is wanted is changed, with a note, when
     // it can't be a table's, or is taken.
@@ -46,6 +48,9 @@ private:
     std::string subject_;
     OutputFile output_;
     SqliteDatabase database_;
+    bool withStyles_;
+    StyleTable styles_;
+    std::size_t layerCount_ = 0;
     UniqueNames names_;
     std::vector<SpatialReference> ownReferences_;  // those with ids of this package
     std::string layerName_;

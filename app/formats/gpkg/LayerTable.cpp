@@ -107,7 +107,7 @@ std::string Number(double value) {
 }  // namespace
 
 LayerTable::LayerTable(SqliteDatabase& database, std::string name,
-                       const std::vector<LayerColumn>& columns, std::int32_t srsId)
+                       const std::vector<LayerColumn>& columns, std::int32_t srsId, bool withStyles)
     : database_(database), name_(std::move(name)), srsId_(srsId), geometry_(srsId),
       extent_(kEmptyBox) {
     // The layer's columns keep their names where they can; key and geometry get what is left.
@@ -123,13 +123,18 @@ LayerTable::LayerTable(SqliteDatabase& database, std::string name,
     for (const TableColumn& column : columns_) {
         sql += ", " + QuotedName(column.name) + " " + SqlType(column.source);
     }
+    if (withStyles) {
+        styles_.emplace();
+        styleColumn_ = names_.Take("style", "style");
+        sql += ", " + QuotedName(styleColumn_) + " INTEGER";
+    }
     database_.Execute(sql + ")");
     index_.emplace(database_, name_, geometryColumn_, key_);
     PrepareInsert();
 }
 
 void LayerTable::PrepareInsert() {
-    const std::size_t count = 2 + columns_.size() + textColumns_.size();
+    const std::size_t count = 2 + columns_.size() + (styles_ ? 1 : 0) + textColumns_.size();
     std::string sql = "INSERT INTO " + QuotedName(name_) + " VALUES (?";
     for (std::size_t i = 1; i < count; ++i) {
         sql += ", ?";
@@ -169,6 +174,11 @@ void LayerTable::Write(const Feature& feature) {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         BindValue(parameter++, columns_[i],
                   i < feature.values.size() ? feature.values[i] : Value());
+    }
+    if (styles_) {
+        const std::optional<std::int64_t> number = styles_->NumberOf(feature);
+        number ? insert_->BindWhole(parameter, *number) : insert_->BindNull(parameter);
+        ++parameter;
     }
     if (!textColumns_.empty()) {
         BindPlacement(parameter, isText ? &feature.geometry : nullptr);
@@ -264,7 +274,19 @@ LayerSummary LayerTable::Finish() {
             summary_.mismatches.push_back({column.name, column.mismatchCount});
         }
     }
+    summary_.replacedStyles = styles_ ? styles_->Replaced() : 0;
     return summary_;
+}
+
+StyledColumns LayerTable::StyleColumns() const {
+    StyledColumns columns;
+    columns.style = styleColumn_;
+    if (!textColumns_.empty()) {
+        columns.text = textColumns_[0];
+        columns.angle = textColumns_[1];
+        columns.height = textColumns_[2];
+    }
+    return columns;
 }
 
 }  // namespace app

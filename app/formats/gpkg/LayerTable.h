@@ -4,9 +4,11 @@
 #include "app/feature/Feature.h"
 #include "app/formats/gpkg/FeatureBlob.h"
 #include "app/formats/gpkg/GeometryType.h"
+#include "app/formats/gpkg/LayerStyles.h"
 #include "app/formats/gpkg/Names.h"
 #include "app/formats/gpkg/SpatialIndex.h"
-#include "app/formats/gpkg/Sqlite.h"
+#include "app/formats/gpkg/StyleDocuments.h"
+#include "app/sqlite/Sqlite.h"
 
 #include <cstdint>
 #include <memory>
@@ -30,14 +32,17 @@ struct LayerSummary {
         std::uint64_t count = 0;
     };
     std::vector<Mismatch> mismatches;
+
+    // With styles: the features whose style got another one's number (LayerStyles).
+    std::uint64_t replacedStyles = 0;
 };
 
 class LayerTable {
 public:
-    // Makes the table `name`. The database must outlive the object. Throws Failure, as all
-    // operations do.
+    // Makes the table `name`; with styles it has a column for the number of each feature's style.
+    // The database must outlive the object. Throws Failure, as all operations do.
     LayerTable(SqliteDatabase& database, std::string name, const std::vector<LayerColumn>& columns,
-               std::int32_t srsId);
+               std::int32_t srsId, bool withStyles);
 
     // Adds a row. Rectangles and ellipses must have become regions (FlattenCurves).
     void Write(const Feature& feature);
@@ -46,6 +51,11 @@ public:
     // the index. When there are points and multi-points (or lines, or polygons) and nothing else,
     // the single ones become multi-geometries first, so that one type fits all.
     LayerSummary Finish();
+
+    // Once finished, what a style needs to know. `Styles` is absent without styles.
+    const std::optional<LayerStyles>& Styles() const { return styles_; }
+    StyledColumns StyleColumns() const;
+    const std::string& GeometryColumn() const { return geometryColumn_; }
 
 private:
     struct TableColumn {
@@ -68,6 +78,8 @@ private:
     std::string key_;
     std::string geometryColumn_;
     std::vector<TableColumn> columns_;
+    std::optional<LayerStyles> styles_;
+    std::string styleColumn_;               // "" without styles
     std::vector<std::string> textColumns_;  // empty until the first text has come
     std::optional<SqliteStatement> insert_;
     std::optional<SpatialIndex> index_;

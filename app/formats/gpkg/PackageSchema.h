@@ -1,7 +1,7 @@
 // The tables that every GeoPackage has, and the marks that make a file one.
 #pragma once
 
-#include "app/formats/gpkg/Sqlite.h"
+#include "app/sqlite/Sqlite.h"
 
 namespace app {
 

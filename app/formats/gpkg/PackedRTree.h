@@ -3,7 +3,7 @@
 // searches the tree for its place, and full nodes are split.
 #pragma once
 
-#include "app/formats/gpkg/Sqlite.h"
+#include "app/sqlite/Sqlite.h"
 #include "host/shr/Geometry.h"
 
 #include <cstdint>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/formats/gpkg/PackedRTree.h"
-#include "app/formats/gpkg/Sqlite.h"
+#include "app/sqlite/Sqlite.h"
 #include "host/shr/Geometry.h"
 
 #include <cstdint>

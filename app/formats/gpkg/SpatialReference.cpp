@@ -1,9 +1,9 @@
 #include "app/formats/gpkg/SpatialReference.h"
 
 #include "app/crs/CrsIdentity.h"
-#include "app/crs/GcsFromCrs.h"
-#include "app/crs/GcsToProj.h"
-#include "app/crs/WktText.h"
+#include "app/crs/Definitions.h"
+
+#include <utility>
 
 namespace app {
 namespace {
@@ -26,43 +26,48 @@ SpatialReference Wgs84Reference() {
                 "longitude/latitude coordinates in decimal degrees on the WGS 84 spheroid"};
 }
 
-SpatialReference ReferenceOf(const gcs::CSDef* system) {
-    if (system == nullptr) {
+SpatialReference ReferenceOf(const CoordinateSystem* system) {
+    if (system == nullptr || !system->IsOnEarth()) {
         return {};
     }
-    const CrsIdentity identity = Identify(*system);
-    if (identity.epsgCode == 4326) {
+    if (IsWgs84(*system)) {  // without PROJ's register, which costs more than a small file
         return Wgs84Reference();
     }
     SpatialReference reference;
-    reference.name = identity.epsgCode != 0 ? identity.epsgName : NameInWords(*system);
-    if (identity.epsgCode != 0) {
-        reference.organization = "EPSG";
+    reference.name = system->name;
+    reference.organization = system->authority;
+    reference.code = system->code;
+    if (system->code == 0) {
+        const CrsIdentity identity = Identify(*system);
+        reference.organization = identity.epsgCode != 0 ? "EPSG" : "NONE";
         reference.code = identity.epsgCode;
-        reference.definition = WktTextOf("EPSG:" + std::to_string(identity.epsgCode));
+        reference.name = identity.epsgCode != 0 ? identity.epsgName : system->name;
+    }
+    if (reference.organization == "EPSG" && reference.code == Wgs84Reference().code) {
+        return Wgs84Reference();
+    }
+    if (reference.code != 0) {
+        reference.definition =
+            WktTextOf(reference.organization + ":" + std::to_string(reference.code));
     } else {
-        // With the datum shift of the file's own parameters, which the WKT of Identify may lack.
-        reference.definition = WktTextOf(ToProj(*system).crs);
-        if (reference.definition.empty()) {
-            reference.definition = WktTextOf(identity.wkt2);
-        }
+        reference.code = SpatialReference().code;
+        reference.definition = WktTextOf(system->definition);
     }
     return reference;
 }
 
-std::unique_ptr<gcs::CSDef> SystemOf(const SpatialReference& reference, std::string& problem) {
+SystemPtr SystemOf(const SpatialReference& reference) {
     if (reference.IsUndefined()) {
         return nullptr;
     }
-    CrsForExport crs;
-    if (reference.organization == "EPSG") {
-        crs = GcsFromCrs("EPSG:" + std::to_string(reference.code));
+    CoordinateSystem system;
+    if (reference.organization != "NONE") {
+        system = SystemOfDefinition(reference.organization + ":" + std::to_string(reference.code));
     }
-    if (!crs) {
-        crs = GcsFromCrs(reference.definition);
+    if (!system.IsOnEarth()) {
+        system = SystemOfDefinition(reference.definition);
     }
-    problem = crs.problem;
-    return std::move(crs.system);
+    return std::make_shared<const CoordinateSystem>(std::move(system));
 }
 
 }  // namespace app

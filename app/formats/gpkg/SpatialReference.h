@@ -1,10 +1,9 @@
 // Coordinate systems as the rows of a GeoPackage's table of them.
 #pragma once
 
-#include "host/gcs/CSDef.h"
+#include "app/crs/CoordinateSystem.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 namespace app {
@@ -23,12 +22,13 @@ struct SpatialReference {
 // Longitude and latitude of WGS 84.
 SpatialReference Wgs84Reference();
 
-// The EPSG system when the file's system is one of them for sure, else its own definition with the
-// organization NONE. Null, a plane, and what has no definition are undefined.
-SpatialReference ReferenceOf(const gcs::CSDef* system);
+// Returns the row of the register's system that the system was named by or that it equals
+// (Identify), else of its own definition with the organization NONE. Null, a plane, and what has no
+// definition are undefined.
+SpatialReference ReferenceOf(const CoordinateSystem* system);
 
-// The other way: by the EPSG code when there is one, else by the definition. Null, with the reason
-// in problem, when MIF has no such system; null without a reason for an undefined one.
-std::unique_ptr<gcs::CSDef> SystemOf(const SpatialReference& reference, std::string& problem);
+// The other way: by the organization's code when PROJ has it, else by the definition. An unknown
+// system, with its problem, when PROJ reads neither; null for an undefined reference.
+SystemPtr SystemOf(const SpatialReference& reference);
 
 }  // namespace app

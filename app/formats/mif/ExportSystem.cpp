@@ -1,24 +1,23 @@
 #include "app/formats/mif/ExportSystem.h"
 
+#include "app/base/Errors.h"
+#include "app/crs/HostSystem.h"
+
 namespace app {
 
-std::unique_ptr<gcs::CSDef> ForExport(const gcs::CSDef& system) {
-    std::unique_ptr<gcs::CSDef> copy = system.Clone();
-    auto* earth = dynamic_cast<gcs::GCSDef*>(copy.get());
-    if (earth == nullptr) {
-        return copy;
+std::unique_ptr<gcs::CSDef> HostSystemForExport(const LayerFacts& layer) {
+    if (layer.system == nullptr || layer.system->kind == SystemKind::Unknown) {
+        return nullptr;
     }
-    using enum gcs::ProjectionParameterID;
-    gcs::ProjectionDef projection = earth->GetProjection();
-    const gcs::ProjectionMethod method = projection.GetMethod();
-    const bool isAzimuthal = method == gcs::ProjectionMethod::AzimuthalEquidistant ||
-                             method == gcs::ProjectionMethod::LambertAzimuthalEqualArea;
-    if (isAzimuthal && projection.HasParameter(StandardParallel1) &&
-        !projection.HasParameter(LatitudeOfOrigin)) {
-        projection.SetParameter(LatitudeOfOrigin, projection.GetParameter(StandardParallel1));
-        earth->SetProjection(projection);
+    const CoordinateSystem& system = *layer.system;
+    if (system.kind == SystemKind::Plane) {
+        return std::make_unique<gcs::PlaneDef>(1.0 / system.metresPerUnit);
     }
-    return copy;
+    std::unique_ptr<gcs::CSDef> definition = system.clause ? ToHost(*system.clause) : nullptr;
+    if (definition == nullptr) {
+        throw Failure("the module can't write the coordinate system \"" + system.name + "\"");
+    }
+    return definition;
 }
 
 }  // namespace app

@@ -4,6 +4,8 @@
 #include "app/base/InputFile.h"
 #include "app/base/Paths.h"
 #include "app/base/Utf8.h"
+#include "app/crs/HostSystem.h"
+#include "app/crs/ReadClause.h"
 #include "app/feature/FeatureBuilder.h"
 #include "app/formats/mif/PairFeatures.h"
 #include "app/mif/Numbers.h"
@@ -94,7 +96,7 @@ LayerFacts MifSource::BeginHeader(const PassedHeader& passed, Reporter& reporter
     header_ = passed.header;
     SetCodePageFor(header_, options_.encoding, passed.areLettersUtf8, Name(), reporter);
     MakeRun(path_, reporter);
-    FillFacts(reporter);
+    FillFacts();
     return CompletedFacts();
 }
 
@@ -131,12 +133,17 @@ void MifSource::BeginAsIs(Reporter& reporter) {
     header_ = ScanHeader(path_);
     SetCodePageFor(header_, options_.encoding, /*areLettersUtf8=*/false, Name(), reporter);
     MakeRun(path_, reporter);
+    if (const std::string problem = UnitProblem(header_); !problem.empty()) {
+        reporter.Warning(Name() + ": " + problem);
+    }
     run_->ImportHeader(reporter, [this](const zeio::TrBase& object) {
         if (object.GetTypeId() == zeio::TrNamedIds::GetClassTypeId()) {
             facts_.columns = ColumnsOf(static_cast<const zeio::TrNamedIds&>(object), header_);
         } else if (object.GetTypeId() == zeio::TrCRS::GetClassTypeId()) {
             const gcs::CSDef* system = static_cast<const zeio::TrCRS&>(object).GetCS();
-            facts_.system = system != nullptr ? system->Clone() : nullptr;
+            if (system != nullptr) {
+                facts_.system = std::make_shared<const CoordinateSystem>(FromHost(system));
+            }
         }
     });
 }
@@ -149,27 +156,13 @@ void MifSource::BeginReading(Reporter& reporter) {
                        reporter);
         MakeRun(reading_->Copy().Path(), reporter);
     }
-    FillFacts(reporter);
+    FillFacts();
 }
 
-void MifSource::FillFacts(Reporter& reporter) {
+void MifSource::FillFacts() {
     facts_.columns = ColumnsOf(header_);
-    run_->ImportHeader(HeaderForModule(header_), reporter, [this](const zeio::TrBase& object) {
-        if (object.GetTypeId() == zeio::TrCRS::GetClassTypeId()) {
-            const gcs::CSDef* system = static_cast<const zeio::TrCRS&>(object).GetCS();
-            facts_.system = system != nullptr ? system->Clone() : nullptr;
-        }
-    });
-    if (const std::string problem = UnitProblem(header_); !problem.empty()) {
-        reporter.Warning(Name() + ": " + problem);
-    }
-    if (header_.unknownProjection && options_.assumedSystem == nullptr) {
-        reporter.Warning(Name() + ": projection code " +
-                         std::to_string(*header_.unknownProjection) +
-                         " is not known; the objects have no coordinate system");
-    } else if (!header_.coordSys.isReadByModule && options_.assumedSystem == nullptr) {
-        reporter.Warning(Name() + ": the CoordSys clause can't be read; the objects have no "
-                                  "coordinate system");
+    if (!header_.coordSysText.empty()) {
+        facts_.system = std::make_shared<const CoordinateSystem>(ReadClause(header_.coordSysText));
     }
 }
 

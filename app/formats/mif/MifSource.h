@@ -49,7 +49,7 @@ public:
 private:
     void BeginAsIs(Reporter& reporter);
     void BeginReading(Reporter& reporter);
-    void FillFacts(Reporter& reporter);
+    void FillFacts();
     LayerFacts CompletedFacts();
     void MakeRun(const std::filesystem::path& path, Reporter& reporter);
     void ReadJoined(Reporter& reporter, const FeatureSink& sink);

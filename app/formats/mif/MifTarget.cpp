@@ -90,7 +90,7 @@ std::optional<PairCharset> MifTarget::CharsetFor(const LayerFacts& layer) const 
 }
 
 void MifTarget::BeginLayer(const LayerFacts& layer) {
-    PairClause clause = ClauseFor(layer, options_.modulePath, reporter_);
+    PairClause clause = ClauseFor(layer);
     isFromPair_ = layer.pair.has_value();
     for (const LayerColumn& column : layer.columns) {
         wantedNames_.push_back(column.name);

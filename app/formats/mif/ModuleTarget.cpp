@@ -92,8 +92,8 @@ ModuleTarget::~ModuleTarget() = default;
 
 void ModuleTarget::BeginLayer(const LayerFacts& layer) {
     run_.Begin({0.0, 0.0, 0.0, kDiagonal, 0.0, 0.0});
-    if (layer.system != nullptr) {
-        run_.SendSystem(*ForExport(*layer.system));
+    if (const auto system = HostSystemForExport(layer)) {
+        run_.SendSystem(*system);
     }
     names_.clear();
     for (const LayerColumn& column : layer.columns) {

@@ -1,7 +1,6 @@
 // The CoordSys clause of a pair.
 #pragma once
 
-#include "app/base/Reporter.h"
 #include "app/feature/LayerFacts.h"
 #include "app/formats/mif/PairHeader.h"
 
@@ -16,8 +15,8 @@ struct PairClause {
 };
 
 // Returns the clause for a layer: that of the source as it is written there, else one for the
-// system; a plane in metres for a layer of which nothing is known. Throws Failure for a system that
-// MIF can't express.
-PairClause ClauseFor(const LayerFacts& layer, const std::string& modulePath, Reporter& reporter);
+// system; a plane in metres for a layer of which nothing is known. A system of the Earth must have
+// a clause.
+PairClause ClauseFor(const LayerFacts& layer);
 
 }  // namespace app

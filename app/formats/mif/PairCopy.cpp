@@ -23,8 +23,8 @@ void Forward(zeio::TrBase& object, const LayerFacts& layer, ExportRun& run) {
     const shr::CTypeInfo* type = object.GetTypeId();
     if (type == zeio::TrInitGraphicsImp::GetClassTypeId()) {
         run.Begin(ExtentOf(layer));
-        if (layer.system != nullptr) {
-            run.SendSystem(*ForExport(*layer.system));
+        if (const auto system = HostSystemForExport(layer)) {
+            run.SendSystem(*system);
         }
     } else if (type == zeio::TrCRS::GetClassTypeId() ||
                (type == zeio::TrText::GetClassTypeId() && !run.RendersText()) ||

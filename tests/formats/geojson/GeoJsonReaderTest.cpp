@@ -67,7 +67,7 @@ TEST_F(GeoJsonReader, KnowsTheLayerByTheNameOfTheFile) {
     const app::LayerFacts facts = FactsOf(CollectionOf(PointOf()));
 
     EXPECT_EQ(facts.name, "in");
-    EXPECT_TRUE(app::IsWgs84(facts.system.get()));
+    EXPECT_TRUE(app::IsWgs84(*facts.system));
     EXPECT_FALSE(facts.knownExtent);
     EXPECT_FALSE(facts.pair);
 }
@@ -335,9 +335,9 @@ app::Style BrushStyle(int pattern, std::uint32_t fore) {
     return style;
 }
 
-app::Style SymbolStyle(std::uint32_t color, int size) {
+app::Style SymbolStyle(std::uint32_t color, int size, int shape = 34) {
     app::Style style;
-    style.symbol = app::Symbol{.shape = 34, .color = color, .size = size};
+    style.symbol = app::Symbol{.shape = shape, .color = color, .size = size};
     return style;
 }
 
@@ -368,7 +368,12 @@ INSTANTIATE_TEST_SUITE_P(
         StyleRow{"Marker", kPoint, R"({"marker-color":"#00f","marker-size":"large"})",
                  SymbolStyle(0x0000FF, 18)},
         StyleRow{"SizeAlone", kPoint, R"({"marker-size":"small"})", SymbolStyle(0x7E7E7E, 8)},
-        StyleRow{"ColorAlone", kPoint, R"({"marker-color":"#0000ff"})", SymbolStyle(0x0000FF, 12)}),
+        StyleRow{"ColorAlone", kPoint, R"({"marker-color":"#0000ff"})", SymbolStyle(0x0000FF, 12)},
+        StyleRow{"Shape", kPoint, R"({"marker-symbol":"triangle-stroked"})",
+                 SymbolStyle(0x7E7E7E, 12, 42)},
+        StyleRow{"IconWithAColor", kPoint, R"({"marker-symbol":"bus","marker-color":"#0000ff"})",
+                 SymbolStyle(0x0000FF, 12)},
+        StyleRow{"IconAlone", kPoint, R"({"marker-symbol":"bus"})", {}}),
     [](const auto& row) { return std::string(row.param.name); });
 
 struct FaultRow {

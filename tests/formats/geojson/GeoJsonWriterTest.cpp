@@ -170,6 +170,55 @@ TEST_F(GeoJsonWriter, WritesStylesWhenTold) {
         std::string::npos);
 }
 
+struct PenRow {
+    std::string name;
+    app::Pen pen;
+    std::string stroke;
+};
+class StrokeOf : public GeoJsonWriter, public testing::WithParamInterface<PenRow> {};
+
+TEST_P(StrokeOf, IsAsWideAsPicturesDrawIt) {
+    app::Feature line = support::LineThrough({{1, 2}, {3, 4}});
+    line.geometry.style.pen = GetParam().pen;
+
+    EXPECT_NE(Written({line}, {}, GeoJsonForm::Lines, /*withStyles=*/true).find(GetParam().stroke),
+              std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , StrokeOf,
+    testing::Values(
+        PenRow{"Pixels", {.width = 4}, R"("stroke-width":4,"stroke-opacity":1)"},
+        PenRow{"Points", {.width = 235}, R"("stroke-width":30,"stroke-opacity":1)"},
+        PenRow{"ThirdsOfAPixel", {.width = 20}, R"("stroke-width":1.333,"stroke-opacity":1)"},
+        PenRow{
+            "APenOfNothing", {.width = 3, .pattern = 1}, R"("stroke-width":3,"stroke-opacity":0)"},
+        PenRow{"NoWidth", {.width = 0}, R"("stroke-width":0,"stroke-opacity":1)"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(GeoJsonWriter, WritesTheSymbolOfAPoint) {
+    app::Feature point = PointAt(1, 2);
+    point.geometry.style.symbol = app::Symbol{.shape = 41, .color = 0xFF8000, .size = 18};
+
+    EXPECT_NE(Written({point}, {}, GeoJsonForm::Lines, /*withStyles=*/true)
+                  .find(R"("properties":{"marker-color":"#ff8000","marker-size":"large",)"
+                        R"("marker-symbol":"star-stroked"})"),
+              std::string::npos);
+}
+
+TEST_F(GeoJsonWriter, WritesTheStrokeOfATextThatHasOne) {
+    app::Feature text = PointAt(1, 2);
+    text.geometry.kind = app::GeometryKind::Text;
+    text.geometry.style.font = app::Font{.name = "Arial"};
+    text.geometry.style.pen = app::Pen{.pattern = 1};
+    EXPECT_EQ(Written({text}, {}, GeoJsonForm::Lines, /*withStyles=*/true).find("stroke"),
+              std::string::npos);
+    text.geometry.style.pen = app::Pen{};
+
+    EXPECT_NE(Written({text}, {}, GeoJsonForm::Lines, /*withStyles=*/true).find("stroke"),
+              std::string::npos);
+}
+
 TEST_F(GeoJsonWriter, LeavesNothingWithoutItsEnd) {
     {
         app::GeoJsonWriter writer(folder_.path() / "out.geojson", app::IfExists::Refuse,

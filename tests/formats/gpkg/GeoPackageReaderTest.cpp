@@ -195,7 +195,7 @@ TEST_F(GeoPackageReader, TellsTheFactsOfALayer) {
     EXPECT_EQ(facts.name, "layer");
     ASSERT_EQ(facts.columns.size(), 1U);
     EXPECT_EQ(facts.columns.front().name, "A");
-    EXPECT_TRUE(app::IsWgs84(facts.system.get()));
+    EXPECT_TRUE(app::IsWgs84(*facts.system));
     EXPECT_FALSE(facts.pair);
 }
 

@@ -70,7 +70,7 @@ void Package::WriteLayer(const std::vector<app::Feature>& features,
 
 app::GeoPackageWriter& Package::Writer() {
     if (!writer_) {
-        writer_.emplace(Path(), app::IfExists::Refuse, TheReporter());
+        writer_.emplace(Path(), app::IfExists::Refuse, withStyles_, TheReporter());
     }
     return *writer_;
 }

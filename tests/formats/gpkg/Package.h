@@ -34,6 +34,9 @@ protected:
     // A writer to write several layers with; call Finish on it.
     app::GeoPackageWriter& Writer();
 
+    // Called before the writer is wanted: it writes styles.
+    void WithStyles() { withStyles_ = true; }
+
     // Hands a copy of the feature to that writer.
     void Write(app::Feature feature) { Writer().Write(feature); }
 
@@ -51,6 +54,7 @@ protected:
 private:
     support::TemporaryFolder folder_;
     support::KeptMessages messages_;
+    bool withStyles_ = false;
     std::optional<app::GeoPackageWriter> writer_;
     sqlite3* handle_ = nullptr;  // null until the first query
 };

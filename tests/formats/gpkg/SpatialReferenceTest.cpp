@@ -1,23 +1,23 @@
 // Systems of files as rows of the package's table, and back.
 #include "app/formats/gpkg/SpatialReference.h"
 
-#include "app/crs/CrsIdentity.h"
-#include "app/crs/GcsFromCrs.h"
-#include "app/crs/GcsToProj.h"
+#include "app/crs/Datums.h"
+#include "app/crs/Definitions.h"
+#include "app/crs/Transformation.h"
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
+#include <string>
 
 namespace {
 
-// Throws when MIF has no such system.
-std::unique_ptr<gcs::CSDef> System(const std::string& definition) {
-    app::CrsForExport crs = app::GcsFromCrs(definition);
-    if (!crs) {
-        throw std::runtime_error(crs.problem);
-    }
-    return std::move(crs.system);
+app::CoordinateSystem System(const std::string& definition) {
+    return app::SystemOfDefinition(definition);
+}
+
+app::SpatialReference ReferenceOf(const std::string& definition) {
+    const app::CoordinateSystem system = System(definition);
+    return app::ReferenceOf(&system);
 }
 
 TEST(ReferenceOf, NoSystemIsUndefined) {
@@ -25,17 +25,17 @@ TEST(ReferenceOf, NoSystemIsUndefined) {
 }
 
 TEST(ReferenceOf, APlaneIsUndefined) {
-    const gcs::PlaneDef plane{1.0};
+    const app::CoordinateSystem plane = app::PlaneSystem(1.0);
 
     EXPECT_TRUE(app::ReferenceOf(&plane).IsUndefined());
 }
 
 TEST(ReferenceOf, Wgs84IsTheRowThatEveryPackageHas) {
-    EXPECT_EQ(app::ReferenceOf(System("EPSG:4326").get()), app::Wgs84Reference());
+    EXPECT_EQ(ReferenceOf("EPSG:4326"), app::Wgs84Reference());
 }
 
 TEST(ReferenceOf, ASystemOfTheRegisterHasItsCode) {
-    const app::SpatialReference reference = app::ReferenceOf(System("EPSG:32635").get());
+    const app::SpatialReference reference = ReferenceOf("EPSG:32635");
 
     EXPECT_EQ(reference.organization, "EPSG");
     EXPECT_EQ(reference.code, 32635);
@@ -43,51 +43,74 @@ TEST(ReferenceOf, ASystemOfTheRegisterHasItsCode) {
     EXPECT_EQ(reference.definition.substr(0, 30), "PROJCS[\"WGS 84 / UTM zone 35N\"");
 }
 
+TEST(ReferenceOf, ASystemThatAnotherAuthorityNamesHasThatCode) {
+    const app::SpatialReference reference = ReferenceOf("ESRI:102003");
+
+    EXPECT_EQ(reference.organization, "ESRI");
+    EXPECT_EQ(reference.code, 102003);
+}
+
+TEST(ReferenceOf, TheSystemThatWasNamedIsNotTheOneThatIsEqual) {
+    EXPECT_EQ(ReferenceOf("EPSG:25835").code, 25835);
+    EXPECT_EQ(ReferenceOf("EPSG:3067").code, 3067);
+    EXPECT_EQ(ReferenceOf("EPSG:31467").code, 31467);
+}
+
+TEST(ReferenceOf, AClauseThatEqualsASystemOfTheRegisterHasItsCode) {
+    app::Clause clause;
+    clause.projection = app::KnownProjection(10);
+    clause.datum = app::DatumOfCode(157);
+    const app::CoordinateSystem system = app::SystemOfClause(clause);
+
+    EXPECT_EQ(app::ReferenceOf(&system).code, 3857);
+}
+
+constexpr const char* kOwn =
+    "+proj=tmerc +lat_0=2 +lon_0=22.25 +k=0.9 +x_0=7 +y_0=8 +ellps=bessel +towgs84=1,2,3";
+
 TEST(ReferenceOf, ASystemOfItsOwnHasADefinitionAndNoCode) {
-    const app::SpatialReference reference = app::ReferenceOf(
-        System(
-            "+proj=tmerc +lat_0=2 +lon_0=22.25 +k=0.9 +x_0=7 +y_0=8 +ellps=bessel +towgs84=1,2,3")
-            .get());
+    const app::SpatialReference reference = ReferenceOf(kOwn);
 
     EXPECT_EQ(reference.organization, "NONE");
+    EXPECT_EQ(reference.code, -1);
     EXPECT_FALSE(reference.IsUndefined());
     EXPECT_NE(reference.definition.find("Transverse_Mercator"), std::string::npos);
 }
 
-TEST(SystemOf, AnUndefinedReferenceIsNullWithoutAReason) {
-    std::string problem;
-
-    EXPECT_EQ(app::SystemOf({}, problem), nullptr);
-    EXPECT_EQ(problem, "");
+TEST(SystemOf, AnUndefinedReferenceIsNull) {
+    EXPECT_EQ(app::SystemOf({}), nullptr);
 }
 
-TEST(SystemOf, AReferenceThatNobodyKnowsHasAReason) {
-    std::string problem;
+TEST(SystemOf, AReferenceThatNobodyKnowsIsUnknownWithAReason) {
+    const app::SystemPtr system =
+        app::SystemOf({.name = "x", .definition = "FOO[1]", .description = ""});
 
-    EXPECT_EQ(app::SystemOf({.name = "x", .definition = "FOO[1]", .description = ""}, problem),
-              nullptr);
-    EXPECT_NE(problem, "");
+    ASSERT_NE(system, nullptr);
+    EXPECT_EQ(system->kind, app::SystemKind::Unknown);
+    EXPECT_NE(system->problem, "");
 }
 
 TEST(SystemOf, ACodeGivesTheSystem) {
-    std::string problem;
-
-    const auto system = app::SystemOf(app::ReferenceOf(System("EPSG:32635").get()), problem);
+    const app::SystemPtr system = app::SystemOf(ReferenceOf("EPSG:28992"));
 
     ASSERT_NE(system, nullptr);
-    EXPECT_EQ(app::Identify(*system).epsgCode, 32635);
+    EXPECT_EQ(system->definition, "EPSG:28992");
 }
 
 TEST(SystemOf, ADefinitionGivesTheSystem) {
-    const std::string definition =
-        "+proj=tmerc +lat_0=2 +lon_0=22.25 +k=0.9 +x_0=7 +y_0=8 +ellps=bessel +towgs84=1,2,3";
-    const auto original = System(definition);
-    std::string problem;
+    const app::SystemPtr system = app::SystemOf(ReferenceOf(kOwn));
 
-    const auto system = app::SystemOf(app::ReferenceOf(original.get()), problem);
+    ASSERT_NE(system, nullptr);
+    ASSERT_TRUE(system->IsOnEarth()) << system->problem;
+    EXPECT_FALSE(app::Transformation(System(kOwn), *system).IsNeeded());
+}
 
-    ASSERT_NE(system, nullptr) << problem;
-    EXPECT_EQ(app::ToProj(*system).crs, app::ToProj(*original).crs);
+TEST(SystemOf, ACodeThatProjLacksGivesTheDefinition) {
+    app::SpatialReference reference = ReferenceOf("EPSG:28992");
+    reference.organization = "EPSG";
+    reference.code = 999999;
+
+    EXPECT_TRUE(app::SystemOf(reference)->IsOnEarth());
 }
 
 }  // namespace

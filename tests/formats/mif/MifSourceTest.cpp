@@ -2,6 +2,7 @@
 #include "app/formats/mif/MifSource.h"
 
 #include "app/base/Errors.h"
+#include "app/crs/CoordinateSystem.h"
 #include "tests/support/KeptMessages.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -90,11 +91,13 @@ TEST_F(MifSource, FindsWhatTheHeaderSays) {
     EXPECT_EQ(facts.pair->delimiter, ",");
 }
 
-TEST_F(MifSource, KnowsNoSystemOfAPlane) {
+TEST_F(MifSource, KnowsTheUnitOfAPlane) {
     const app::LayerFacts facts =
-        FactsOf("Version 300\nCoordSys NonEarth Units \"m\"\nColumns 1\n  id Integer\nData\n\n");
+        FactsOf("Version 300\nCoordSys NonEarth Units \"ft\"\nColumns 1\n  id Integer\nData\n\n");
 
-    EXPECT_EQ(facts.system, nullptr);
+    ASSERT_NE(facts.system, nullptr);
+    EXPECT_EQ(facts.system->kind, app::SystemKind::Plane);
+    EXPECT_EQ(facts.system->metresPerUnit, 0.3048);
     EXPECT_FALSE(facts.knownExtent);
 }
 
@@ -184,7 +187,7 @@ TEST_F(MifSource, ReadsAsOftenAsWanted) {
 }
 
 TEST_F(MifSource, TakesAnAssumedSystemInPlaceOfTheClause) {
-    options_.assumedSystem = std::make_shared<gcs::GCSDef>();
+    options_.assumedSystem = std::make_shared<const app::CoordinateSystem>(app::Wgs84System());
     const std::string mif = "Version 300\nCoordSys Earth Projection 99, 104, \"m\", 0\n"
                             "Columns 1\n  id Integer\nData\n\nPoint 1 2\n";
 
@@ -208,15 +211,31 @@ TEST_F(MifSource, NamesTheFileThatIsNotThere) {
     }
 }
 
-TEST_F(MifSource, KnowsNoSystemOfAProjectionThatNobodyKnows) {
-    const std::string mif = "Version 300\nCoordSys Earth Projection 99, 104, \"m\", 0\nColumns 1\n"
-                            "  id Integer\nData\n\nPoint 1 2\n";
+constexpr const char* kUnknownProjection =
+    "Version 300\nCoordSys Earth Projection 99, 104, \"m\", 0\nColumns 1\n  id Integer\nData\n\n"
+    "Point 1 2\n";
 
-    EXPECT_EQ(FactsOf(mif).system, nullptr);
-    EXPECT_EQ(messages_.Text(), "qolf: warning: " + Path().string() +
-                                    ": projection code 99 is not known; the objects have no "
-                                    "coordinate system\n");
-    EXPECT_EQ(FeaturesOf(mif).front().geometry.points, (std::vector<shr::Vec2d>{{1, 2}}));
+TEST_F(MifSource, ReadsObjectsWhoseSystemNobodyKnows) {
+    const app::LayerFacts facts = FactsOf(kUnknownProjection);
+
+    ASSERT_NE(facts.system, nullptr);
+    EXPECT_EQ(facts.system->kind, app::SystemKind::Unknown);
+    EXPECT_NE(facts.system->problem.find("projection code 99"), std::string::npos)
+        << facts.system->problem;
+    EXPECT_EQ(FeaturesOf(kUnknownProjection).front().geometry.points,
+              (std::vector<shr::Vec2d>{{1, 2}}));
+}
+
+TEST_F(MifSource, ReadsAProjectionThatTheModuleLacks) {
+    const std::string mif = "Version 300\nCoordSys Earth Projection 24, 1016, \"m\", 27, 0, 1, "
+                            "3500000, 0\nColumns 1\n  id Integer\nData\n\nPoint 1 2\n";
+    const app::LayerFacts facts = FactsOf(mif);
+
+    ASSERT_NE(facts.system, nullptr);
+    ASSERT_TRUE(facts.system->clause);
+    EXPECT_EQ(facts.system->clause->projection->code, 8);
+    EXPECT_EQ(facts.columns.size(), 1U);
+    EXPECT_EQ(FeaturesOf(mif).size(), 1U);
 }
 
 TEST_F(MifSource, SaysSoWhenThereIsNoObject) {

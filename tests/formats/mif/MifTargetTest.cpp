@@ -3,7 +3,7 @@
 #include "app/formats/mif/MifTarget.h"
 
 #include "app/base/Errors.h"
-#include "app/crs/Reprojection.h"
+#include "app/crs/ReadClause.h"
 #include "tests/support/Features.h"
 #include "tests/support/KeptMessages.h"
 #include "tests/support/TemporaryFolder.h"
@@ -39,7 +39,8 @@ protected:
         options_.noStore = true;
         options_.modulePath = QOLF_MODULE;
         layer_.name = "layer";
-        layer_.system = std::make_shared<gcs::GCSDef>(app::Wgs84System());
+        layer_.system = std::make_shared<const app::CoordinateSystem>(
+            app::ReadClause("Earth Projection 1, 104"));
     }
 
     bool Write(const std::vector<Feature>& features) {

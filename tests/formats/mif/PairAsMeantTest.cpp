@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -332,6 +333,44 @@ TEST_F(APairAsMeant, IsMovedByItsTransform) {
                                    "a\nb\n")),
         "Points 11 3 [a]\nRectangle 1 2, 21 4 [b]\n");
 }
+
+struct SampleRow {
+    const char* name;
+    std::size_t features;
+    std::string first;  // TextOf, as far as it is compared
+};
+
+class ARealSample : public testing::TestWithParam<SampleRow> {};
+
+TEST_P(ARealSample, HasAFeatureForEachObjectAndForEachRow) {
+    support::KeptMessages messages;
+    app::SourceOptions options;
+    options.noStore = true;
+    options.modulePath = QOLF_MODULE;
+    app::MifSource source(std::filesystem::path(QOLF_SAMPLES) / "real" /
+                              (std::string(GetParam().name) + ".mif"),
+                          options);
+    static_cast<void>(source.Begin(0, messages.Reporter()));
+    std::size_t count = 0;
+    std::string first;
+    source.Read(messages.Reporter(), [&](app::Feature& feature) {
+        first = count++ == 0 ? support::TextOf(feature) : first;
+        return true;
+    });
+
+    EXPECT_EQ(count, GetParam().features);
+    EXPECT_EQ(first.substr(0, GetParam().first.size()), GetParam().first);
+    EXPECT_EQ(messages.Text().find("row"), std::string::npos) << messages.Text();
+}
+
+const SampleRow kSamples[] = {
+    {"cyrillic", 3, ""},      {"field_types_v900", 2, "None ["},
+    {"finnish_kkj", 2, ""},   {"lambert_ntf", 2, ""},
+    {"nonearth_mix", 20, ""}, {"osm_places", 118, "Points 1."},
+    {"osm_water", 222, ""},   {"utm_ridge", 70, ""},
+};
+INSTANTIATE_TEST_SUITE_P(, ARealSample, testing::ValuesIn(kSamples),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct NoMifRow {
     std::string name;  // letters and digits
