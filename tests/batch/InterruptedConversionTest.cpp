@@ -185,7 +185,7 @@ TEST_F(ManyFiles, ReplaceNothingUnasked) {
 
 TEST_F(ManyFiles, FailOneByOneInALineEach) {
     WriteMaps(3);
-    folder_.Write("in/map1.mif", "Version 300\nData\n\nRegion 1\n-5\n");
+    folder_.Write("in/map1.mif", "Version 300\n");
 
     EXPECT_EQ(Run("gpkg", "out"), 1);
 
