@@ -266,6 +266,11 @@ TEST(Info, GoesOnBehindAClauseThatSwallowsTheDataLine) {
 
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_NE(result.out.find("    a  Char(9)\n"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("  the scale factor 0 of the projection \"Transverse Mercator\" is "
+                              "missing or out of range\n"),
+              std::string::npos)
+        << result.out;
+    EXPECT_EQ(result.err, "");
 }
 
 TEST(Info, HasEveryFileInItsDocument) {
