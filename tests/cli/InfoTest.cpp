@@ -273,6 +273,28 @@ TEST(Info, GoesOnBehindAClauseThatSwallowsTheDataLine) {
     EXPECT_EQ(result.err, "");
 }
 
+TEST(Info, DescribesTheSystemThatIsNamedInPlaceOfTheClause) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCoordSys Earth Projection 777, 104, \"m\", 20\n"
+                           "Columns 1\n  a Char(9)\nData\n");
+
+    const Json facts = InfoOf(sandbox, {"--assume-crs", "EPSG:3301", "a.mif"});
+
+    EXPECT_EQ(facts.at("epsg"), 3301);
+    EXPECT_EQ(facts.at("crsName"), "Estonian Coordinate System of 1997");
+    EXPECT_EQ(facts.at("earth"), true);
+}
+
+TEST(Info, RefusesAnAssumedSystemThatIsNone) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", kSwallowed);
+
+    const Result result = sandbox.Qolf({"info", "--assume-crs", "EPSG:1", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.err.find("--assume-crs EPSG:1: "), std::string::npos) << result.err;
+}
+
 TEST(Info, HasEveryFileInItsDocument) {
     const Sandbox sandbox;
     sandbox.Write("zip.mif", "PK\x03\x04");
