@@ -30,9 +30,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::WriteFile("in.geojson", fuzz::TextOf(data, size));
     try {
         app::GeoJsonReader reader(fuzz::PathOf("in.geojson"));
-        const app::GeoJsonFacts facts = reader.Survey(reporter);
-        reader.Read(facts, reporter,
-                    [&](app::Feature& feature) { Check(feature, facts.columns.size()); });
+        const app::LayerFacts facts = reader.Begin(0, reporter);
+        reader.Read(reporter, [&](app::Feature& feature) {
+            Check(feature, facts.columns.size());
+            return true;
+        });
     } catch (const app::Failure&) {
         return 0;
     }

@@ -1,5 +1,7 @@
 #include "app/check/GatheredFindings.h"
 
+#include "app/base/Counted.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -13,20 +15,21 @@ constexpr std::uint64_t kLeast = 3;
 
 struct KindWords {
     ObjectKind kind;
+    const char* one;
     const char* many;
 };
 constexpr std::array kKindWords = {
-    KindWords{ObjectKind::None, "objects without a place"},
-    KindWords{ObjectKind::Point, "points"},
-    KindWords{ObjectKind::Line, "lines"},
-    KindWords{ObjectKind::Pline, "polylines"},
-    KindWords{ObjectKind::Region, "regions"},
-    KindWords{ObjectKind::Arc, "arcs"},
-    KindWords{ObjectKind::Text, "texts"},
-    KindWords{ObjectKind::Rect, "rectangles"},
-    KindWords{ObjectKind::RoundRect, "round rectangles"},
-    KindWords{ObjectKind::Ellipse, "ellipses"},
-    KindWords{ObjectKind::Multipoint, "multipoints"},
+    KindWords{ObjectKind::None, "object without a place", "objects without a place"},
+    KindWords{ObjectKind::Point, "point", "points"},
+    KindWords{ObjectKind::Line, "line", "lines"},
+    KindWords{ObjectKind::Pline, "polyline", "polylines"},
+    KindWords{ObjectKind::Region, "region", "regions"},
+    KindWords{ObjectKind::Arc, "arc", "arcs"},
+    KindWords{ObjectKind::Text, "text", "texts"},
+    KindWords{ObjectKind::Rect, "rectangle", "rectangles"},
+    KindWords{ObjectKind::RoundRect, "round rectangle", "round rectangles"},
+    KindWords{ObjectKind::Ellipse, "ellipse", "ellipses"},
+    KindWords{ObjectKind::Multipoint, "multipoint", "multipoints"},
 };
 
 // "11001 regions", "5 points and 3 texts": the objects that were hit, when these are all of their
@@ -38,8 +41,8 @@ std::string AllObjects(const FindingCount& count, const MifCounts& objects) {
         const bool isHit = (count.kinds >> static_cast<unsigned>(words.kind) & 1U) != 0;
         if (isHit) {
             all += objects.Of(words.kind);
-            text += (text.empty() ? "" : " and ") + std::to_string(objects.Of(words.kind)) + " " +
-                    words.many;
+            text += (text.empty() ? "" : " and ") +
+                    Counted(objects.Of(words.kind), words.one, words.many);
         }
     }
     // Members of collections are numbered with the other objects, but counted apart.

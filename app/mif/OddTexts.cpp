@@ -139,12 +139,14 @@ bool ObjectPass::ReadTextBox(ObjectFacts& facts, const MifLine& line, std::strin
     }
     const MifLine* const next = lines_.Peek();
     std::vector<double> numbers;
+    std::uint64_t boxLine = line.number;
     if (CountNumbers(rest) >= 4) {
         numbers = ReadOddNumbers(rest, line.begin, 4, At(line.number), report_);
     } else if (next != nullptr && !next->IsBlank() &&
                !IsObjectOrClause(MifTokens(next->raw).Next()) &&
                !MifTokens(next->raw).Next().IsQuoted()) {
         numbers = NumbersOf(*next, next->begin, 4);
+        boxLine = next->number;
         lines_.Skip();
     } else {
         if (!facts.text.empty()) {
@@ -155,7 +157,7 @@ bool ObjectPass::ReadTextBox(ObjectFacts& facts, const MifLine& line, std::strin
     }
     std::ranges::copy(numbers, facts.numbers.begin());
     points_ = {{numbers[0], numbers[1]}};
-    pointLines_ = {next == nullptr ? line.number : next->number};
+    pointLines_ = {boxLine};
     parts_.push_back({PartShape::Corners, 0, 1, line.number, 0});
     return true;
 }

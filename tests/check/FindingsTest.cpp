@@ -104,6 +104,7 @@ const std::vector<FindingRow>& Rows() {
         FindingRow{"object-without-row", {"mid:object-without-row@0"}},
         FindingRow{"one-vertex-line", {"one-vertex-line@9"}},
         FindingRow{"outside-bounds", {"outside-bounds@10"}},
+        FindingRow{"text-outside-bounds", {"outside-bounds@10", "outside-bounds@12"}},
         FindingRow{"outside-charset", {"mid:outside-charset@1"}},
         FindingRow{"outside-earth", {"outside-earth@10"}},
         FindingRow{"parameters-missing", {"parameters-missing@4"}},

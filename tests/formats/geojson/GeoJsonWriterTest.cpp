@@ -126,13 +126,31 @@ TEST_P(GeometryThatGeoJsonHasNot, IsNull) {
     EXPECT_EQ(GeometryOf(GetParam().feature), "null");
 }
 
+TEST_F(GeoJsonWriter, WarnsOfCoordinatesThatGiveNoGeometry) {
+    const app::Feature collapsed = support::RegionOf({{{1, 1}, {2, 2}, {1, 1}}});
+
+    Written({collapsed, support::LineThrough({{1, 2}}), PointAt(1, 2), collapsed});
+
+    EXPECT_EQ(messages_.Text(), "qolf: warning: " + (folder_.path() / "out.geojson").string() +
+                                    ": 3 objects have coordinates that give no geometry; written "
+                                    "with a null geometry\n");
+}
+
+TEST_F(GeoJsonWriter, SaysNothingOfAnObjectWithoutCoordinates) {
+    Written({app::Feature{}});
+
+    EXPECT_EQ(messages_.Text(), "");
+}
+
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 INSTANTIATE_TEST_SUITE_P(
     , GeometryThatGeoJsonHasNot,
     testing::Values(NullRow{"None", app::Feature{}}, NullRow{"Infinite", PointAt(kInfinity, 1)},
                     NullRow{"LineOfOnePoint", support::LineThrough({{1, 2}})},
-                    NullRow{"RegionOfTwoPoints", support::RegionOf({{{1, 2}, {3, 4}}})}),
+                    NullRow{"RegionOfTwoPoints", support::RegionOf({{{1, 2}, {3, 4}}})},
+                    NullRow{"RegionThatEnclosesNothing",
+                            support::RegionOf({{{1, 1}, {2, 2}, {1, 1}}})}),
     [](const auto& row) { return std::string(row.param.name); });
 
 app::Feature TextAt(double x, double y) {

@@ -406,6 +406,9 @@ TEST_F(GeoPackage, GivesARowWithoutGeometryForARegionThatEnclosesNothing) {
     WriteLayer({RegionOf({{{1, 1}, {2, 2}, {1, 1}}})});
 
     EXPECT_EQ(Query("SELECT typeof(geom) FROM layer"), "null");
+    EXPECT_EQ(Messages(), "qolf: warning: " + Path().string() +
+                              ": layer layer: 1 object has coordinates that make no geometry; "
+                              "written without geometry\n");
 }
 
 TEST_F(GeoPackage, NumbersASystemOfItsOwnFromOneHundredThousand) {
