@@ -16,6 +16,8 @@ struct CommandLibrary {
     const char* version;
     std::span<const CommandEntry> commands;
     CrsIdentity (*identify)(const CoordinateSystem& system);
+    SystemPtr (*systemOfOption)(const std::string& option, const std::string& definition,
+                                Reporter& reporter);
 };
 
 inline constexpr const char* kCommandLibraryFileName = "qolf-commands.so";

@@ -27,6 +27,12 @@ struct CommandContext {
     // Finds a coordinate system in PROJ's register. Loads the command library; throws Failure when
     // there is none.
     std::function<CrsIdentity(const CoordinateSystem&)> identify;
+
+    // Returns the system that an option names, as SystemOfOption does (app/crs/Definitions.h).
+    // Loads the command library; throws Failure when there is none. Empty where there are no
+    // systems.
+    std::function<SystemPtr(const std::string& option, const std::string& definition, Reporter&)>
+        systemOfOption;
 };
 
 // A row of the list of subcommands.

@@ -28,9 +28,20 @@ void AddInfoCommand(CLI::App& program, CommandContext& context) {
         ->add_option("--encoding", options->encoding,
                      "Encoding of the texts, whatever the header says")
         ->type_name("NAME");
+    const auto assumedCrs = std::make_shared<std::string>();
+    if (context.systemOfOption) {
+        command
+            ->add_option("--assume-crs", *assumedCrs,
+                         "Coordinate system of the files, whatever their headers say")
+            ->type_name("SYSTEM");
+    }
     command->footer(kInfoFooter);
-    command->callback([options, &context] {
-        context.run = [options, &context] {
+    command->callback([options, assumedCrs, &context] {
+        context.run = [options, assumedCrs, &context] {
+            if (!assumedCrs->empty()) {
+                options->assumedSystem =
+                    context.systemOfOption("--assume-crs", *assumedCrs, context.reporter);
+            }
             options->modulePath = context.modulePath;
             options->identify = context.identify;
             return RunInfo(*options, context.reporter);

@@ -3,6 +3,7 @@
 #include "app/base/Errors.h"
 #include "app/crs/ClauseForExport.h"
 #include "app/crs/Definitions.h"
+#include "app/crs/SystemNotes.h"
 
 #include <utility>
 
@@ -38,12 +39,7 @@ void CheckSource(const SystemPtr& source, const std::string& crs, const std::str
     if (isUnknown) {
         reporter.Warning(prefix + source->problem + "; the coordinates stay as they are");
     }
-    for (const std::string& note : source->notes) {
-        reporter.Detail(prefix + note);
-    }
-    for (const std::string& warning : source->warnings) {
-        reporter.Warning(prefix + warning);
-    }
+    SayNotes(*source, prefix, reporter);
 }
 
 SystemPlan Reprojected(const SystemPtr& source, SystemPtr wanted, const std::string& prefix,

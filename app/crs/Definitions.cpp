@@ -135,6 +135,7 @@ SystemPtr SystemOfOption(const std::string& option, const std::string& definitio
     for (const std::string& note : system.notes) {
         reporter.Warning(prefix + note);
     }
+    system.notes.clear();  // said once, however many layers have the system
     return std::make_shared<const CoordinateSystem>(std::move(system));
 }
 

@@ -152,6 +152,9 @@ CoordinateSystem Reader::ReadEarth() {
     if (split.hasAffine && !At("Affine")) {
         ReadAffine();
     }
+    if (split.hasBounds) {
+        Note("the bounds of projection " + std::to_string(code) + " are skipped");
+    }
     ReadTail(split.hasBounds);
     return SystemOfClause(std::move(clause_));
 }
@@ -185,6 +188,9 @@ void Reader::ReadCustomDatum(bool hasRotations) {
     gcs::DatumParameters datum;
     const std::int64_t code = TakeInteger();
     const auto ellipsoid = EllipsoidOfCode(code);
+    if (code == 0) {
+        Note("ellipsoid 0 of the datum is read as GRS 80");
+    }
     if (!ellipsoid) {
         Warn("the ellipsoid code " + std::to_string(code) + " is not known; WGS 84 is taken");
     }

@@ -4,6 +4,7 @@
 #include "app/base/Paths.h"
 #include "app/batch/BatchPlan.h"
 #include "app/crs/Definitions.h"
+#include "app/crs/SystemNotes.h"
 #include "app/draw/TextFrame.h"
 #include "app/formats/Formats.h"
 #include "app/json/ShortestNumber.h"
@@ -51,18 +52,6 @@ void Place(Geometry& geometry, LayerTransform& transform) {
     }
 }
 
-void SayWarnings(const CoordinateSystem* system, const std::string& subject, Reporter& reporter) {
-    if (system == nullptr) {
-        return;
-    }
-    for (const std::string& note : system->notes) {
-        reporter.Detail(subject + ": " + note);
-    }
-    for (const std::string& warning : system->warnings) {
-        reporter.Warning(subject + ": " + warning);
-    }
-}
-
 }  // namespace
 
 MapReader::MapReader(const MapInput& input, SystemPtr target)
@@ -101,10 +90,14 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
         std::string problem;
         LayerTransform transform = systems_.TransformFrom(facts.system, problem);
         isAnyPlaced_ = isAnyPlaced_ || problem.empty();
-        if (!problem.empty()) {
+        if (facts.system != nullptr && !facts.system->problem.empty()) {
+            reporter.Warning(subject + ": " + facts.system->problem + "; drawn as it stands");
+        } else if (!problem.empty()) {
             unplaced_.push_back(subject + ": " + problem);
         }
-        SayWarnings(facts.system.get(), subject, reporter);
+        if (facts.system != nullptr) {
+            SayNotes(*facts.system, subject + ": ", reporter);
+        }
         sink.BeginLayer(LayerOf(facts));
         source->Read(reporter, [&](Feature& feature) {
             Place(feature.geometry, transform);

@@ -338,6 +338,7 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
     sourceOptions.noStore = true;
     sourceOptions.encoding = options.encoding;
     sourceOptions.modulePath = options.modulePath;
+    sourceOptions.assumedSystem = options.assumedSystem;
     for (const std::string& file : options.files) {
         const std::filesystem::path path = PathFromArgument(file);
         try {

@@ -16,7 +16,8 @@ struct InfoOptions {
     bool asIs = false;
     std::string encoding;
     std::string modulePath;
-    CrsIdentifier identify;  // for a system that only PROJ's register knows; called for no other
+    SystemPtr assumedSystem;  // of all files, whatever their headers say; null: their own
+    CrsIdentifier identify;   // for a system that only PROJ's register knows; called for no other
 };
 
 // The exit code: 1 when any of the files could not be read.

@@ -105,11 +105,12 @@ void Clause::TakeContinuation(std::size_t parts) {
 }
 
 // How many of the parts from next_ on the module would look for behind the clause. It takes the
-// words of Bounds and Affine as well, which are enough for all parts.
+// words of Bounds and Affine as well, and their numbers are enough for all parts.
 std::size_t Clause::CountLackingParts(std::size_t parts) const {
     std::size_t at = next_;
     for (; parts > 0 && at < tokens_.size(); --parts) {
-        if (tokens_[at].Is("bounds") || tokens_[at].Is("affine")) {
+        const bool areNumbersBehind = at + 1 < tokens_.size();
+        if (areNumbersBehind && (tokens_[at].Is("bounds") || tokens_[at].Is("affine"))) {
             return 0;
         }
         ++at;

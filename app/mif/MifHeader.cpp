@@ -8,7 +8,6 @@
 #include "app/mif/Units.h"
 #include "app/mif/Words.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <string_view>
@@ -28,12 +27,6 @@ char DelimiterOf(const MifHeader& header) {
 
 std::string HeaderForModule(const MifHeader& header) {
     std::string text = "Version 300\nCharset \"Neutral\"\n";
-    const bool isText = header.coordSys.text.find('\0') == std::string::npos;
-    if (!header.coordSys.text.empty() && header.coordSys.isReadByModule && isText) {
-        std::string clause = header.coordSys.text;
-        std::ranges::replace(clause, '\r', ' ');
-        text += clause + "\n" + std::string(header.coordSys.lackingParts, '\n');
-    }
     if (header.ownBounds) {
         text += "Bounds " + PairText(header.ownBounds->minX, header.ownBounds->minY) + " " +
                 PairText(header.ownBounds->maxX, header.ownBounds->maxY) + "\n";

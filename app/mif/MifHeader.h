@@ -64,8 +64,8 @@ struct MifHeader {
 // The delimiter of rows: the first character of the header's, or a tab.
 char DelimiterOf(const MifHeader& header);
 
-// A header with which the module reads the objects behind it: own bounds, and the CoordSys clause
-// unless the import would stop at it.
+// A header with which the module reads the objects behind it: the own bounds. No coordinate depends
+// on the CoordSys clause, at which the import may stop; ReadClause reads it (app/crs).
 std::string HeaderForModule(const MifHeader& header);
 
 // What is to be said of the unit of an Earth system: the module knows metres and survey feet by

@@ -18,6 +18,10 @@ void AddCommands(CLI::App& program, CommandContext& context, const std::string& 
     context.identify = [](const CoordinateSystem& system) {
         return LoadCommandLibrary().identify(system);
     };
+    context.systemOfOption = [](const std::string& option, const std::string& definition,
+                                Reporter& reporter) {
+        return LoadCommandLibrary().systemOfOption(option, definition, reporter);
+    };
     const std::span<const CommandEntry> commands =
         IsOwn(wanted) ? Commands() : LoadCommandLibrary().commands;
     for (const CommandEntry& entry : commands) {

@@ -266,6 +266,33 @@ TEST(Info, GoesOnBehindAClauseThatSwallowsTheDataLine) {
 
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_NE(result.out.find("    a  Char(9)\n"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("  the scale factor 0 of the projection \"Transverse Mercator\" is "
+                              "missing or out of range\n"),
+              std::string::npos)
+        << result.out;
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(Info, DescribesTheSystemThatIsNamedInPlaceOfTheClause) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nCoordSys Earth Projection 777, 104, \"m\", 20\n"
+                           "Columns 1\n  a Char(9)\nData\n");
+
+    const Json facts = InfoOf(sandbox, {"--assume-crs", "EPSG:3301", "a.mif"});
+
+    EXPECT_EQ(facts.at("epsg"), 3301);
+    EXPECT_EQ(facts.at("crsName"), "Estonian Coordinate System of 1997");
+    EXPECT_EQ(facts.at("earth"), true);
+}
+
+TEST(Info, RefusesAnAssumedSystemThatIsNone) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", kSwallowed);
+
+    const Result result = sandbox.Qolf({"info", "--assume-crs", "EPSG:1", "a.mif"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.err.find("--assume-crs EPSG:1: "), std::string::npos) << result.err;
 }
 
 TEST(Info, HasEveryFileInItsDocument) {

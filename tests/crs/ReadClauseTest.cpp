@@ -148,7 +148,8 @@ TEST_P(ASaying, ComesWithTheSystem) {
 // clang-format off
 const SayingRow kSayings[] = {
     {"NothingOfAPlainClause", R"(Earth Projection 8, 104, "m", 27, 0, 1, 500000, 0 Bounds (0, 0) (9, 9))", {}, {}},
-    {"NothingOfBounds", R"(Earth Projection 2008, 104, "m", 27, 0, 1, 500000, 0, 0, 0, 9, 9)", {}, {}},
+    {"Bounds", R"(Earth Projection 2008, 104, "m", 27, 0, 1, 500000, 0, 0, 0, 9, 9)", {"the bounds of projection 2008 are skipped"}, {}},
+    {"GivenEllipsoidZero", R"(Earth Projection 1, 999, 0, 1, 2, 3)", {"ellipsoid 0 of the datum is read as GRS 80"}, {}},
     {"Finnish", R"(Earth Projection 24, 1016, "m", 27, 0, 1, 3500000, 0)", {"projection 24, the Finnish KKJ variant of Transverse Mercator (Gauss-Kruger), is read as projection 8, Transverse Mercator"}, {}},
     {"Extended", R"(Earth Projection 34, 104, "m", 27, 0, 1, 500000, 0)", {"projection 34, Extended Transverse Mercator, an exact form of projection 8, is read as projection 8, Transverse Mercator"}, {}},
     {"Range", R"(Earth Projection 29, 104, "m", 10, 52, 45)", {"the range of 45 degrees around the centre is ignored; it moves no coordinate"}, {}},

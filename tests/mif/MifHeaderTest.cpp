@@ -172,6 +172,7 @@ const CareRow kCare[] = {
     {"EmptyLine", "CoordSys Earth Projection 1, 104\n\nColumns 0\n", 0},
     {"LineOfBlanks", "CoordSys Earth Projection 1, 104\n  \t\nColumns 0\n", 0},
     {"BoundsOnTheSameLine", "CoordSys Earth Projection 1, 104 Bounds (1,2) (3,4)\n", 0},
+    {"BoundsWithoutNumbers", "CoordSys Earth Projection 8, 104, \"m\", 20, 0 Bounds\n", 2},
     {"Unit", "CoordSys Earth Projection 1, 104, \"m\"\nColumns 0\n", 0},
     {"Projected", "CoordSys Earth Projection 8, 104, \"m\", 9, 0, 1, 0, 0\nColumns 0\n", 0},
     {"ProjectedWithBounds", "CoordSys Earth Projection 8, 104, \"m\", 9 Bounds (1,2) (3,4)\n", 0},
