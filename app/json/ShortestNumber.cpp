@@ -27,17 +27,8 @@ constexpr double kLeastPlain = 1e-6;
 constexpr double kMostPlain = 1e15;
 
 char* WriteWhole(char* out, std::uint64_t whole) {
-    char digits[20];
-    char* first = digits + sizeof digits;
-    char* const end = first;
-    do {
-        *--first = static_cast<char>('0' + whole % 10);
-        whole /= 10;
-    } while (whole > 0);
-    while (first != end) {
-        *out++ = *first++;
-    }
-    return out;
+    constexpr int kMostDigits = 20;
+    return std::to_chars(out, out + kMostDigits, whole).ptr;
 }
 
 // Decimals without the zeros at their end; at least one of them is not 0.
@@ -58,8 +49,9 @@ char* WriteDecimals(char* out, std::uint64_t decimals, int count) {
     return out + count;
 }
 
-// Writes a number that equals one with so many decimals, not all of them 0; null for others.
-char* WriteExactly(char* out, double value, const Decimals& decimals) {
+// Writes a number that equals one with so many decimals, not all of them 0; null for others. What
+// is divided by is known to the compiler: the divisions would take most of the time otherwise.
+template <Decimals decimals> char* WriteExactly(char* out, double value) {
     const double size = std::abs(value);
     const auto scaled = static_cast<std::uint64_t>(size * decimals.scale + 0.5);
     const std::uint64_t fraction = scaled % decimals.wholeScale;
@@ -78,7 +70,7 @@ char* WriteExactly(char* out, double value, const Decimals& decimals) {
 char* WriteShortest(char* out, double value) {
     const double size = std::abs(value);
     if (size >= kLeast && size < kNineDecimals.most) {
-        if (char* const end = WriteExactly(out, value, kNineDecimals)) {
+        if (char* const end = WriteExactly<kNineDecimals>(out, value)) {
             return end;
         }
     }
@@ -97,8 +89,9 @@ char* WritePlain(char* out, double value) {
         return WriteWhole(out, static_cast<std::uint64_t>(size));
     }
     if (size < kSixDecimals.most) {
-        const Decimals& decimals = size < kNineDecimals.most ? kNineDecimals : kSixDecimals;
-        if (char* const end = WriteExactly(out, value, decimals)) {
+        char* const end = size < kNineDecimals.most ? WriteExactly<kNineDecimals>(out, value)
+                                                    : WriteExactly<kSixDecimals>(out, value);
+        if (end != nullptr) {
             return end;
         }
     }
