@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -103,17 +104,21 @@ std::string SignificantDigits(std::string_view number) {
     return digits;
 }
 
-// Whether a double has all digits of the text that it was read from.
+// Whether a double has all digits of the text that it was read from. Many programs print doubles
+// with 16 or 17 digits: 49.410499999999999 is 49.4105.
 bool HasAllDigits(double real, std::string_view text) {
     constexpr std::size_t kAlwaysHeld = 15;
-    if (text.size() <= kAlwaysHeld) {
-        return true;
+    constexpr std::size_t kMost = std::numeric_limits<double>::max_digits10;
+    const std::string digits = SignificantDigits(text);
+    if (digits.size() <= kAlwaysHeld || digits.size() > kMost) {
+        return digits.size() <= kAlwaysHeld;
     }
-    std::array<char, 32> shortest{};
-    const auto result = std::to_chars(shortest.data(), shortest.data() + shortest.size(), real);
-    return SignificantDigits(text) ==
-           SignificantDigits(
-               {shortest.data(), static_cast<std::size_t>(result.ptr - shortest.data())});
+    std::array<char, 32> printed{};
+    const auto result =
+        std::to_chars(printed.data(), printed.data() + printed.size(), real,
+                      std::chars_format::scientific, static_cast<int>(digits.size()) - 1);
+    return digits == SignificantDigits(
+                         {printed.data(), static_cast<std::size_t>(result.ptr - printed.data())});
 }
 
 Value WholeValue(std::string text) {

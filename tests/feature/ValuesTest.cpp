@@ -64,6 +64,8 @@ INSTANTIATE_TEST_SUITE_P(
         ValueRow{"ADecimalWithManyZeros", ColumnKind::Decimal, "99.000000000000000", 99.0},
         ValueRow{"ADecimalWithSeventeenDigits", ColumnKind::Decimal, "0.12345678901234568",
                  0.12345678901234568},
+        ValueRow{"ADecimalAsPrintedWithSeventeenDigits", ColumnKind::Decimal, "49.410499999999999",
+                 49.4105},
         ValueRow{"ALongDecimal", ColumnKind::Decimal, "12345678901234567.89",
                  "12345678901234567.89"},
         ValueRow{"ALongWholeDecimal", ColumnKind::Decimal, "9007199254740993",
