@@ -37,10 +37,11 @@ std::string Write(const mif::CoordSysClause& clause) {
     return text;
 }
 
+// The quotes part words, too: a unit may be a number in them.
 std::vector<std::string> WordsOf(const std::string& text) {
     std::vector<std::string> words(1);
     for (const char c : text) {
-        if (c == ' ' || c == ',' || c == '\n') {
+        if (c == ' ' || c == ',' || c == '\n' || c == '"') {
             words.emplace_back();
         } else {
             words.back() += c;
