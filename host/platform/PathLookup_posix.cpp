@@ -8,6 +8,7 @@
 #include <locale.h>
 #include <memory>
 #include <sys/stat.h>
+#include <type_traits>
 
 namespace platform {
 
@@ -18,13 +19,20 @@ bool Exists(const std::string& path) {
     return stat(path.c_str(), &status) == 0;
 }
 
-// Letters beyond ASCII are folded by a locale of the library's own, never by the program's.
+struct LocaleFreer {
+    void operator()(locale_t locale) const { freelocale(locale); }
+};
+
+// Letters beyond ASCII are folded by a locale of the library's own, never by the program's. It goes
+// with the library: a host may unload the module.
 std::wstring Folded(const std::string& name) {
-    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    static const std::unique_ptr<std::remove_pointer_t<locale_t>, LocaleFreer> locale(
+        newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr));
     std::wstring text = platform::PathFromBytes(name);
     for (wchar_t& character : text) {
         if (locale != nullptr) {
-            character = static_cast<wchar_t>(towlower_l(static_cast<wint_t>(character), locale));
+            character =
+                static_cast<wchar_t>(towlower_l(static_cast<wint_t>(character), locale.get()));
         } else if (character >= L'A' && character <= L'Z') {
             character = static_cast<wchar_t>(character - L'A' + L'a');
         }
