@@ -5,6 +5,7 @@
 #include "app/formats/mif/PairFeatures.h"
 #include "app/mif/PairReading.h"
 #include "fuzz/FuzzInput.h"
+#include "host/zeio/Errors.h"
 #include "host/zeio/IoManager.h"
 #include "import/MifImportFilter.h"
 
@@ -95,9 +96,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         features = CountFeatures(reading);
     } catch (const app::Failure& failure) {
-        // Damage inside a clause can lead the module to other objects than the pass has found. The
-        // reading notices, and refuses the file with a reason.
+        // Damage inside a clause can lead the module to other objects than the pass has found, or
+        // past the end of the header. The file is then refused with a reason.
         fuzz::Require(*failure.what() != '\0', "a failure says what it is");
+        return 0;
+    } catch (const zeio::ErrorMsg& error) {
+        fuzz::Require(*error.what() != '\0', "the module says why it refuses a file");
         return 0;
     }
     fuzz::Require(features == objects, "a feature for each object of the file");
