@@ -37,16 +37,6 @@ Spool::Reader::Reader(Spool& spool) : spool_(spool), left_(spool.Size()), inFile
     }
 }
 
-std::string_view Spool::Reader::Read(std::size_t count) {
-    if (ahead_.size() < count) {
-        Fill(count);
-    }
-    const std::string_view taken = ahead_.substr(0, count);
-    ahead_.remove_prefix(count);
-    left_ -= count;
-    return taken;
-}
-
 // Reads ahead until so many bytes are there.
 void Spool::Reader::Fill(std::size_t count) {
     constexpr std::uint64_t kAhead = 1 << 20;

@@ -49,7 +49,15 @@ public:
 
         // Valid until the next call. Throws Failure when there are fewer, or when the temporary
         // file can't be read.
-        std::string_view Read(std::size_t count);
+        std::string_view Read(std::size_t count) {
+            if (ahead_.size() < count) {
+                Fill(count);
+            }
+            const std::string_view taken = ahead_.substr(0, count);
+            ahead_.remove_prefix(count);
+            left_ -= count;
+            return taken;
+        }
 
         template <typename Plain> Plain Take() {
             static_assert(std::is_trivially_copyable_v<Plain>);

@@ -1,11 +1,5 @@
 #include "app/mif/FactStore.h"
 
-#include "app/base/Errors.h"
-#include "app/base/Paths.h"
-#include "host/platform/Stdio.h"
-
-#include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <utility>
 
@@ -90,14 +84,6 @@ void Encode(std::string& to, const ObjectFacts& facts, std::string& clauses) {
 
 }  // namespace
 
-FactStore::FactStore() = default;
-
-FactStore::~FactStore() {
-    if (file_ != nullptr) {
-        std::fclose(file_);
-    }
-}
-
 void FactStore::Add(const ObjectFacts& facts) {
     next_.clear();
     Encode(next_, facts, clauses_);
@@ -114,49 +100,20 @@ void FactStore::FlushRecord() {
     if (count_ == 0) {
         return;
     }
-    PutNumber(bytes_, count_);
-    bytes_ += record_;
-    if (bytes_.size() > kMostInMemory) {
-        Spill();
-    }
-}
-
-void FactStore::Spill() {
-    if (file_ == nullptr) {
-        folder_.emplace();
-        path_ = folder_->File("facts");
-        file_ = std::fopen(path_.string().c_str(), "w+b");
-    }
-    if (file_ == nullptr || std::fwrite(bytes_.data(), 1, bytes_.size(), file_) != bytes_.size() ||
-        std::fflush(file_) != 0) {
-        throw Failure("the temporary folder " + PathText(path_.parent_path().parent_path()) +
-                      " can't be written: " + std::strerror(errno) +
-                      "; name another one in TMPDIR");
-    }
-    spilled_ += bytes_.size();
-    bytes_.clear();
+    std::string count;
+    PutNumber(count, count_);
+    spool_.Write(count);
+    spool_.Write(record_);
 }
 
 void FactStore::Finish() {
     FlushRecord();
     count_ = 0;
-    if (file_ != nullptr) {
-        Spill();
-    }
-}
-
-FactStore::Reader::Reader(FactStore& store) : store_(store) {
-    if (store_.file_ == nullptr) {
-        bytes_ = store_.bytes_;
-    } else {
-        left_ = store_.spilled_;
-        static_cast<void>(platform::SeekTo(store_.file_, 0));
-    }
 }
 
 const ObjectFacts* FactStore::Reader::Next() {
     if (repeats_ == 0) {
-        if (IsAtEnd()) {
+        if (bytes_.IsAtEnd()) {
             return nullptr;
         }
         repeats_ = TakeNumber();
@@ -167,9 +124,8 @@ const ObjectFacts* FactStore::Reader::Next() {
 }
 
 void FactStore::Reader::Decode(ObjectFacts& facts) {
-    const auto first = static_cast<unsigned char>(TakeBytes(1).front());
-    const auto more =
-        (first & kHasMore) != 0 ? static_cast<unsigned char>(TakeBytes(1).front()) : 0;
+    const auto first = bytes_.Take<unsigned char>();
+    const auto more = (first & kHasMore) != 0 ? bytes_.Take<unsigned char>() : 0;
     facts.kind = static_cast<ObjectKind>(first & kKindBits);
     facts.isMultiple = (first & kIsMultiple) != 0;
     facts.isOwn = (first & kIsOwn) != 0;
@@ -179,21 +135,20 @@ void FactStore::Reader::Decode(ObjectFacts& facts) {
                              facts.kind != ObjectKind::Skipped;
     facts.handedOver = isForModule ? facts.handedOver : 0;
     if ((first & kHasNewClauses) != 0) {
-        clauses_ = TakeBytes(TakeNumber());
+        clauses_ = bytes_.Read(TakeNumber());
     }
     facts.clauses = (more & kHasNoClauses) != 0 ? std::string() : clauses_;
-    facts.text = (more & kHasText) != 0 ? std::string(TakeBytes(TakeNumber())) : std::string();
+    facts.text = (more & kHasText) != 0 ? std::string(bytes_.Read(TakeNumber())) : std::string();
     facts.hasNumbers = (more & kHasNumbers) != 0;
     if (facts.hasNumbers) {
-        std::memcpy(facts.numbers.data(), TakeBytes(sizeof facts.numbers).data(),
-                    sizeof facts.numbers);
+        facts.numbers = bytes_.Take<decltype(facts.numbers)>();
     }
     facts.points.clear();
     facts.partSizes.clear();
     if ((more & kHasPoints) != 0) {
         const std::size_t count = TakeNumber();
         facts.points.resize(count);
-        std::memcpy(facts.points.data(), TakeBytes(count * sizeof(shr::Vec2d)).data(),
+        std::memcpy(facts.points.data(), bytes_.Read(count * sizeof(shr::Vec2d)).data(),
                     count * sizeof(shr::Vec2d));
         facts.partSizes.resize(TakeNumber());
         for (std::size_t& size : facts.partSizes) {
@@ -212,44 +167,12 @@ void FactStore::Reader::Decode(ObjectFacts& facts) {
 std::uint64_t FactStore::Reader::TakeNumber() {
     std::uint64_t number = 0;
     for (unsigned shift = 0;; shift += 7) {
-        const auto byte = static_cast<unsigned char>(TakeBytes(1).front());
+        const auto byte = bytes_.Take<unsigned char>();
         number |= static_cast<std::uint64_t>(byte & 0x7F) << shift;
         if (byte < 0x80) {
             return number;
         }
     }
-}
-
-bool FactStore::Reader::IsAtEnd() {
-    Fill(1);
-    return bytes_.empty();
-}
-
-std::string_view FactStore::Reader::TakeBytes(std::size_t count) {
-    Fill(count);
-    if (bytes_.size() < count) {
-        throw Failure("the temporary file " + PathText(store_.path_) + " is not what was written");
-    }
-    const std::string_view taken = bytes_.substr(0, count);
-    bytes_.remove_prefix(count);
-    return taken;
-}
-
-// Reads ahead until so many bytes are there, or the file ends.
-void FactStore::Reader::Fill(std::size_t wanted) {
-    constexpr std::size_t kAhead = std::size_t{1} << 16;
-    if (bytes_.size() >= wanted || left_ == 0) {
-        return;
-    }
-    std::string next(bytes_);
-    const std::size_t had = next.size();
-    next.resize(had +
-                static_cast<std::size_t>(std::min<std::uint64_t>(left_, std::max(wanted, kAhead))));
-    next.resize(had + std::fread(next.data() + had, 1, next.size() - had, store_.file_));
-    left_ -= std::min<std::uint64_t>(left_, next.size() - had);
-    left_ = next.size() == had ? 0 : left_;
-    buffer_ = std::move(next);
-    bytes_ = buffer_;
 }
 
 }  // namespace app
