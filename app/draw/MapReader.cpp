@@ -76,6 +76,7 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
     SourceOptions options;
     options.asIs = input_.asIs;
     options.noStore = true;  // a picture does not depend on what an earlier run remembered
+    options.withoutValues = input_.labels.empty();
     options.encoding = input_.encoding;
     options.modulePath = input_.modulePath;
     if (!input_.assumedCrs.empty()) {
