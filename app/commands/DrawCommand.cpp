@@ -37,7 +37,8 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
                      "Files and folders to draw, then the picture: IN... OUT")
         ->type_name("FILE")
         ->required();
-    command->add_option("--format", arguments->format, "svg, png or pdf, whatever OUT is called")
+    command
+        ->add_option("--format", arguments->format, "svg, png, pdf or html, whatever OUT is called")
         ->type_name("NAME");
     command->add_option("--width", arguments->width, "Width of the picture")->type_name("PIXELS");
     command->add_option("--height", arguments->height, "Height of the picture")

@@ -1,13 +1,13 @@
-#include "app/draw/MapReader.h"
+#include "app/map/MapReader.h"
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/batch/BatchPlan.h"
 #include "app/crs/Definitions.h"
 #include "app/crs/SystemNotes.h"
-#include "app/draw/TextFrame.h"
 #include "app/formats/Formats.h"
 #include "app/json/ShortestNumber.h"
+#include "app/map/TextFrame.h"
 
 #include <algorithm>
 #include <array>
@@ -56,7 +56,7 @@ void Place(Geometry& geometry, LayerTransform& transform) {
 
 MapReader::MapReader(const MapInput& input, SystemPtr target)
     : input_(input), files_(FilesOf(input.paths)), systems_(std::move(target)),
-      isAnyPlaced_(systems_.Target() != nullptr), isLabelFound_(input.labels.size(), false) {
+      isAnyPlaced_(!input.crs.empty()), isLabelFound_(input.labels.size(), false) {
     for (const std::string& file : files_) {
         static_cast<void>(FormatOfPath(file));  // throws for one of no format
     }
@@ -76,7 +76,7 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
     SourceOptions options;
     options.asIs = input_.asIs;
     options.noStore = true;  // a picture does not depend on what an earlier run remembered
-    options.withoutValues = input_.labels.empty();
+    options.withoutValues = input_.labels.empty() && !input_.needsValues;
     options.encoding = input_.encoding;
     options.modulePath = input_.modulePath;
     if (!input_.assumedCrs.empty()) {
@@ -99,7 +99,9 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
         if (facts.system != nullptr) {
             SayNotes(*facts.system, subject + ": ", reporter);
         }
-        sink.BeginLayer(LayerOf(facts));
+        MapLayer described = LayerOf(facts);
+        described.isPlaced = problem.empty();
+        sink.BeginLayer(described);
         source->Read(reporter, [&](Feature& feature) {
             Place(feature.geometry, transform);
             for (Geometry& member : feature.members) {
@@ -112,7 +114,7 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
 }
 
 MapLayer MapReader::LayerOf(const LayerFacts& facts) {
-    MapLayer layer{facts.name, facts.columns, std::nullopt};
+    MapLayer layer{facts.name, facts.columns, std::nullopt, facts.system, false};
     for (std::size_t i = 0; i < input_.labels.size(); ++i) {
         if (const auto column = ColumnOfLabel(input_.labels[i], facts)) {
             layer.labelColumn = column;

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "app/base/Reporter.h"
-#include "app/draw/LayerSystems.h"
 #include "app/feature/Feature.h"
 #include "app/feature/LayerFacts.h"
+#include "app/map/LayerSystems.h"
 
 #include <cstddef>
 #include <optional>
@@ -21,12 +21,15 @@ struct MapInput {
     bool asIs = false;
     std::string modulePath;
     std::vector<std::string> labels;  // "COLUMN" or "LAYER:COLUMN"
+    bool needsValues = false;         // else the features have theirs only where labels need them
 };
 
 struct MapLayer {
     std::string name;  // UTF-8
     std::vector<LayerColumn> columns;
     std::optional<std::size_t> labelColumn;  // whose values label the objects
+    SystemPtr system = nullptr;              // of the file; null when it names none
+    bool isPlaced = false;                   // the coordinates are in the map's system
 };
 
 // Receives the layers of a map and their objects, in their order.
@@ -38,13 +41,14 @@ public:
 
     // The feature's coordinates are the map's; a point without a place is infinite. Curves have
     // become lines and regions where coordinates were moved. A Text has its frame for points
-    // (app/draw/TextFrame.h). The feature may be changed.
+    // (app/map/TextFrame.h). The feature may be changed.
     virtual void Take(Feature& feature) = 0;
 };
 
 class MapReader {
 public:
-    // `target` is the map's system, null to leave it to the first layer that has one. Throws
+    // `target` is the map's system, null to leave it to the first layer that has one. Unless the
+    // user named it (`input.crs`), layers that all have no place on the Earth are no fault. Throws
     // Failure for an input of which there is none; UsageError for one of no known format.
     MapReader(const MapInput& input, SystemPtr target);
 
@@ -57,6 +61,9 @@ public:
 
     // After Read: the map's system.
     const LayerSystems& Systems() const { return systems_; }
+
+    // After Read: whether any layer has a place on the Earth.
+    bool IsAnyPlaced() const { return isAnyPlaced_; }
 
 private:
     void ReadFile(const std::string& file, MapSink& sink, Reporter& reporter);
