@@ -67,8 +67,11 @@ void MapReader::Read(MapSink& sink, Reporter& reporter) {
         ReadFile(file, sink, reporter);
     }
     CheckLabels();
-    for (const std::string& layer : isAnyPlaced_ ? unplaced_ : std::vector<std::string>()) {
-        reporter.Warning(layer + "; drawn as it stands");
+    const bool areLeftOut = isAnyPlaced_ && input_.leavesOutUnplaced;
+    for (const Unplaced& layer : unplaced_) {
+        if (isAnyPlaced_ || layer.isFault) {
+            reporter.Warning(layer.problem + (areLeftOut ? "; left out" : "; drawn as it stands"));
+        }
     }
 }
 
@@ -91,10 +94,10 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
         std::string problem;
         LayerTransform transform = systems_.TransformFrom(facts.system, problem);
         isAnyPlaced_ = isAnyPlaced_ || problem.empty();
-        if (facts.system != nullptr && !facts.system->problem.empty()) {
-            reporter.Warning(subject + ": " + facts.system->problem + "; drawn as it stands");
-        } else if (!problem.empty()) {
-            unplaced_.push_back(subject + ": " + problem);
+        const bool isFault = facts.system != nullptr && !facts.system->problem.empty();
+        if (isFault || !problem.empty()) {
+            unplaced_.push_back(
+                {subject + ": " + (isFault ? facts.system->problem : problem), isFault});
         }
         if (facts.system != nullptr) {
             SayNotes(*facts.system, subject + ": ", reporter);

@@ -22,6 +22,7 @@ struct MapInput {
     std::string modulePath;
     std::vector<std::string> labels;  // "COLUMN" or "LAYER:COLUMN"
     bool needsValues = false;         // else the features have theirs only where labels need them
+    bool leavesOutUnplaced = false;  // the caller shows no layer without a place beside one with it
 };
 
 struct MapLayer {
@@ -56,7 +57,8 @@ public:
     const std::vector<std::string>& Files() const { return files_; }
 
     // Hands over everything. Layers that have no place in the map's system are handed over as they
-    // stand, with a warning. Throws Failure, also for a label's column that no layer has.
+    // stand, with a warning when others have one. Throws Failure, also for a label's column that no
+    // layer has.
     void Read(MapSink& sink, Reporter& reporter);
 
     // After Read: the map's system.
@@ -66,6 +68,12 @@ public:
     bool IsAnyPlaced() const { return isAnyPlaced_; }
 
 private:
+    // A layer that is nowhere on the Earth.
+    struct Unplaced {
+        std::string problem;  // its name and why
+        bool isFault;         // of its system: said also when no layer has a place
+    };
+
     void ReadFile(const std::string& file, MapSink& sink, Reporter& reporter);
     MapLayer LayerOf(const LayerFacts& facts);
     void CheckLabels() const;
@@ -74,7 +82,7 @@ private:
     std::vector<std::string> files_;
     LayerSystems systems_;
     bool isAnyPlaced_;
-    std::vector<std::string> unplaced_;    // what to say of layers that are nowhere on the Earth
+    std::vector<Unplaced> unplaced_;
     std::vector<bool> isLabelFound_;       // by the labels of the input
     std::vector<std::string> labelNames_;  // that there are, for a message
 };
