@@ -128,7 +128,7 @@ std::size_t Clause::CountBlankLinesBehind(std::size_t most) {
 }
 
 double Clause::TakeNumber() {
-    // A minus that stands alone belongs to the number behind it.
+    // A minus between blanks belongs to the number behind it.
     std::string text = Take();
     if (text == "-" && !AtEnd() && IsDecimalNumber(tokens_[next_].text)) {
         text += Take();
@@ -290,7 +290,7 @@ void Clause::CheckUnits(std::int64_t code) {
         return;
     }
     if (code == 1) {
-        return;  // degrees, whatever stands there
+        return;  // degrees, whatever the clause names
     }
     report_.Add(FindingCode::UnitIgnored, place_,
                 "the reader does not know the unit " + Quoted(token.text) +

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kDeepestCollection = 32;
 
-// Lines of something else that a clause may stand behind and still be the object's.
+// Lines of something else after which a clause still belongs to the object.
 constexpr std::size_t kMostLinesBeforeClause = 8;
 constexpr std::size_t kMostBlankLines = 64;
 
@@ -226,7 +226,7 @@ void ObjectPass::ReadCollection(ObjectFacts& facts, int depth) {
     }
 }
 
-// The line without a clause that stands on it, which is kept for the object.
+// The line without the clause on it, which is kept for the object.
 std::string_view ObjectPass::WithoutClause(const MifLine& line) {
     MifTokens tokens(line.raw, line.begin);
     tokens.Next();  // the keyword
@@ -250,7 +250,7 @@ std::vector<double> ObjectPass::NumbersOf(const MifLine& line, std::uint64_t fro
     return ReadOddNumbers(text.substr(at), line.begin + at, count, At(line.number), report_);
 }
 
-// Point, Line, Rect, Ellipse: everything stands on one line, or the numbers on the next one.
+// Point, Line, Rect, Ellipse: everything is on one line, or the numbers on the next one.
 void ObjectPass::ReadNumberObject(ObjectFacts& facts, std::size_t count) {
     const MifLine keyword = *lines_.Peek();
     const MifToken first = FirstToken(keyword);
@@ -463,7 +463,7 @@ void ObjectPass::ReadSections(ObjectFacts& facts, const Count& sections, const c
     while (SkipBlankLines() && !EndsVertices(*lines_.Peek()) && LooksNumeric(*lines_.Peek())) {
         ++found;
         ReadVertices(facts, TakeCount(0, "vertices"), true);
-        // Clauses may stand between the sections; all are the object's.
+        // Clauses may come between the sections; all are the object's.
         while (found < sections.declared && lines_.Peek() != nullptr &&
                IsClause(FirstToken(*lines_.Peek()))) {
             const MifLine& line = *lines_.Peek();
