@@ -370,7 +370,7 @@ void Clause::CheckBlanksInBounds(std::size_t first) {
     for (std::size_t i = first; i + 1 < tokens_.size(); ++i) {
         if (tokens_[i].text == "-" && IsDecimalNumber(tokens_[i + 1].text)) {
             report_.Add(FindingCode::BlankInIgnoredBounds, place_,
-                        "a blank stands between a minus sign and " +
+                        "a blank is between a minus sign and " +
                             std::string(tokens_[i + 1].text));
             report_.Change(FileOfPair::Mif, {.begin = tokens_[i].end,
                                              .end = tokens_[i + 1].begin,

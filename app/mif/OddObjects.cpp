@@ -236,7 +236,7 @@ std::string_view ObjectPass::WithoutClause(const MifLine& line) {
             lineClause_.append(lineClause_.empty() ? "" : "\n").append(line.raw.substr(at));
             report_.Add(FindingCode::ClauseOnObjectLine, At(line.number),
                         "the clause " + std::string(token.text) +
-                            " stands on the line of the object; the reader skips it");
+                            " is on the line of the object; the reader skips it");
             return line.raw.substr(0, at);
         }
     }
@@ -260,7 +260,7 @@ void ObjectPass::ReadNumberObject(ObjectFacts& facts, std::size_t count) {
     if (isOnNextLine) {
         lines_.Skip();
         report_.Add(FindingCode::NumbersOnNextLine, At(keyword.number),
-                    "the coordinates stand on the next line; the reader takes them as 0");
+                    "the coordinates are on the next line; the reader takes them as 0");
     }
     const MifLine line = isOnNextLine ? *next : keyword;
     const std::vector<double> numbers =
@@ -358,7 +358,7 @@ ObjectPass::Count ObjectPass::TakeCount(std::size_t tokenAt, const char* what) {
         count = CountIn(*next, 0);
         report_.Add(FindingCode::CountOnNextLine, At(line.number),
                     std::string("the count of ") + what +
-                        " stands on the next line; the reader takes it as 0");
+                        " is on the next line; the reader takes it as 0");
         report_.Change(FileOfPair::Mif, {.begin = tokens.back().end,
                                          .end = count.begin,
                                          .text = " ",
@@ -394,7 +394,7 @@ bool ObjectPass::SkipBlankLines() {
     for (; blanks > 0; --blanks) {
         const MifLine& blank = *lines_.Peek();
         report_.Add(FindingCode::EmptyLineInObject, At(blank.number),
-                    "an empty line stands inside the object");
+                    "an empty line is inside the object");
         report_.Change(FileOfPair::Mif, {.begin = blank.begin,
                                          .end = blank.next,
                                          .text = {},

@@ -134,7 +134,7 @@ bool ObjectPass::ReadTextBox(ObjectFacts& facts, const MifLine& line, std::strin
         lineClause_ = rest;
         report_.Add(FindingCode::ClauseOnObjectLine, At(line.number),
                     "the clause " + std::string(first.text) +
-                        " stands on the line of the object; the reader skips it");
+                        " is on the line of the object; the reader skips it");
         rest = {};
     }
     const MifLine* const next = lines_.Peek();
