@@ -8,7 +8,7 @@
 
 namespace app {
 
-// The options as they are on the command line.
+// The options as given on the command line.
 struct DrawArguments : MapArguments {
     std::optional<int> width;  // absent: what suits the map
     std::optional<int> height;

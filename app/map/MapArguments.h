@@ -11,7 +11,7 @@
 
 namespace app {
 
-// The options as they are on the command line.
+// The options as given on the command line.
 struct MapArguments {
     std::vector<std::string> files;  // the inputs, then the output
     std::string format;              // empty: by the output's extension

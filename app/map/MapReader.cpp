@@ -70,7 +70,7 @@ void MapReader::Read(MapSink& sink, Reporter& reporter) {
     const bool areLeftOut = isAnyPlaced_ && input_.leavesOutUnplaced;
     for (const Unplaced& layer : unplaced_) {
         if (isAnyPlaced_ || layer.isFault) {
-            reporter.Warning(layer.problem + (areLeftOut ? "; left out" : "; drawn as it stands"));
+            reporter.Warning(layer.problem + (areLeftOut ? "; left out" : "; drawn unchanged"));
         }
     }
 }

@@ -8,7 +8,7 @@
 
 namespace app {
 
-// The options as they are on the command line.
+// The options as given on the command line.
 struct PageArguments : MapArguments {
     std::string size;         // empty: the usual limit
     std::string tiles;        // empty: no base map

@@ -55,7 +55,7 @@ function boxAround(x, y, width, height) {
     return [x - width / 2, y - height / 2, x + width / 2, y + height / 2];
 }
 
-// Squares as high as the words, one beside the other, that stand for their turned box.
+// Squares as high as the words, one beside the other, that together cover their turned box.
 function squaresOf(place, width, height) {
     const reach = Math.max(width - height, 0) / 2;
     const steps = Math.max(1, Math.min(200, Math.ceil(2 * reach / height)));
