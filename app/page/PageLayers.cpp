@@ -164,9 +164,9 @@ std::optional<PageMember> PageLayers::TakeGeometry(Geometry& geometry) {
     half.extent = half.extent ? BoxAround(*half.extent, box) : box;
     half.farObjects.Add(box);
     if (layer.plane == PagePlane::Degrees) {
-        const double last = std::min(box.maxX, box.minX + kTurn);
-        for (double at = std::floor(box.minX); at <= last; at += 1.0) {
-            half.longitudes.set(DegreeOf(at));
+        const double first = std::floor(box.minX);
+        for (int i = 0; i < kTurn && first + i <= box.maxX; ++i) {
+            half.longitudes.set(DegreeOf(first + i));
         }
     }
     return member;

@@ -67,15 +67,20 @@ function isHit(context, view, layer, item, x, y) {
     return isNear || (layer.kind[item] === AREA && isInside);
 }
 
+const MOST_FOUND = 50;
+
 // The features at a place of the canvas, the top one first.
 function featuresAt(context, view, layers, x, y) {
     const found = [];
     for (const layer of layers.slice().reverse()) {
         for (let item = layer.size - 1; layer.isVisible && item >= 0; --item) {
             const feature = layer.feature[item];
-            const isNew = !found.some(one => one.layer === layer && one.feature === feature);
-            if (isNew && isHit(context, view, layer, item, x, y)) {
+            const isKnown = one => one.layer === layer && one.feature === feature;
+            if (isHit(context, view, layer, item, x, y) && !found.some(isKnown)) {
                 found.push({layer, feature});
+                if (found.length === MOST_FOUND) {
+                    return found;
+                }
             }
         }
     }

@@ -8,7 +8,7 @@ const REPEAT_DISTANCE = 160;  // between labels of one text along lines
 const STRAIGHT = 0.9;  // the ends' distance against the way along the line
 const SCAN_LINES = 12;
 const CELL = 4;
-const MOST_LABELS = 2000;
+const MOST_LABELS = 2000, MOST_TRIED = 20000;
 
 // Which parts of the canvas are taken, in squares.
 class TakenCells {
@@ -348,7 +348,7 @@ function paintLabels(context, view, layers) {
     context.lineWidth = 3;
     context.strokeStyle = 'rgba(255, 255, 255, 0.86)';
     context.fillStyle = '#222';
-    let count = 0;
+    let count = 0, tried = 0;
     for (const layer of layers.slice().reverse()) {
         let labelled = -1;  // one label for all items of a feature
         for (let item = 0; layer.isVisible && layer.label !== undefined && item < layer.size; ++item) {
@@ -357,10 +357,11 @@ function paintLabels(context, view, layers) {
                 continue;
             }
             const label = layer.labelOf(item);
-            if (label === '' || count === MOST_LABELS) {
+            if (label === '' || count === MOST_LABELS || tried === MOST_TRIED) {
                 continue;
             }
             labelled = feature;
+            ++tried;
             const width = widthOfLabel(context, label);
             const place = placeOfLabel(places, view, layer, item, width, label);
             if (place) {

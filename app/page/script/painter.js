@@ -42,23 +42,31 @@ class MarkerGrid {
     constructor(view) {
         this.view = view;
         this.style = -1;
+        this.round = 0;  // cells of an earlier round are free
+        this.cells = new Uint32Array((Math.ceil(view.width) + 1) * (Math.ceil(view.height) + 1));
     }
 
-    // Whether no symbol of the style is within about a quarter of its size.
+    // Whether no symbol of the style is within about a quarter of its size, since the last one of
+    // another style. Places off the canvas are always free.
     take(style, x, y) {
+        if (!(x >= 0 && y >= 0 && x < this.view.width && y < this.view.height)) {
+            return true;
+        }
         if (this.style !== style) {
             this.style = style;
             this.cell = Math.max(1, styles[style].marker.size / 4);
-            this.columns = Math.ceil((this.view.width + 200) / this.cell) + 1;
-            this.taken = new Set();
+            this.columns = Math.ceil(this.view.width / this.cell);
+            ++this.round;
         }
-        const key = Math.floor((y + 100) / this.cell) * this.columns +
-            Math.floor((x + 100) / this.cell);
-        if (this.taken.has(key)) {
-            return false;
-        }
-        this.taken.add(key);
-        return true;
+        const at = Math.floor(y / this.cell) * this.columns + Math.floor(x / this.cell);
+        const isFree = this.cells[at] !== this.round;
+        this.cells[at] = this.round;
+        return isFree;
+    }
+
+    // Something was drawn over the symbols so far.
+    forget() {
+        this.style = -1;
     }
 }
 
@@ -69,7 +77,6 @@ const Painter = L.Renderer.extend({
         L.Renderer.prototype.initialize.call(this, {});
         this.layers = layers;
         this.selected = null;  // {layer, feature}
-        this.sizeOfMeasures = new Map();
     },
 
     _initContainer: function () {
@@ -150,6 +157,9 @@ const Painter = L.Renderer.extend({
                 continue;
             }
             flush();
+            if (kind !== POINT) {
+                grid.forget();
+            }
             if (kind === LINE) {
                 context.beginPath();
                 traceItem(context, view, layer, item, style.stroke && style.stroke.dashes);
