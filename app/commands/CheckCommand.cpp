@@ -52,6 +52,8 @@ void AddCheckCommand(CLI::App& program, CommandContext& context) {
             if (arguments->codes) {
                 return PrintCodes();
             }
+            const Inputs inputs = context.Resolve(arguments->files, InputRule::Files);
+            arguments->files = inputs.arguments;
             CheckOptions options = CheckedCheckOptions(*arguments);
             options.modulePath = context.modulePath;
             return RunCheck(options, context.reporter);

@@ -14,7 +14,7 @@
 namespace app {
 
 struct MapInput {
-    std::vector<std::string> paths;  // files, and folders for the files in them; the top one last
+    std::vector<std::string> paths;  // the top one last
     std::string crs;                 // of the map: a definition; empty: that of the first layer
     std::string assumedCrs;          // of MIF files, whatever their headers say; empty: their own
     std::string encoding;            // of the texts of MIF files; empty: by their headers
@@ -45,11 +45,8 @@ public:
 class MapReader {
 public:
     // `target` is the map's system, null to leave it to the first layer that has one. Throws
-    // Failure for an input of which there is none; UsageError for one of no known format.
+    // UsageError for an input of no known format.
     MapReader(const MapInput& input, SystemPtr target);
-
-    // The files, in their order; a folder has become those in it.
-    const std::vector<std::string>& Files() const { return files_; }
 
     // Hands over everything. Layers that have no place in the map's system are handed over as they
     // stand, with a warning. Throws Failure, also for a label's column that no layer has.
@@ -64,17 +61,12 @@ private:
     void CheckLabels() const;
 
     const MapInput& input_;
-    std::vector<std::string> files_;
     LayerSystems systems_;
     bool isAnyPlaced_;
     std::vector<std::string> unplaced_;    // what to say of layers that are nowhere on the Earth
     std::vector<bool> isLabelFound_;       // by the labels of the input
     std::vector<std::string> labelNames_;  // that there are, for a message
 };
-
-// The files of an input: a folder stands for those in it and below, sorted, that have an extension
-// of a format; .json files, which hold all sorts of things, must be named. Throws Failure.
-std::vector<std::string> FilesOf(const std::vector<std::string>& paths);
 
 // A value as people read it; empty for null.
 std::string TextOf(const Value& value);

@@ -60,4 +60,11 @@ private:
     std::string name_;
 };
 
+// A source with the format of its file.
+struct SourceWithFormat {
+    std::unique_ptr<Source> source;
+    std::string format;  // its name: "gpkg"
+    std::string words;   // for people: "GeoPackage"
+};
+
 }  // namespace app

@@ -1,4 +1,4 @@
-// The facts about one MIF file that qolf info shows.
+// The facts about one MIF file, or about a layer of another format, that qolf info shows.
 #pragma once
 
 #include "app/base/Reporter.h"
@@ -15,6 +15,9 @@ namespace app {
 
 struct FileFacts {
     std::filesystem::path path;
+    std::string format;  // its name, "gpkg"; empty for a pair, as all that follows
+    std::string words;   // "GeoPackage"
+    std::string layer;
     std::uintmax_t fileSize = 0;  // bytes
     bool canImport = false;       // what the module answers of the file as it is
     int version = 0;
@@ -40,5 +43,9 @@ struct FileFacts {
 // Failure when there is no header.
 FileFacts CollectFacts(const std::filesystem::path& path, const SourceOptions& options, bool count,
                        Reporter& reporter);
+
+// The same for a layer of another format. With `count` all features are read.
+FileFacts CollectLayerFacts(const SourceWithFormat& input, std::size_t layer,
+                            const std::filesystem::path& path, bool count, Reporter& reporter);
 
 }  // namespace app
