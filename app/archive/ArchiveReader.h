@@ -19,7 +19,7 @@ namespace app {
 enum class MemberKind { File, Folder, Other };  // Other: links and devices
 
 struct ArchiveMember {
-    std::string name;  // as it stands in the archive; UTF-8
+    std::string name;  // as the archive has it; UTF-8
     MemberKind kind = MemberKind::File;
     bool isProtected = false;                // by a password
     std::optional<std::uint64_t> size = {};  // bytes, as the archive states it

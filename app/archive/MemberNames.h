@@ -48,7 +48,7 @@ struct MemberPlace {
 // Chooses folders in which no two members' names collide on a system that takes upper and lower
 // case for the same. Members that differ in the extension only stay together: of ROADS.MIF,
 // roads.mif, roads.mid and ROADS.MID the first and the last are one pair. Returns the first name
-// that stands twice; empty when all are different.
+// that is there twice; empty when all are different.
 std::filesystem::path SeparateCollisions(std::vector<MemberPlace>& members);
 
 }  // namespace app

@@ -182,7 +182,7 @@ std::filesystem::path UnpackedArchive::Root(std::size_t folder) const {
 void UnpackedArchive::PutInPlace(const std::filesystem::path& archive) {
     if (const std::filesystem::path twice = SeparateCollisions(places_); !twice.empty()) {
         throw Failure(PathText(archive / twice) +
-                      ": stands twice in the archive; unpack it and name the one that is meant");
+                      ": is in the archive twice; unpack it and name the one that is meant");
     }
     std::error_code error;
     const auto written = std::filesystem::last_write_time(archive, error);

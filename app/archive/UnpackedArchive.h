@@ -39,7 +39,7 @@ public:
     // Of a compressed .mif (roads.mif.gz) the .mid that is compressed beside it is unpacked, too.
     // A member whose path leads out of the archive, a link and a device are left out with a
     // warning. Throws Failure for an archive that is damaged, cut off or protected by a password,
-    // for a member beyond the limits, for one name that stands twice, and when there is no room.
+    // for a member beyond the limits, for a name that is there twice, and when there is no room.
     UnpackedArchive(const std::filesystem::path& archive, const MemberChoice& wanted,
                     const ArchiveLimits& limits, Reporter& reporter);
     ~UnpackedArchive();

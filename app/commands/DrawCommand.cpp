@@ -10,7 +10,7 @@ namespace app {
 namespace {
 
 constexpr const char* kDrawFooter = R"(
-Inputs are MIF files, GeoJSON and GeoPackages; a folder stands for the files in
+Inputs are MIF files, GeoJSON and GeoPackages; a folder means the files in
 it and below, and so does an archive. The picture is SVG, PNG or PDF by the
 extension of OUT. Files are drawn in their order, the last one on top. Pens,
 brushes, symbols and fonts are those of the file; what it says nothing about,

@@ -45,11 +45,12 @@ public:
 class MapReader {
 public:
     // `target` is the map's system, null to leave it to the first layer that has one. Throws
-    // UsageError for an input of no known format.
+    // UsageError for an input of an unknown format.
     MapReader(const MapInput& input, SystemPtr target);
 
-    // Hands over everything. Layers that have no place in the map's system are handed over as they
-    // stand, with a warning. Throws Failure, also for a label's column that no layer has.
+    // Hands over everything. Layers that have no place in the map's system are handed over with
+    // their coordinates unchanged, with a warning. Throws Failure, also for a label's column that
+    // no layer has.
     void Read(MapSink& sink, Reporter& reporter);
 
     // After Read: the map's system.

@@ -24,7 +24,7 @@ struct Inputs {
     std::shared_ptr<const void> unpacked = {};
 };
 
-// Replaces the arguments, in their order. A folder stands for the files in it and below that have
+// Replaces the arguments, in their order. A folder means the files in it and below that have
 // an extension of a format, an archive (GEOFLA.zip) and a folder in one (GEOFLA.zip/2014) for the
 // same; GEOFLA.zip/2014/COMMUNE.MIF is one file. Files of one folder are sorted. Those named .json
 // hold all sorts of things and must be named; archives in folders must be, too, since what they

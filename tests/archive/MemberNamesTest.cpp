@@ -117,7 +117,7 @@ TEST(NamesThatDoNotCollide, StayTogether) {
                 ElementsAre(0, 0, 0, 0));
 }
 
-TEST(ANameThatStandsTwice, IsReturned) {
+TEST(ANameThatIsThereTwice, IsReturned) {
     std::vector<MemberPlace> members = {{"a.mif"}, {"b.mif"}, {"a.mif"}};
 
     EXPECT_EQ(SeparateCollisions(members), path("a.mif"));

@@ -135,7 +135,7 @@ TEST_F(AnUnpackedArchive, HasNoNameTwice) {
     const path file = Make(ArchiveForm::Tar, {{"a.mif", "1"}, {"./a.mif", "2"}});
 
     EXPECT_EQ(FailureOf(file), (file / "a.mif").string() +
-                                   ": stands twice in the archive; unpack it and name the one "
+                                   ": is in the archive twice; unpack it and name the one "
                                    "that is meant");
 }
 
