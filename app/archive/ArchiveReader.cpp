@@ -86,8 +86,7 @@ void ArchiveReader::Check(int result) const {
 void ArchiveReader::Fail() const {
     const char* const text = archive_error_string(archive_.get());
     const std::string reason = text == nullptr ? "the archive is damaged" : text;
-    if (archive_read_has_encrypted_entries(archive_.get()) > 0 ||
-        reason.find("ncrypt") != std::string::npos) {
+    if (reason.find("ncrypt") != std::string::npos) {  // a list of members that is protected, too
         throw Failure(name_ + ": is protected by a password; unpack it and name the files in it");
     }
     if (reason.find("Unrecognized archive format") != std::string::npos) {

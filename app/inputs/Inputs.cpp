@@ -24,15 +24,6 @@ std::vector<std::string_view> MapExtensions() {
     return extensions;
 }
 
-const Format* FormatOfExtension(const std::string& extension) {
-    for (const Format& format : Formats()) {
-        if (std::ranges::count(format.extensions, extension) > 0) {
-            return &format;
-        }
-    }
-    return nullptr;
-}
-
 bool IsCompanion(const std::filesystem::path& file) {
     const std::string extension = LowerExtension(file);
     return std::ranges::any_of(Formats(), [&](const Format& format) {
@@ -77,11 +68,9 @@ public:
 
     // Of the files that are wanted, whether it is one to read; a .mid comes with its .mif.
     bool IsInput(const std::filesystem::path& file) const {
-        const std::string extension = LowerExtension(file);
         const bool isNamed = file == inside_;
-        const bool isFormat = FormatOfExtension(extension) != nullptr &&
-                              (extension != kManifold || isAnyFormat_ || isNamed);
-        return isFormat && IsBelow(file, inside_);
+        const bool isSure = LowerExtension(file) != kManifold || isAnyFormat_ || isNamed;
+        return isSure && FindFormatOfFile(file) != nullptr && IsBelow(file, inside_);
     }
 
 private:
@@ -172,8 +161,7 @@ Inputs ResolveInputs(const std::vector<std::string>& arguments, InputRule rule,
 
 SourceWithFormat OpenUnlessPair(const std::string& argument, const SourceOptions& options) {
     const Format* const format =
-        argument == "-" ? &FormatOfPath(argument)
-                        : FormatOfExtension(LowerExtension(PathFromArgument(argument)));
+        argument == "-" ? &FormatOfPath(argument) : FindFormatOfFile(PathFromArgument(argument));
     if (format == nullptr || format->mainFile != nullptr) {
         return {};
     }
