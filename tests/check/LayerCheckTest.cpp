@@ -54,8 +54,8 @@ protected:
         support::KeptMessages messages;
         app::TargetOptions options;
         options.ifExists = app::IfExists::Overwrite;
-        const auto target = app::FormatOfName("gpkg").openTarget(file.string(), options,
-                                                                 messages.Reporter());
+        const auto target =
+            app::FormatOfName("gpkg").openTarget(file.string(), options, messages.Reporter());
         app::LayerFacts facts;
         facts.name = "places";
         facts.system = std::make_shared<const app::CoordinateSystem>(app::Wgs84System());
@@ -67,10 +67,21 @@ protected:
         target->Finish();
         // A database that is made here is written without a journal, which does no harm.
         app::SqliteDatabase database(file, app::SqliteDatabase::Mode::Create, "test");
+        DropTriggers(database);
         database.Execute("ALTER TABLE places ADD COLUMN x " + column);
         database.Execute(sql);
         database.Close();
         return Check("a.gpkg");
+    }
+
+    // They call functions that a plain SQLite lacks.
+    static void DropTriggers(app::SqliteDatabase& database) {
+        std::string sql;
+        app::SqliteStatement names(database, "SELECT name FROM sqlite_schema WHERE type='trigger'");
+        while (names.Step()) {
+            sql += "DROP TRIGGER " + app::QuotedName(names.Text(0)) + ";";
+        }
+        database.Execute(sql);
     }
 
     support::TemporaryFolder folder_;
