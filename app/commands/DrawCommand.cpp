@@ -14,14 +14,14 @@ namespace app {
 namespace {
 
 constexpr const char* kDrawFooter = R"(
-Inputs are MIF files, GeoJSON and GeoPackages; a folder stands for the files in
-it and below. The picture is SVG, PNG or PDF by the extension of OUT; with .html
-it is a page for the browser, to walk through without a network. Files are
-drawn in their order, the last one on top. Pens, brushes, symbols and fonts are
-those of the file; what it says nothing about, and everything with
---ignore-styles, has a colour of its own for each layer. Layers of other
-coordinate systems are moved into that of the first, or into the one that --crs
-names.
+Inputs are MIF files, GeoJSON and GeoPackages; a folder means the files in
+it and below, and so does an archive. The picture is SVG, PNG or PDF by the
+extension of OUT; with .html it is a page for the browser, to walk through
+without a network. Files are drawn in their order, the last one on top. Pens,
+brushes, symbols and fonts are those of the file; what it says nothing about,
+and everything with --ignore-styles, has a colour of its own for each layer.
+Layers of other coordinate systems are moved into that of the first, or into
+the one that --crs names.
 
 Examples:
   qolf draw roads.mif roads.png
@@ -58,18 +58,27 @@ PageArguments PageArgumentsOf(const Arguments& arguments) {
     return page;
 }
 
+// Puts the files that the user means in place of what was named; they are there as long as the
+// result.
+Inputs ResolveInputs(MapInput& map, CommandContext& context) {
+    map.modulePath = context.modulePath;
+    Inputs inputs = context.Resolve(map.paths, InputRule::Files);
+    map.paths = inputs.arguments;
+    return inputs;
+}
+
 int Run(const CLI::App& command, const Arguments& arguments, CommandContext& context) {
     if (IsPage(arguments)) {
         RefuseOptions(command, {"--width", "--height", "--margin"},
                       " is for pictures: a page is as large as its window");
         PageOptions options = CheckedPageOptions(PageArgumentsOf(arguments));
-        options.map.modulePath = context.modulePath;
+        const Inputs inputs = ResolveInputs(options.map, context);
         return RunPage(options, context.reporter);
     }
     RefuseOptions(command, {"--size", "--tiles", "--attribution"},
                   " is for pages: give the output the extension .html");
     DrawOptions options = CheckedDrawOptions(arguments);
-    options.map.modulePath = context.modulePath;
+    const Inputs inputs = ResolveInputs(options.map, context);
     return RunDraw(options, context.reporter);
 }
 
@@ -113,6 +122,10 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
                      "Label the objects with this column; more than one --label may be given")
         ->type_name("[LAYER:]COLUMN")
         ->allow_extra_args(false);
+    command
+        ->add_option("--where", arguments->where,
+                     "Draw the objects of which this SQL expression over their columns is true")
+        ->type_name("EXPRESSION");
     command->add_flag("--legend", arguments->legend, "Show the styles of each layer");
     command->add_flag("--scale-bar", arguments->scaleBar, "Show how long a kilometre is");
     command->add_option("--title", arguments->title, "Words at the top of the picture")

@@ -4,6 +4,7 @@
 #include "app/feature/LabelText.h"
 #include "app/map/FontCatalogue.h"
 #include "app/map/MapExtent.h"
+#include "app/query/ValueText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -80,6 +80,7 @@ MapRequest CheckedMapRequest(const MapArguments& arguments) {
     request.map.asIs = arguments.asIs;
     request.map.encoding = arguments.encoding;
     request.map.labels = arguments.labels;
+    request.map.where = arguments.where;
     request.styleSource = arguments.ignoreStyles ? StyleSource::Layers : StyleSource::Objects;
     request.ifExists = arguments.overwrite ? IfExists::Overwrite : IfExists::Refuse;
     return request;

@@ -1,35 +1,20 @@
 #include "app/map/MapReader.h"
 
 #include "app/base/Errors.h"
-#include "app/base/Paths.h"
-#include "app/batch/BatchPlan.h"
 #include "app/crs/Definitions.h"
 #include "app/crs/SystemNotes.h"
 #include "app/formats/Formats.h"
-#include "app/json/ShortestNumber.h"
 #include "app/map/TextFrame.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace app {
 
 namespace {
 
-constexpr std::string_view kManifold = ".json";
-
 // Edges of a full turn when curves are moved into another system.
 constexpr int kSegments = 180;
-
-std::vector<std::string_view> MapExtensions() {
-    std::vector<std::string_view> extensions;
-    for (const Format& format : Formats()) {
-        extensions.insert(extensions.end(), format.extensions.begin(), format.extensions.end());
-    }
-    std::erase(extensions, kManifold);
-    return extensions;
-}
 
 // "LAYER:COLUMN" for a layer, or "COLUMN" for any: the column's place in the layer.
 std::optional<std::size_t> ColumnOfLabel(const std::string& label, const LayerFacts& layer) {
@@ -55,18 +40,19 @@ void Place(Geometry& geometry, LayerTransform& transform) {
 }  // namespace
 
 MapReader::MapReader(const MapInput& input, SystemPtr target)
-    : input_(input), files_(FilesOf(input.paths)), systems_(std::move(target)),
-      isAnyPlaced_(!input.crs.empty()), isLabelFound_(input.labels.size(), false) {
-    for (const std::string& file : files_) {
+    : input_(input), systems_(std::move(target)), isAnyPlaced_(!input.crs.empty()),
+      isLabelFound_(input.labels.size(), false) {
+    for (const std::string& file : input_.paths) {
         static_cast<void>(FormatOfPath(file));  // throws for one of no format
     }
 }
 
 void MapReader::Read(MapSink& sink, Reporter& reporter) {
-    for (const std::string& file : files_) {
+    for (const std::string& file : input_.paths) {
         ReadFile(file, sink, reporter);
     }
     CheckLabels();
+    CheckQuestion(reporter);
     const bool areLeftOut = isAnyPlaced_ && input_.leavesOutUnplaced;
     for (const Unplaced& layer : unplaced_) {
         if (isAnyPlaced_ || layer.isFault) {
@@ -79,7 +65,7 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
     SourceOptions options;
     options.asIs = input_.asIs;
     options.noStore = true;  // a picture does not depend on what an earlier run remembered
-    options.withoutValues = input_.labels.empty() && !input_.needsValues;
+    options.withoutValues = input_.labels.empty() && input_.where.empty() && !input_.needsValues;
     options.encoding = input_.encoding;
     options.modulePath = input_.modulePath;
     if (!input_.assumedCrs.empty()) {
@@ -105,7 +91,11 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
         MapLayer described = LayerOf(facts);
         described.isPlaced = problem.empty();
         sink.BeginLayer(described);
+        std::optional<Question> question = QuestionTo(facts, subject);
         source->Read(reporter, [&](Feature& feature) {
+            if (question && !question->Holds(feature)) {
+                return true;
+            }
             Place(feature.geometry, transform);
             for (Geometry& member : feature.members) {
                 Place(member, transform);
@@ -113,6 +103,30 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
             sink.Take(feature);
             return true;
         });
+    }
+}
+
+std::optional<Question> MapReader::QuestionTo(const LayerFacts& facts, const std::string& subject) {
+    if (input_.where.empty()) {
+        return std::nullopt;
+    }
+    try {
+        Question question(input_.where, facts.columns, subject);
+        isAnswered_ = true;
+        return question;
+    } catch (const Failure& failure) {
+        questionProblem_ = failure.what();
+        whole_.push_back(subject);
+        return std::nullopt;
+    }
+}
+
+void MapReader::CheckQuestion(Reporter& reporter) const {
+    if (!whole_.empty() && !isAnswered_) {
+        throw Failure(questionProblem_);
+    }
+    for (const std::string& layer : whole_) {
+        reporter.Note(layer + ": lacks a column of --where; drawn whole");
     }
 }
 
@@ -144,40 +158,6 @@ void MapReader::CheckLabels() const {
     throw Failure("--label " +
                   input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
                   ": no layer has such a column; the columns are: " + names);
-}
-
-std::vector<std::string> FilesOf(const std::vector<std::string>& paths) {
-    std::vector<std::string> files;
-    for (const std::string& path : paths) {
-        std::error_code error;
-        if (path == "-" || !std::filesystem::is_directory(PathFromArgument(path), error)) {
-            files.push_back(path);
-            continue;
-        }
-        const std::vector<std::filesystem::path> found =
-            FilesBelow(PathFromArgument(path), MapExtensions());
-        if (found.empty()) {
-            throw Failure(path + ": holds no map");
-        }
-        for (const std::filesystem::path& file : found) {
-            files.push_back(file.string());
-        }
-    }
-    return files;
-}
-
-std::string TextOf(const Value& value) {
-    struct Writer {
-        std::string operator()(std::monostate) const { return ""; }
-        std::string operator()(const std::string& text) const { return text; }
-        std::string operator()(std::int64_t number) const { return std::to_string(number); }
-        std::string operator()(bool isTrue) const { return isTrue ? "true" : "false"; }
-        std::string operator()(double number) const {
-            std::array<char, kShortestNumberSize> digits{};
-            return {digits.data(), WritePlain(digits.data(), number)};
-        }
-    };
-    return std::visit(Writer(), value);
 }
 
 }  // namespace app

@@ -5,6 +5,7 @@
 #include "app/feature/Feature.h"
 #include "app/feature/LayerFacts.h"
 #include "app/map/LayerSystems.h"
+#include "app/query/Question.h"
 
 #include <cstddef>
 #include <optional>
@@ -14,14 +15,15 @@
 namespace app {
 
 struct MapInput {
-    std::vector<std::string> paths;  // files, and folders for the files in them; the top one last
+    std::vector<std::string> paths;  // the top one last
     std::string crs;                 // of the map: a definition; empty: that of the first layer
     std::string assumedCrs;          // of MIF files, whatever their headers say; empty: their own
     std::string encoding;            // of the texts of MIF files; empty: by their headers
     bool asIs = false;
     std::string modulePath;
     std::vector<std::string> labels;  // "COLUMN" or "LAYER:COLUMN"
-    bool needsValues = false;         // else the features have theirs only where labels need them
+    std::string where;                // objects to draw, in SQL; empty: all
+    bool needsValues = false;         // else features may come without theirs
     bool leavesOutUnplaced = false;  // the caller shows no layer without a place beside one with it
 };
 
@@ -50,15 +52,13 @@ class MapReader {
 public:
     // `target` is the map's system, null to leave it to the first layer that has one. Unless the
     // user named it (`input.crs`), layers that all have no place on the Earth are no fault. Throws
-    // Failure for an input that does not exist; UsageError for one of an unknown format.
+    // UsageError for an input of an unknown format.
     MapReader(const MapInput& input, SystemPtr target);
 
-    // The files, in their order; a folder has become those in it.
-    const std::vector<std::string>& Files() const { return files_; }
-
     // Hands over everything. Layers that have no place in the map's system are handed over with
-    // their coordinates unchanged, with a warning when others have one. Throws Failure, also for a
-    // label's column that no layer has.
+    // their coordinates unchanged, with a warning when others have one, and those that lack a
+    // column of the question whole, with a note. Throws Failure, also for a column of a label or of
+    // the question that no layer has.
     void Read(MapSink& sink, Reporter& reporter);
 
     // After Read: the map's system.
@@ -77,21 +77,18 @@ private:
     void ReadFile(const std::string& file, MapSink& sink, Reporter& reporter);
     MapLayer LayerOf(const LayerFacts& facts);
     void CheckLabels() const;
+    std::optional<Question> QuestionTo(const LayerFacts& facts, const std::string& subject);
+    void CheckQuestion(Reporter& reporter) const;
 
     const MapInput& input_;
-    std::vector<std::string> files_;
     LayerSystems systems_;
     bool isAnyPlaced_;
     std::vector<Unplaced> unplaced_;
     std::vector<bool> isLabelFound_;       // by the labels of the input
     std::vector<std::string> labelNames_;  // that there are, for a message
+    bool isAnswered_ = false;              // whether any layer has the columns of the question
+    std::string questionProblem_;          // of the last layer that lacks one
+    std::vector<std::string> whole_;       // the layers that lack one
 };
-
-// The files of an input: a folder means those in it and below, sorted, that have an extension
-// of a format; .json files, which hold all sorts of things, must be named. Throws Failure.
-std::vector<std::string> FilesOf(const std::vector<std::string>& paths);
-
-// A value as people read it; empty for null.
-std::string TextOf(const Value& value);
 
 }  // namespace app

@@ -109,7 +109,7 @@ int RunPage(const PageOptions& options, Reporter& reporter) {
     input.leavesOutUnplaced = true;
     MapReader reader(input, std::make_shared<const CoordinateSystem>(Wgs84System()));
     if (options.output != "-") {
-        for (const std::string& file : reader.Files()) {
+        for (const std::string& file : options.map.paths) {
             CheckNotInput(PathFromArgument(file), PathFromArgument(options.output));
         }
         CheckOutput(PathFromArgument(options.output), options.ifExists);
