@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <functional>
 #include <limits>
@@ -151,8 +153,7 @@ public:
 private:
     void Check() {
         if (!stream_) {
-            throw Failure(PathText(path_.filename()) +
-                          ": can't be written; is there space on the disk?");
+            throw Failure(PathText(path_.filename()) + ": can't write: " + std::strerror(errno));
         }
     }
 

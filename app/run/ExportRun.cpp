@@ -2,7 +2,11 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "host/zeio/Errors.h"
 #include "standalone/Text.h"
+
+#include <cerrno>
+#include <cstring>
 
 namespace app {
 namespace {
@@ -48,9 +52,14 @@ struct ExportRun::Parts {
 };
 
 void ExportRun::Parts::Rethrow(const shr::IError& error) const {
+    const int systemError = errno;
     if (observer != nullptr) {
         observer->Thrown(error,
                          [this](const std::wstring& text) { return pair.WithFinalPath(text); });
+    }
+    // The module has no words for why.
+    if (systemError != 0 && dynamic_cast<const zeio::FileWriteError*>(&error) != nullptr) {
+        throw Failure(PathText(settings.path) + ": can't write: " + std::strerror(systemError));
     }
     const std::string text = standalone::Narrow(pair.WithFinalPath(error.Message()));
     const std::string name = PathText(settings.path.filename());
@@ -101,6 +110,7 @@ void ExportRun::SendColumns(const std::vector<std::wstring>& names) {
 }
 
 zeio::ExportStatus ExportRun::Send(zeio::TrBase& object) {
+    errno = 0;
     try {
         return parts_->filter->ExportObject(object);
     } catch (const shr::IError& error) {
@@ -110,6 +120,7 @@ zeio::ExportStatus ExportRun::Send(zeio::TrBase& object) {
 
 bool ExportRun::Finish() {
     zeio::ExportStatus status = zeio::ExportStatus::NothingWritten;
+    errno = 0;
     try {
         status = parts_->filter->EndExport();
     } catch (const shr::IError& error) {

@@ -86,6 +86,8 @@ private:
         void operator()(sqlite3* handle) const;
     };
 
+    std::string Reason() const;
+
     std::string subject_;
     Mode mode_;
     std::unique_ptr<sqlite3, CloseHandle> handle_;  // null once closed
