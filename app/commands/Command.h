@@ -17,6 +17,8 @@ class App;
 
 namespace app {
 
+struct StatsOptions;
+
 // What a subcommand shares with main(). Parsing opens no file: it only sets `run`.
 struct CommandContext {
     explicit CommandContext(const Reporter& stderrReporter) : reporter(stderrReporter) {}
@@ -36,6 +38,9 @@ struct CommandContext {
     std::function<SystemPtr(const std::string& option, const std::string& definition, Reporter&)>
         systemOfOption;
 
+    // Runs qolf info --stats (app/stats/StatsRun.h). Loads the command library; throws Failure when
+    // there is none. Empty where there are no formats but MIF.
+    std::function<int(const StatsOptions&, Reporter&)> runStats;
     // What --max-size allows.
     ArchiveLimits archiveLimits;
 

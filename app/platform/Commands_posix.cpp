@@ -47,6 +47,9 @@ void AddCommands(CLI::App& program, CommandContext& context, const std::string& 
                                 Reporter& reporter) {
         return LoadCommandLibrary().systemOfOption(option, definition, reporter);
     };
+    context.runStats = [](const StatsOptions& options, Reporter& reporter) {
+        return LoadCommandLibrary().runStats(options, reporter);
+    };
     std::span<const CommandEntry> commands = Commands();
     if (IsForLibrary(wanted, arguments)) {
         const CommandLibrary& library = LoadCommandLibrary();
