@@ -15,7 +15,8 @@ namespace {
     for (const LayerColumn& column : columns) {
         names.append(names.empty() ? "" : ", ").append(column.name);
     }
-    throw Failure(subject + ": there is no column \"" + wanted + "\"; the columns are: " + names);
+    throw UsageError(subject + ": there is no column \"" + wanted +
+                     "\"; the columns are: " + names);
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ public:
     explicit FeatureFilter(FilterSettings settings) : settings_(std::move(settings)) {}
 
     // Returns those of a layer's columns that are selected, and remembers their places. Throws
-    // Failure, with `subject` and the names there are, for a selected column that the layer lacks.
+    // UsageError, with `subject` and the names there are, for a selected column that the layer lacks.
     std::vector<LayerColumn> SelectColumns(const std::vector<LayerColumn>& columns,
                                            const std::string& subject);
 

@@ -135,7 +135,7 @@ void MapReader::CheckLabels() const {
     for (const std::string& name : labelNames_) {
         names += (names.empty() ? "" : ", ") + name;
     }
-    throw Failure("--label " +
+    throw UsageError("--label " +
                   input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
                   ": no layer has such a column; the columns are: " + names);
 }

@@ -52,7 +52,8 @@ public:
     const std::vector<std::string>& Files() const { return files_; }
 
     // Hands over everything. Layers that have no place in the map's system are handed over as they
-    // stand, with a warning. Throws Failure, also for a label's column that no layer has.
+    // stand, with a warning. Throws Failure; UsageError for a
+    // label's column that no layer has.
     void Read(MapSink& sink, Reporter& reporter);
 
     // After Read: the map's system.

@@ -348,6 +348,8 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
             if (!facts.problem.empty()) {
                 reporter.Warning(PathText(facts.path) + ": " + facts.problem);
             }
+        } catch (const UsageError&) {
+            throw;  // every file would say the same
         } catch (const Failure& failure) {
             if (options.json) {
                 write(ErrorJson(path, failure.what()));

@@ -4,12 +4,24 @@
 #include "app/base/Paths.h"
 #include "standalone/Text.h"
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+
 namespace app {
 namespace {
 
 // Bits of the filter's answer.
 constexpr std::uint32_t kRendersText = 0x1;
 constexpr std::uint32_t kRendersMarkers = 0x2;
+
+// The filter only says that it can't write.
+std::string ReasonOf(int errorNumber) {
+    constexpr std::array kReasons{ENOSPC, EFBIG, EIO};
+    const bool isKnown = std::ranges::find(kReasons, errorNumber) != kReasons.end();
+    return isKnown ? std::string(": ") + std::strerror(errorNumber) : "";
+}
 
 class ExportHost : public ReportingHost {
 public:
@@ -34,8 +46,9 @@ struct ExportRun::Parts {
           manager(observer != nullptr ? static_cast<zeio::IoHost&>(*observer) : ownHost),
           filter(module.NewExportFilter(manager)) {}
 
-    // Passes the filter's error to the observer, and throws it as a Failure with the user's path.
-    [[noreturn]] void Rethrow(const shr::IError& error) const;
+    // Passes the filter's error to the observer, and throws it as a Failure with the user's path
+    // and the system's reason, where `errorNumber` is one for a failed write.
+    [[noreturn]] void Rethrow(const shr::IError& error, int errorNumber) const;
 
     ExportSettings settings;
     OutputPair pair;
@@ -47,12 +60,13 @@ struct ExportRun::Parts {
     ExportFilterPtr filter;
 };
 
-void ExportRun::Parts::Rethrow(const shr::IError& error) const {
+void ExportRun::Parts::Rethrow(const shr::IError& error, int errorNumber) const {
     if (observer != nullptr) {
         observer->Thrown(error,
                          [this](const std::wstring& text) { return pair.WithFinalPath(text); });
     }
-    const std::string text = standalone::Narrow(pair.WithFinalPath(error.Message()));
+    const std::string text =
+        standalone::Narrow(pair.WithFinalPath(error.Message())) + ReasonOf(errorNumber);
     const std::string name = PathText(settings.path.filename());
     throw Failure(text.find(name) == std::string::npos ? PathText(settings.path) + ": " + text
                                                        : text);
@@ -60,13 +74,14 @@ void ExportRun::Parts::Rethrow(const shr::IError& error) const {
 
 ExportRun::ExportRun(const ExportSettings& settings, Reporter& reporter, ObservingHost* observer)
     : parts_(std::make_unique<Parts>(settings, reporter, observer)) {
+    errno = 0;
     try {
         if (settings.optionString) {
             parts_->filter->SetOptionsFromString(standalone::Widen(*settings.optionString));
         }
         beginStatus_ = parts_->filter->BeginExport(WidePath(parts_->pair.WorkPath()));
     } catch (const shr::IError& error) {
-        parts_->Rethrow(error);
+        parts_->Rethrow(error, errno);
     }
 }
 
@@ -101,19 +116,21 @@ void ExportRun::SendColumns(const std::vector<std::wstring>& names) {
 }
 
 zeio::ExportStatus ExportRun::Send(zeio::TrBase& object) {
+    errno = 0;
     try {
         return parts_->filter->ExportObject(object);
     } catch (const shr::IError& error) {
-        parts_->Rethrow(error);
+        parts_->Rethrow(error, errno);
     }
 }
 
 bool ExportRun::Finish() {
     zeio::ExportStatus status = zeio::ExportStatus::NothingWritten;
+    errno = 0;
     try {
         status = parts_->filter->EndExport();
     } catch (const shr::IError& error) {
-        parts_->Rethrow(error);
+        parts_->Rethrow(error, errno);
     }
     if (status == zeio::ExportStatus::NothingWritten) {
         return false;

@@ -4,6 +4,9 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
+#include <cstring>
+
 namespace app {
 namespace {
 
@@ -156,6 +159,9 @@ void SqliteDatabase::Close() {
 
 void SqliteDatabase::Fail() const {
     const char* reason = handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(SQLITE_NOMEM);
+    if (handle_ && sqlite3_errcode(handle_.get()) == SQLITE_FULL) {
+        reason = std::strerror(ENOSPC);  // as of every other output
+    }
     throw Failure(subject_ + (mode_ == Mode::Create ? ": can't write: " : ": can't read: ") +
                   reason);
 }
