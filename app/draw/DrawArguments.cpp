@@ -59,10 +59,10 @@ PictureFormat FormatFor(const DrawArguments& arguments, const std::string& outpu
         return *format;
     }
     if (isNamed) {
-        throw UsageError("--format must be svg, png or pdf; found '" + arguments.format + "'");
+        throw UsageError("--to must be svg, png or pdf; found '" + arguments.format + "'");
     }
     if (output == "-") {
-        throw UsageError("a picture for standard output needs --format svg, png or pdf");
+        throw UsageError("a picture for standard output needs --to svg, png or pdf");
     }
     throw UsageError("'" + output + "': the picture comes last and ends in .svg, .png or .pdf");
 }

@@ -108,6 +108,8 @@ std::optional<Question> MapReader::QuestionTo(const LayerFacts& facts, const std
         Question question(input_.where, facts.columns, subject);
         isAnswered_ = true;
         return question;
+    } catch (const UsageError&) {
+        throw;  // no layer could answer it
     } catch (const Failure& failure) {
         questionProblem_ = failure.what();
         whole_.push_back(subject);
@@ -117,7 +119,7 @@ std::optional<Question> MapReader::QuestionTo(const LayerFacts& facts, const std
 
 void MapReader::CheckQuestion(Reporter& reporter) const {
     if (!whole_.empty() && !isAnswered_) {
-        throw Failure(questionProblem_);
+        throw UsageError(questionProblem_);
     }
     for (const std::string& layer : whole_) {
         reporter.Note(layer + ": lacks a column of --where; drawn whole");
@@ -149,7 +151,7 @@ void MapReader::CheckLabels() const {
     for (const std::string& name : labelNames_) {
         names += (names.empty() ? "" : ", ") + name;
     }
-    throw Failure("--label " +
+    throw UsageError("--label " +
                   input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
                   ": no layer has such a column; the columns are: " + names);
 }

@@ -22,10 +22,10 @@ std::size_t Source::LayerNamed(const std::string& name) const {
     for (const std::string& layer : layers) {
         names += (names.empty() ? "" : ", ") + layer;
     }
-    throw Failure(name_ + ": " +
-                  (name.empty() ? "holds several layers; choose one with --layer: "
-                                : "holds no layer " + name + "; it has: ") +
-                  names);
+    throw UsageError(name_ + ": " +
+                     (name.empty() ? "holds several layers; choose one with --layer: "
+                                   : "holds no layer " + name + "; it has: ") +
+                     names);
 }
 
 }  // namespace app
