@@ -182,7 +182,8 @@ void MifSource::Read(Reporter& reporter, const FeatureSink& sink) {
 }
 
 void MifSource::ReadJoined(Reporter& reporter, const FeatureSink& sink) {
-    const bool hasRows = !reading_->Pair().mid.empty() && !header_.columns.empty();
+    const bool hasRows =
+        !options_.withoutValues && !reading_->Pair().mid.empty() && !header_.columns.empty();
     const InputFile mid = hasRows ? OpenInput(reading_->Pair().mid) : nullptr;
     if (hasRows && mid == nullptr) {
         throw Failure(PathText(reading_->Pair().mid) + ": can't be opened");
