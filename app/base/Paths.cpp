@@ -1,5 +1,6 @@
 #include "app/base/Paths.h"
 
+#include "app/base/ShownPlace.h"
 #include "app/base/Utf8.h"
 #include "host/platform/Stdio.h"
 #include "standalone/Text.h"
@@ -41,8 +42,16 @@ std::wstring WidePath(const std::filesystem::path& path) {
     }
 }
 
+std::string ArgumentOfPath(const std::filesystem::path& path) {
+    if constexpr (kWidePaths) {
+        return standalone::Narrow(path.wstring());
+    } else {
+        return path.string();
+    }
+}
+
 std::string PathText(const std::filesystem::path& path) {
-    return standalone::Narrow(WidePath(path));
+    return WithShownPlaces(standalone::Narrow(WidePath(path)));
 }
 
 std::string SafeFileName(const std::string& utf8) {

@@ -19,7 +19,7 @@ namespace {
 // The layers of a package that become a file each; none for an input that becomes one file.
 std::vector<std::string> LayersOf(const ConvertOptions& options, const SourceOptions& sourceOptions,
                                   const std::filesystem::path& input) {
-    const std::string argument = input.string();
+    const std::string argument = ArgumentOfPath(input);
     const Format& format = FormatOfPath(argument);
     if (!format.holds.layers) {
         return {};
