@@ -4,6 +4,7 @@
 #include "app/base/Paths.h"
 #include "app/base/Reporter.h"
 #include "app/base/Utf8.h"
+#include "app/check/FindingsOfClause.h"
 #include "app/check/GatheredFindings.h"
 #include "app/check/PairCheck.h"
 #include "app/check/RepairMif.h"
@@ -60,7 +61,7 @@ public:
             text += "object " + std::to_string(finding.object) + ": ";
         }
         text += Printable(finding.message) + "\n    " + finding.advice + "\n";
-        if (finding.code->isCaredFor && !asIs_) {
+        if (finding.isCaredFor && !asIs_) {
             text += "    qolf itself reads it as it was meant; it matters for other programs "
                     "only.\n";
         }
@@ -96,7 +97,7 @@ public:
         AppendMember(json, "object", finding.object);
         AppendMember(json, "count", finding.count);
         json += std::string(", \"otherProgramsOnly\": ") +
-                (finding.code->isCaredFor && !asIs_ ? "true" : "false");
+                (finding.isCaredFor && !asIs_ ? "true" : "false");
         AppendMember(json, "message", finding.message);
         AppendMember(json, "advice", finding.advice);
         out_.Write(json + "}");
@@ -144,10 +145,15 @@ FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& o
     Reporter silent(stderr, false, false);
     silent.SetVerbosity(Verbosity::Quiet);
     SetCodePageFor(header, options.encoding, /*areLettersUtf8=*/false, PathText(file), silent);
-    DecodedFindings decoded(sink, AreLettersBelieved(header, options.encoding));
-    const PairCheckOptions pairOptions{.maxPerCode = options.maxPerCode,
-                                       .tabRewriting = TabRewriting::Off,
-                                       .charset = CharsetOf(options.encoding)};
+    FindingsOfClause ofClause(sink, header, options.assumedSystem);
+    DecodedFindings decoded(options.asIs ? sink : ofClause,
+                            AreLettersBelieved(header, options.encoding));
+    PairCheckOptions pairOptions{.maxPerCode = options.maxPerCode,
+                                 .tabRewriting = TabRewriting::Off,
+                                 .charset = CharsetOf(options.encoding)};
+    if (options.assumedSystem != nullptr) {
+        pairOptions.possible = PossibleCoordinates(*options.assumedSystem);
+    }
     CheckedPair pair;
     if (options.maxPerCode == 0) {
         pair = CheckPair(file, pairOptions, decoded);

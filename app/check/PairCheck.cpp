@@ -114,6 +114,9 @@ void PairChecker::CheckMif(ByteSource& input) {
     }
     pair_.isReadable = true;
     PassHeader(lines, report_, options_.tabRewriting, pair_.header);
+    if (options_.possible) {
+        pair_.header.possible = options_.possible;
+    }
     if (pair_.header.hasData) {
         ShapeCheck shapes(pair_.header, report_);
         pair_.objects = ObjectPass(lines, report_, shapes, object).Run();

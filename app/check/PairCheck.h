@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace app {
@@ -17,6 +18,7 @@ struct PairCheckOptions {
     TabRewriting tabRewriting = TabRewriting::Off;
     std::string charset =
         {};  // in place of the header's, by its name in headers; empty: the header's
+    std::optional<shr::Box2d> possible = {};  // coordinates; absent: those of the declared system
 };
 
 // What there is in a pair.

@@ -15,6 +15,10 @@ namespace app {
 // Note: nothing is wrong, but worth knowing.
 enum class Severity { Error, Warning, Note };
 
+// Whether convert, draw and info read such files as they were meant. WithClause: when they
+// understand the whole CoordSys clause without a warning.
+enum class ReadByCommand { No, Yes, WithClause };
+
 enum class FindingCode {
     // Files
     FileUnreadable,
@@ -132,8 +136,8 @@ struct FindingInfo {
     const char* id;    // "MIF-H004"
     const char* name;  // "header-line-skipped"
     Severity severity;
-    bool isFixable;   // --fix repairs it, at least in the cases that have one right repair
-    bool isCaredFor;  // convert, draw and info read such files as they were meant
+    bool isFixable;  // --fix repairs it, at least in the cases that have one right repair
+    ReadByCommand readBy;
     const char* meaning;
     const char* advice;
 };
