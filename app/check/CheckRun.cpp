@@ -145,12 +145,17 @@ FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& o
     Reporter silent(stderr, false, false);
     silent.SetVerbosity(Verbosity::Quiet);
     SetCodePageFor(header, options.encoding, /*areLettersUtf8=*/false, PathText(file), silent);
-    FindingsOfClause ofClause(sink, header, options.assumedSystem);
+    std::vector<ClauseFault> faults;
+    if (options.assumedSystem == nullptr && !options.asIs) {
+        faults = FaultsOfClause(header.coordSysText);
+    }
+    FindingsOfClause ofClause(sink, faults);
     DecodedFindings decoded(options.asIs ? sink : ofClause,
                             AreLettersBelieved(header, options.encoding));
     PairCheckOptions pairOptions{.maxPerCode = options.maxPerCode,
                                  .tabRewriting = TabRewriting::Off,
-                                 .charset = CharsetOf(options.encoding)};
+                                 .charset = CharsetOf(options.encoding),
+                                 .faultsOfClause = faults};
     if (options.assumedSystem != nullptr) {
         pairOptions.possible = PossibleCoordinates(*options.assumedSystem);
     }

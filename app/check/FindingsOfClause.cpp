@@ -1,24 +1,13 @@
 #include "app/check/FindingsOfClause.h"
 
-#include "app/crs/ReadClause.h"
+#include <algorithm>
+#include <string>
 
 namespace app {
 
-FindingsOfClause::FindingsOfClause(FindingSink& sink, const MifHeader& header,
-                                   const SystemPtr& assumed)
-    : sink_(sink) {
-    if (assumed != nullptr) {
-        return;
-    }
-    const CoordinateSystem system = ReadClause(header.coordSysText);
-    isUnderstood_ = system.IsOnEarth() && system.warnings.empty();
-    if (!system.problem.empty()) {
-        reading_ = " For qolf itself, " + system.problem + "; --assume-crs names another system.";
-    }
-    for (const std::string& warning : system.warnings) {
-        reading_ += " For qolf itself, " + warning + ".";
-    }
-}
+FindingsOfClause::FindingsOfClause(FindingSink& sink, const std::vector<ClauseFault>& faults)
+    : sink_(sink), faults_(faults),
+      hasSystem_(std::ranges::none_of(faults, &ClauseFault::isProblem)) {}
 
 void FindingsOfClause::Add(const Finding& finding) {
     if (finding.code->readBy != ReadByCommand::WithClause) {
@@ -26,8 +15,19 @@ void FindingsOfClause::Add(const Finding& finding) {
         return;
     }
     Finding ofClause = finding;
-    ofClause.isCaredFor = isUnderstood_;
-    ofClause.advice += reading_;
+    ofClause.isCaredFor = hasSystem_;
+    for (const ClauseFault& fault : faults_) {
+        if (fault.code != finding.code->code) {
+            continue;
+        }
+        ofClause.isCaredFor = false;
+        if (fault.text != finding.message) {
+            ofClause.advice += " For qolf itself, " + fault.text + ".";
+        }
+        if (fault.isProblem) {
+            ofClause.advice += " qolf itself reads the coordinates with --assume-crs.";
+        }
+    }
     sink_.Add(ofClause);
 }
 

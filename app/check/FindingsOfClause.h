@@ -2,25 +2,28 @@
 #pragma once
 
 #include "app/crs/CoordinateSystem.h"
+#include "app/crs/ReadClause.h"
 #include "app/mif/Finding.h"
-#include "app/mif/MifHeader.h"
+
+#include <vector>
 
 namespace app {
 
-// Passes findings on. One on the clause (ReadByCommand::WithClause) is cared for when the clause is
-// understood without a warning, or a system is assumed in its place; else its advice goes on with
-// what is taken instead.
+// Passes findings on. One on the clause (ReadByCommand::WithClause) matters for other programs only
+// when nothing is wrong with its part of the clause for this program; else its advice goes on with
+// what is taken instead. A clause without a system leaves none of its findings to others only.
 class FindingsOfClause : public FindingSink {
 public:
-    // `assumed` is null where the clause counts. The sink must outlive this one.
-    FindingsOfClause(FindingSink& sink, const MifHeader& header, const SystemPtr& assumed);
+    // `faults` are those of the clause, empty where another system is assumed. Both must outlive
+    // this object.
+    FindingsOfClause(FindingSink& sink, const std::vector<ClauseFault>& faults);
 
     void Add(const Finding& finding) override;
 
 private:
     FindingSink& sink_;
-    bool isUnderstood_ = true;
-    std::string reading_;  // what is taken instead; sentences, or empty
+    const std::vector<ClauseFault>& faults_;
+    bool hasSystem_;
 };
 
 // What coordinates in the system can be.

@@ -1,6 +1,7 @@
 // Checks a .mif file and its .mid file.
 #pragma once
 
+#include "app/crs/ReadClause.h"
 #include "app/mif/FindingCounter.h"
 #include "app/mif/HeaderPass.h"
 #include "app/mif/MifHeader.h"
@@ -10,6 +11,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace app {
 
@@ -19,6 +21,9 @@ struct PairCheckOptions {
     std::string charset =
         {};  // in place of the header's, by its name in headers; empty: the header's
     std::optional<shr::Box2d> possible = {};  // coordinates; absent: those of the declared system
+    // What is wrong with the clause for this program; those that no finding is about become
+    // findings.
+    std::vector<ClauseFault> faultsOfClause = {};
 };
 
 // What there is in a pair.

@@ -162,6 +162,12 @@ constexpr std::array kCodes = {
     FindingInfo{FindingCode::LineLost, "MIF-C019", "line-lost", W, kFix, kRead,
              "The reader looks for more of the CoordSys clause in the next header line and loses that line: a Columns line with all names of the columns, or the Data line, without which the import stops. This happens when nothing follows Earth, and when an Albers clause has no azimuth and nothing behind its parameters. The other subcommands take care of it, as long as --as-is is not given.",
              "Put an empty line after the clause for other programs that use the reader; --fix does."},
+    FindingInfo{FindingCode::UnitMissing, "MIF-C020", "unit-missing", W, kNoFix, kByClause,
+             "The clause has no unit where it should be. The reader takes the next number for it.",
+             "Write the unit behind the datum, for example \"m\"."},
+    FindingInfo{FindingCode::ParameterOutOfRange, "MIF-C021", "parameter-out-of-range", W, kNoFix, kByClause,
+             "A number of the clause is missing or out of range, so that there is no such coordinate system. The reader does not notice.",
+             "Correct the clause."},
 
     FindingInfo{FindingCode::ObjectUnknown, "MIF-O001", "object-unknown", E, kNoFix, kNotRead,
              "A line begins with a word that is no object; the import stops there. The check goes on at the next object.",
@@ -382,10 +388,9 @@ std::string FindingsAsMarkdown() {
         "\"The reader\" is the import filter of the host application, and `--as-is`. \"qolf\" "
         "stands "
         "at those that `qolf convert`, `draw` and `info` read as they were meant: they matter for "
-        "other programs only. \"qolf, by the clause\" stands at those that are read so when the "
-        "whole "
-        "CoordSys clause is understood; where it is not, the finding says what is taken "
-        "instead.\n\n"
+        "other programs only. \"qolf, by the clause\" stands at those that are read so when this "
+        "part of the CoordSys clause is understood; where it is not, the finding says what is "
+        "taken instead.\n\n"
         "`--fix` stands at those that `qolf check --fix OUT.mif` repairs, at least in the cases "
         "that have one right repair.\n\n"
         "This page is printed by `qolf check --codes`.\n\n"

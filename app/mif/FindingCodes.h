@@ -16,7 +16,7 @@ namespace app {
 enum class Severity { Error, Warning, Note };
 
 // Whether convert, draw and info read such files as they were meant. WithClause: when they
-// understand the whole CoordSys clause without a warning.
+// understand this part of the CoordSys clause without a warning.
 enum class ReadByCommand { No, Yes, WithClause };
 
 enum class FindingCode {
@@ -71,6 +71,8 @@ enum class FindingCode {
     DataSwallowed,
     BlankInIgnoredBounds,
     LineLost,
+    UnitMissing,
+    ParameterOutOfRange,
     // Objects
     ObjectUnknown,
     CountMismatch,

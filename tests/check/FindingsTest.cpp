@@ -187,8 +187,9 @@ TEST(TheBrokenFiles, AreAllInTheTable) {
 }
 
 TEST(TheBrokenFiles, HaveEveryFindingButThoseOfTestsOfTheirOwn) {
-    std::set<std::string> found = {"file-unreadable", "line-too-long",  "header-too-long",
-                                   "ring-not-tested", "module-warning", "module-error"};
+    std::set<std::string> found = {"file-unreadable", "line-too-long",         "header-too-long",
+                                   "ring-not-tested", "module-warning",        "module-error",
+                                   "unit-missing",    "parameter-out-of-range"};
     for (const FindingRow& row : Rows()) {
         for (const std::string& finding : row.findings) {
             const std::size_t first = finding.starts_with("mid:") ? 4 : 0;

@@ -213,6 +213,14 @@ TEST(AClauseOfAPlane, HasItsUnit) {
     EXPECT_EQ(app::ReadClause("").kind, app::SystemKind::Plane);
 }
 
+TEST(AClauseOfAPlane, WarnsOfAKindThatIsNotKnown) {
+    EXPECT_THAT(app::ReadClause("Layout Units \"cm\"").warnings, IsEmpty());
+    EXPECT_THAT(app::ReadClause("").warnings, IsEmpty());
+    EXPECT_THAT(app::ReadClause("Somewhere Units \"m\"").warnings,
+                ElementsAre("the CoordSys clause names no kind of system that is known; the "
+                            "coordinates are taken as plain numbers"));
+}
+
 // The register's system for the same maps has rounded parallels, 43 mm away.
 TEST(TheBelgianCone, TurnsCoordinatesLikeTheSystemThatHasTheTurnInItsMeridian) {
     const Place place = Moved(
