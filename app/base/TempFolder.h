@@ -15,7 +15,7 @@ inline constexpr const char* kPrivateFolderPrefix = ".qolf-";
 // interrupt, a hang-up or a request to terminate ends the program.
 class TempFolder {
 public:
-    // Makes the folder below `parent`; an empty `parent` stands for the system's folder of
+    // Makes the folder below `parent`; an empty `parent` means the system's folder of
     // temporary files. Throws Failure.
     explicit TempFolder(const std::filesystem::path& parent = {});
     ~TempFolder();

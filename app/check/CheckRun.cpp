@@ -262,7 +262,7 @@ CheckOptions CheckedCheckOptions(const CheckArguments& arguments) {
     for (const std::string& file : arguments.files) {
         if (file == "-") {
             throw UsageError(
-                "a MIF file can't come from standard input: its .mid stands beside it");
+                "a MIF file can't come from standard input: its .mid is a file beside it");
         }
         options.files.push_back(PathFromArgument(file));
     }

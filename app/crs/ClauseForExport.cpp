@@ -318,7 +318,7 @@ constexpr MethodRow kMethods[] = {
 
 constexpr int kPseudoMercatorMethod = 1024;
 
-// The projection that stands for all that do the same with other parameters or another name.
+// The projection that is written for all that do the same with other parameters or another name.
 std::int64_t FamilyOf(std::int64_t projection) {
     switch (projection) {
     case 4:

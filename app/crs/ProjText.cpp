@@ -178,7 +178,7 @@ std::string PrimeMeridianText(const gcs::DatumParameters& datum) {
     return text;
 }
 
-// A sphere without a shift stands for the ellipsoid: latitudes are taken over as they are.
+// A sphere without a shift replaces the ellipsoid: latitudes are taken over as they are.
 bool KeepsLatitudes(const gcs::DatumParameters& datum) {
     return datum.kind == DatumMethod::None || datum.kind == DatumMethod::Unknown;
 }

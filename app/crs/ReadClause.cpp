@@ -72,7 +72,7 @@ private:
     std::vector<ClauseFault> faults_;
 };
 
-// A minus that stands alone belongs to the number behind it.
+// A minus between blanks belongs to the number behind it.
 bool Reader::AtNumber() const {
     if (AtEnd()) {
         return false;

@@ -23,7 +23,7 @@ std::optional<double> NumberIn(std::string_view text) {
     return value;
 }
 
-// The numbers between the commas; nothing when one of them is none.
+// The numbers between the commas; empty when a part is no number.
 std::vector<double> NumbersIn(std::string_view text) {
     std::vector<double> numbers;
     for (std::size_t begin = 0; begin <= text.size();) {

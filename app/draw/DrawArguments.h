@@ -9,7 +9,7 @@
 
 namespace app {
 
-// The options as they stand on the command line.
+// The options as given on the command line.
 struct DrawArguments {
     std::vector<std::string> files;  // the inputs, then the output
     std::string format;              // empty: by the output's extension

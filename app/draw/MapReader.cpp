@@ -68,7 +68,7 @@ void MapReader::Read(MapSink& sink, Reporter& reporter) {
     }
     CheckLabels();
     for (const std::string& layer : isAnyPlaced_ ? unplaced_ : std::vector<std::string>()) {
-        reporter.Warning(layer + "; drawn as it stands");
+        reporter.Warning(layer + "; drawn unchanged");
     }
 }
 
@@ -91,7 +91,7 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
         LayerTransform transform = systems_.TransformFrom(facts.system, problem);
         isAnyPlaced_ = isAnyPlaced_ || problem.empty();
         if (facts.system != nullptr && !facts.system->problem.empty()) {
-            reporter.Warning(subject + ": " + facts.system->problem + "; drawn as it stands");
+            reporter.Warning(subject + ": " + facts.system->problem + "; drawn unchanged");
         } else if (!problem.empty()) {
             unplaced_.push_back(subject + ": " + problem);
         }

@@ -45,14 +45,15 @@ public:
 class MapReader {
 public:
     // `target` is the map's system, null to leave it to the first layer that has one. Throws
-    // Failure for an input of which there is none; UsageError for one of no known format.
+    // Failure for an input that does not exist; UsageError for one of an unknown format.
     MapReader(const MapInput& input, SystemPtr target);
 
     // The files, in their order; a folder has become those in it.
     const std::vector<std::string>& Files() const { return files_; }
 
-    // Hands over everything. Layers that have no place in the map's system are handed over as they
-    // stand, with a warning. Throws Failure, also for a label's column that no layer has.
+    // Hands over everything. Layers that have no place in the map's system are handed over with
+    // their coordinates unchanged, with a warning. Throws Failure, also for a label's column that
+    // no layer has.
     void Read(MapSink& sink, Reporter& reporter);
 
     // After Read: the map's system.
@@ -72,7 +73,7 @@ private:
     std::vector<std::string> labelNames_;  // that there are, for a message
 };
 
-// The files of an input: a folder stands for those in it and below, sorted, that have an extension
+// The files of an input: a folder means those in it and below, sorted, that have an extension
 // of a format; .json files, which hold all sorts of things, must be named. Throws Failure.
 std::vector<std::string> FilesOf(const std::vector<std::string>& paths);
 

@@ -44,7 +44,7 @@ public:
     // reporter, once for each call.
     virtual LayerFacts Begin(std::size_t layer, Reporter& reporter) = 0;
 
-    // Hands the features of the layer that was begun last to the sink, in their order. Values stand
+    // Hands the features of the layer that was begun last to the sink, in their order. Values come
     // in the order of the layer's columns. Progress and warnings go to the reporter. What the sink
     // throws passes unchanged.
     virtual void Read(Reporter& reporter, const FeatureSink& sink) = 0;

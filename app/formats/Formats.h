@@ -46,7 +46,7 @@ struct Format {
     // Throws UsageError for a name that a file of the format can't have.
     void (*checkTarget)(const std::string& argument) = nullptr;  // null: every name will do
 
-    // The extension of a file that stands beside each; who names that one as an input means both.
+    // The extension of the file beside each; who names that one as an input means both.
     std::string_view companion = {};  // none
     std::filesystem::path (*mainFile)(const std::filesystem::path& named) = nullptr;
 

@@ -25,7 +25,7 @@ struct FileFacts {
     bool areBoundsOfCoordSys = false;  // not on a line of their own
     std::string codePage;              // in which the texts were read
     bool hasMid = false;
-    std::string coordSysText;  // the clause as it stands in the file
+    std::string coordSysText;  // the clause as in the file
     std::string coordSysLine;  // the same on one line
     bool isCareTaken = false;  // the file is not what the module takes it for
     std::vector<Care> cares;

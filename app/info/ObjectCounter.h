@@ -30,7 +30,7 @@ struct ObjectCounts {
     }
 };
 
-// Counts what stands in the file.
+// Counts what is in the file.
 class ObjectCounter : public PassSink {
 public:
     void TakeHeader(const MifHeader& header) override { transform_ = header.transform; }

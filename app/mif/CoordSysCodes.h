@@ -57,7 +57,7 @@ ProjectionCode SplitProjectionCode(std::int64_t code);
 bool IsKnownDatum(std::int64_t code);
 bool IsKnownEllipsoid(std::int64_t code);
 
-// What a code stands for, in words; never empty.
+// What a code means, in words; never empty.
 std::string ProjectionInWords(std::int64_t code);
 
 // The code with exactly the same meaning that the module knows: n for 2000 + n, 8 for 34.

@@ -128,7 +128,7 @@ std::size_t Clause::CountBlankLinesBehind(std::size_t most) {
 }
 
 double Clause::TakeNumber() {
-    // A minus that stands alone belongs to the number behind it.
+    // A minus between blanks belongs to the number behind it.
     std::string text = Take();
     if (text == "-" && !AtEnd() && IsDecimalNumber(tokens_[next_].text)) {
         text += Take();
@@ -289,7 +289,7 @@ void Clause::CheckUnits(std::int64_t code) {
         return;
     }
     if (code == 1) {
-        return;  // degrees, whatever stands there
+        return;  // degrees, whatever the clause names
     }
     report_.Add(FindingCode::UnitIgnored, place_,
                 "the reader does not know the unit " + Quoted(token.text) +
@@ -369,7 +369,7 @@ void Clause::CheckBlanksInBounds(std::size_t first) {
     for (std::size_t i = first; i + 1 < tokens_.size(); ++i) {
         if (tokens_[i].text == "-" && IsDecimalNumber(tokens_[i + 1].text)) {
             report_.Add(FindingCode::BlankInIgnoredBounds, place_,
-                        "a blank stands between a minus sign and " +
+                        "a blank is between a minus sign and " +
                             std::string(tokens_[i + 1].text));
             report_.Change(FileOfPair::Mif, {.begin = tokens_[i].end,
                                              .end = tokens_[i + 1].begin,

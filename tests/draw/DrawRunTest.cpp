@@ -224,7 +224,7 @@ TEST_F(Draw, SaysWhichFileCannotBePlaced) {
     EXPECT_EQ(Run(Options({"plane.mif", "degrees.mif"})), 0);
 
     EXPECT_EQ(Messages(), "qolf: warning: " + (folder_.path() / "plane.mif").string() +
-                              ": has no coordinate system of the Earth; drawn as it stands\n");
+                              ": has no coordinate system of the Earth; drawn unchanged\n");
 }
 
 TEST_F(Draw, SaysWhatIsWrongWithANamedSystem) {

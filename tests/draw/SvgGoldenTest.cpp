@@ -107,7 +107,7 @@ TEST_F(SvgGolden, OfGeometryCutAtThePage) {
                  {Polygon({Square(50, 1e9)}, style), Line({{-1e9, 20}, {1e9, 20}}, style)});
 }
 
-// Boxes stand for the labels, whose letters are those of the system's fonts.
+// Boxes replace the labels, whose letters are those of the system's fonts.
 TEST_F(SvgGolden, OfLabelPlaces) {
     constexpr app::PageSize kPage{300, 200};
     constexpr app::LabelSize kLabel{40, 12};
