@@ -6,6 +6,7 @@
 #include "app/mif/Units.h"
 #include "app/mif/Words.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <optional>
@@ -29,6 +30,9 @@ public:
     explicit Reader(std::vector<MifToken> words) : words_(std::move(words)) {}
 
     CoordinateSystem Read();
+
+    // What the clause needs; complete behind Read.
+    std::optional<int> Version() const { return version_; }
 
     // What there was to warn of, and the problem; complete behind Read.
     std::vector<ClauseFault> TakeFaults() { return std::move(faults_); }
@@ -62,6 +66,7 @@ private:
     void ReadRange();
     void ReadAffine();
     void ReadTail(bool hasBoundsNumbers);
+    void Need(std::optional<int> version);
     void Note(std::string text) { notes_.push_back(std::move(text)); }
     void Warn(FindingCode code, std::string text) { faults_.push_back({code, std::move(text)}); }
 
@@ -70,6 +75,7 @@ private:
     Clause clause_;
     std::vector<std::string> notes_;
     std::vector<ClauseFault> faults_;
+    std::optional<int> version_ = 300;
 };
 
 // A minus between blanks belongs to the number behind it.
@@ -122,6 +128,10 @@ CoordinateSystem Reader::Read() {
     return system;
 }
 
+void Reader::Need(std::optional<int> version) {
+    version_ = version_ && version ? std::optional(std::max(*version_, *version)) : std::nullopt;
+}
+
 CoordinateSystem Reader::ReadSystem() {
     if (!At("Earth")) {
         return ReadPlane();
@@ -162,6 +172,7 @@ CoordinateSystem Reader::ReadEarth() {
     ++next_;
     const std::int64_t code = TakeInteger();
     const ProjectionCode split = SplitProjectionCode(code);
+    Need(split.projection != nullptr ? std::optional(split.projection->fromVersion) : std::nullopt);
     if (split.projection == nullptr) {
         return Problem(FindingCode::ProjectionUnknown, "projection code " + std::to_string(code) +
                                                            " is " + ProjectionInWords(code) +
@@ -208,9 +219,11 @@ void Reader::ReadDatum() {
     constexpr std::int64_t kCustomWithRotations = 9999;
     const std::int64_t code = TakeInteger();
     if (code == kCustomShifts || code == kCustomWithRotations) {
+        Need(kCustomDatumVersion);
         ReadCustomDatum(code == kCustomWithRotations);
         return;
     }
+    Need(VersionOfDatum(code));
     clause_.datum = DatumOfCode(code);
     if (clause_.datum.IsUnknown()) {
         Warn(FindingCode::DatumUnknown,
@@ -379,6 +392,7 @@ void Reader::ReadAffine() {
         *number = AtNumber() ? TakeNumber() : 0.0;
     }
     clause_.affine = affine;
+    Need(kAffineVersion);
     Note("the coordinates are those behind the clause's affine transformation");
 }
 
@@ -415,6 +429,12 @@ std::vector<MifToken> WordsOf(std::string_view clause) {
 
 CoordinateSystem ReadClause(std::string_view text) {
     return Reader(WordsOf(text)).Read();
+}
+
+std::optional<int> VersionOfClause(std::string_view text) {
+    Reader reader(WordsOf(text));
+    static_cast<void>(reader.Read());
+    return reader.Version();
 }
 
 std::vector<ClauseFault> FaultsOfClause(std::string_view text) {

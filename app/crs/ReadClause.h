@@ -4,6 +4,7 @@
 #include "app/crs/CoordinateSystem.h"
 #include "app/mif/FindingCodes.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,10 @@ namespace app {
 // count as 0. A clause that can't be understood is an unknown system with its problem; it never
 // throws.
 CoordinateSystem ReadClause(std::string_view text);
+
+// Returns the lowest version of the format that has all that the clause uses; nothing when it uses
+// codes whose version is not known.
+std::optional<int> VersionOfClause(std::string_view text);
 
 // What ReadClause could not take as it stands in a clause: the system's warnings and its problem.
 struct ClauseFault {

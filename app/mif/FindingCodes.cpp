@@ -240,6 +240,9 @@ constexpr std::array kCodes = {
     FindingInfo{FindingCode::NumbersOnNextLine, "MIF-O024", "numbers-on-next-line", E, kNoFix, kRead,
              "The coordinates of an object are on the line after its keyword. The reader takes them as 0, and the import stops at their line.",
              "Put them on the line of the keyword."},
+    FindingInfo{FindingCode::CollectionNested, "MIF-O025", "collection-nested", W, kNoFix, kRead,
+             "A Collection is a part of another Collection, which the format does not have. Its parts are taken for parts of the outer one.",
+             "Write one Collection with all parts."},
 
     FindingInfo{FindingCode::RingNotClosed, "MIF-G001", "ring-not-closed", W, kNoFix, kNotRead,
              "The last vertex of a ring is not the first one. The reader does not close it.",

@@ -98,6 +98,7 @@ enum class FindingCode {
     LastObjectLost,
     ClauseOnObjectLine,
     NumbersOnNextLine,
+    CollectionNested,
     // Geometry
     RingNotClosed,
     RingCrossesItself,

@@ -64,6 +64,7 @@ const std::vector<FindingRow>& Rows() {
         FindingRow{"clean-longitude-latitude", {}},
         FindingRow{"clean-none", {}},
         FindingRow{"clean-region", {}},
+        FindingRow{"collection-nested", {"collection-nested@10", "mid:collection-takes-rows@0"}},
         FindingRow{"collection-takes-rows", {"mid:collection-takes-rows@0"}},
         FindingRow{"columns-one-off", {"column-count@5"}},
         FindingRow{"columns-swallowed", {"line-swallowed@4"}},
