@@ -299,10 +299,8 @@ std::optional<double> Reader::UnitOf(const MifToken& word, FindingCode code) {
 }
 
 void Reader::ReadParameters() {
-    constexpr std::int64_t kAlbers = 9;
-    constexpr std::int64_t kMapGrid = 18;
     const Projection& projection = *clause_.projection;
-    if (projection.code == kMapGrid) {
+    if (projection.code == kNewZealandMapGrid) {
         ReadMapGrid();
         return;
     }

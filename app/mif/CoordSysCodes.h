@@ -38,6 +38,10 @@ struct Projection {
     bool Takes(ProjectionParameter parameter) const;
 };
 
+// The projections whose clauses have another layout in the module than in files.
+inline constexpr std::int64_t kAlbers = 9;
+inline constexpr std::int64_t kNewZealandMapGrid = 18;
+
 // Returns the row of a code between 1 and 999 whose layout is known; null for others.
 const Projection* KnownProjection(std::int64_t code);
 

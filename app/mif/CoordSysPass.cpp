@@ -314,7 +314,7 @@ void Clause::CheckParameters(const Projection& projection) {
         static_cast<void>(TakeNumber());
         ++taken;
     }
-    if (projection.code == 9 && taken == 6) {
+    if (projection.code == kAlbers && taken == 6) {
         report_.Add(FindingCode::AlbersDisplaced, place_,
                     "the reader expects an azimuth before the false easting and takes the "
                     "false easting for it");
@@ -336,7 +336,8 @@ void Clause::CheckRest(const Projection* projection) {
         static_cast<void>(TakeNumber());
         report_.Add(FindingCode::RangeIgnored, place_, "the reader ignores the range " + range);
     }
-    if (projection != nullptr && projection->code == 18 && !AtEnd() && !At("Bounds")) {
+    if (projection != nullptr && projection->code == kNewZealandMapGrid && !AtEnd() &&
+        !At("Bounds")) {
         report_.Add(FindingCode::NzmgDisplaced, place_,
                     "the reader takes the origin for the false easting and northing");
         return;
@@ -369,8 +370,7 @@ void Clause::CheckBlanksInBounds(std::size_t first) {
     for (std::size_t i = first; i + 1 < tokens_.size(); ++i) {
         if (tokens_[i].text == "-" && IsDecimalNumber(tokens_[i + 1].text)) {
             report_.Add(FindingCode::BlankInIgnoredBounds, place_,
-                        "a blank is between a minus sign and " +
-                            std::string(tokens_[i + 1].text));
+                        "a blank is between a minus sign and " + std::string(tokens_[i + 1].text));
             report_.Change(FileOfPair::Mif, {.begin = tokens_[i].end,
                                              .end = tokens_[i + 1].begin,
                                              .text = {},

@@ -165,9 +165,10 @@ TEST(ADatumForExport, OfNoTokenIsOnWgs84InsteadOfGrs80) {
 }
 
 TEST(ADatumForExport, ThatHasAKnownTokenWithTheSameNumbersSaysSo) {
-    EXPECT_EQ(ClauseOf("EPSG:3301").warnings,
-              std::vector<std::string>{"the datum of \"EST97\" has no code in MIF; \"GRS 80 / EUREF "
-                                       "89 (ETRS89)\" has the same numbers"});
+    EXPECT_EQ(
+        ClauseOf("EPSG:3301").warnings,
+        std::vector<std::string>{"the datum of \"EST97\" has no code in MIF; \"GRS 80 / EUREF "
+                                 "89 (ETRS89)\" has the same numbers"});
 }
 
 TEST(ADatumForExport, WithSeveralTokensSaysWhichIsTaken) {
