@@ -5,6 +5,7 @@
 
 #include "app/commands/Command.h"
 #include "app/crs/CrsIdentity.h"
+#include "app/stats/StatsRun.h"
 
 #include <span>
 
@@ -18,6 +19,7 @@ struct CommandLibrary {
     CrsIdentity (*identify)(const CoordinateSystem& system);
     SystemPtr (*systemOfOption)(const std::string& option, const std::string& definition,
                                 Reporter& reporter);
+    int (*runStats)(const StatsOptions& options, Reporter& reporter);
 };
 
 inline constexpr const char* kCommandLibraryFileName = "qolf-commands.so";

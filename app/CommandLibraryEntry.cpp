@@ -4,6 +4,6 @@
 
 extern "C" __attribute__((visibility("default"))) const app::CommandLibrary* QolfCommands() {
     static const app::CommandLibrary library{QOLF_VERSION, app::Commands(), app::Identify,
-                                             app::SystemOfOption};
+                                             app::SystemOfOption, app::RunStats};
     return &library;
 }

@@ -15,6 +15,8 @@ class App;
 
 namespace app {
 
+struct StatsOptions;
+
 // What a subcommand shares with main(). Parsing opens no file: it only sets `run`.
 struct CommandContext {
     explicit CommandContext(const Reporter& stderrReporter) : reporter(stderrReporter) {}
@@ -33,6 +35,10 @@ struct CommandContext {
     // systems.
     std::function<SystemPtr(const std::string& option, const std::string& definition, Reporter&)>
         systemOfOption;
+
+    // Runs qolf info --stats (app/stats/StatsRun.h). Loads the command library; throws Failure when
+    // there is none. Empty where there are no formats but MIF.
+    std::function<int(const StatsOptions&, Reporter&)> runStats;
 };
 
 // A row of the list of subcommands.

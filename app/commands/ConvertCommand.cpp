@@ -20,6 +20,7 @@ Examples:
   qolf convert roads.mif places.mif maps.gpkg       a layer for each file
   qolf convert --crs EPSG:3301 in.geojson out.mif
   qolf convert --bbox 24,58,26,60 --select id,name roads.mif - | jq .
+  qolf convert --where "pop > 1000 and name like 'A%'" places.mif a.geojson
   qolf convert --jobs 2 --to gpkg --output-dir out/ maps/)";
 
 std::vector<std::string> Split(const std::string& text) {
@@ -56,10 +57,21 @@ void AddSelection(CLI::App& command, ConvertOptions& options) {
     command.add_option("--layer", options.layer, "Name of the layer to write, or to read")
         ->type_name("NAME");
     command
-        .add_option_function<std::string>(
-            "--select", [&options](const std::string& text) { options.select = Split(text); },
-            "Columns to keep, in this order")
-        ->type_name("NAME,...");
+        .add_option_function<std::vector<std::string>>(
+            "--select",
+            [&options](const std::vector<std::string>& texts) {
+                for (const std::string& text : texts) {
+                    const std::vector<std::string> names = Split(text);
+                    options.select.insert(options.select.end(), names.begin(), names.end());
+                }
+            },
+            "Columns to keep, in this order; may be given several times")
+        ->type_name("NAME,...")
+        ->allow_extra_args(false);
+    command
+        .add_option("--where", options.where,
+                    "Keep the objects of which this SQL expression over their columns is true")
+        ->type_name("EXPRESSION");
     command
         .add_option_function<std::string>(
             "--bbox", [&options](const std::string& text) { options.box = BoxOf(text); },

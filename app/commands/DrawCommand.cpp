@@ -65,6 +65,10 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
                      "Label the objects with this column; more than one --label may be given")
         ->type_name("[LAYER:]COLUMN")
         ->allow_extra_args(false);
+    command
+        ->add_option("--where", arguments->where,
+                     "Draw the objects of which this SQL expression over their columns is true")
+        ->type_name("EXPRESSION");
     command->add_flag("--legend", arguments->legend, "Show the styles of each layer");
     command->add_flag("--scale-bar", arguments->scaleBar, "Show how long a kilometre is");
     command->add_option("--title", arguments->title, "Words at the top of the picture")

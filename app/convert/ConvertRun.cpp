@@ -88,8 +88,8 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
 bool IsCopy(const ConvertOptions& options, const Conversion& conversion) {
     const Format& format = conversion.output.format;
     return options.asIs && format.copy != nullptr && &conversion.inputs.front().format == &format &&
-           options.select.empty() && options.box.empty() && !options.limit &&
-           (options.crs.empty() || options.crs == "keep");
+           options.select.empty() && options.where.empty() && options.box.empty() &&
+           !options.limit && (options.crs.empty() || options.crs == "keep");
 }
 
 void ConvertInput(const ConvertOptions& options, const NamedFile& input,

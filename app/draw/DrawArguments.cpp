@@ -110,6 +110,7 @@ DrawOptions CheckedDrawOptions(const DrawArguments& arguments) {
     options.map.encoding = arguments.encoding;
     options.styleSource = arguments.ignoreStyles ? StyleSource::Layers : StyleSource::Objects;
     options.map.labels = arguments.labels;
+    options.map.where = arguments.where;
     options.furniture = {arguments.title, arguments.legend, arguments.scaleBar};
     options.ifExists = arguments.overwrite ? IfExists::Overwrite : IfExists::Refuse;
     return options;

@@ -22,6 +22,7 @@ struct DrawArguments {
     std::string assumedCrs;  // empty: the files' own
     bool ignoreStyles = false;
     std::vector<std::string> labels;
+    std::string where;  // empty: every object
     bool legend = false;
     bool scaleBar = false;
     std::string title;

@@ -7,10 +7,8 @@
 #include "app/crs/SystemNotes.h"
 #include "app/draw/TextFrame.h"
 #include "app/formats/Formats.h"
-#include "app/json/ShortestNumber.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace app {
@@ -67,6 +65,7 @@ void MapReader::Read(MapSink& sink, Reporter& reporter) {
         ReadFile(file, sink, reporter);
     }
     CheckLabels();
+    CheckQuestion(reporter);
     for (const std::string& layer : isAnyPlaced_ ? unplaced_ : std::vector<std::string>()) {
         reporter.Warning(layer + "; drawn unchanged");
     }
@@ -99,7 +98,11 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
             SayNotes(*facts.system, subject + ": ", reporter);
         }
         sink.BeginLayer(LayerOf(facts));
+        std::optional<Question> question = QuestionTo(facts, subject);
         source->Read(reporter, [&](Feature& feature) {
+            if (question && !question->Holds(feature)) {
+                return true;
+            }
             Place(feature.geometry, transform);
             for (Geometry& member : feature.members) {
                 Place(member, transform);
@@ -107,6 +110,30 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
             sink.Take(feature);
             return true;
         });
+    }
+}
+
+std::optional<Question> MapReader::QuestionTo(const LayerFacts& facts, const std::string& subject) {
+    if (input_.where.empty()) {
+        return std::nullopt;
+    }
+    try {
+        Question question(input_.where, facts.columns, subject);
+        isAnswered_ = true;
+        return question;
+    } catch (const Failure& failure) {
+        questionProblem_ = failure.what();
+        whole_.push_back(subject);
+        return std::nullopt;
+    }
+}
+
+void MapReader::CheckQuestion(Reporter& reporter) const {
+    if (!whole_.empty() && !isAnswered_) {
+        throw Failure(questionProblem_);
+    }
+    for (const std::string& layer : whole_) {
+        reporter.Note(layer + ": lacks a column of --where; drawn whole");
     }
 }
 
@@ -158,20 +185,6 @@ std::vector<std::string> FilesOf(const std::vector<std::string>& paths) {
         }
     }
     return files;
-}
-
-std::string TextOf(const Value& value) {
-    struct Writer {
-        std::string operator()(std::monostate) const { return ""; }
-        std::string operator()(const std::string& text) const { return text; }
-        std::string operator()(std::int64_t number) const { return std::to_string(number); }
-        std::string operator()(bool isTrue) const { return isTrue ? "true" : "false"; }
-        std::string operator()(double number) const {
-            std::array<char, kShortestNumberSize> digits{};
-            return {digits.data(), WritePlain(digits.data(), number)};
-        }
-    };
-    return std::visit(Writer(), value);
 }
 
 }  // namespace app

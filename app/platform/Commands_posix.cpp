@@ -22,6 +22,9 @@ void AddCommands(CLI::App& program, CommandContext& context, const std::string& 
                                 Reporter& reporter) {
         return LoadCommandLibrary().systemOfOption(option, definition, reporter);
     };
+    context.runStats = [](const StatsOptions& options, Reporter& reporter) {
+        return LoadCommandLibrary().runStats(options, reporter);
+    };
     const std::span<const CommandEntry> commands =
         IsOwn(wanted) ? Commands() : LoadCommandLibrary().commands;
     for (const CommandEntry& entry : commands) {
