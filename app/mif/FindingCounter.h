@@ -50,8 +50,7 @@ public:
     // Whether anybody reads the messages.
     bool HasSink() const { return sink_ != nullptr; }
 
-    // An empty advice takes that of the table.
-    void Add(FindingCode code, const Place& place, std::string message, std::string advice = {});
+    void Add(FindingCode code, const Place& place, std::string message);
 
     // The kind of the object that the next findings are made at.
     void SetKind(ObjectKind kind) { kind_ = kind; }
