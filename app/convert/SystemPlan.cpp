@@ -92,7 +92,7 @@ SystemPtr ClauseOfOption(const std::string& option, const std::string& definitio
 SystemPlan Plan(const SystemPtr& source, SystemRule rule, const std::string& crs,
                 const std::string& prefix, Reporter& reporter) {
     if (source == nullptr || !source->IsOnEarth()) {
-        if (!crs.empty() && crs != kKeep) {
+        if (!crs.empty() && crs != kKeepSystem) {
             static_cast<void>(SystemOfOption("--crs", crs, reporter));  // refuses what is none
         }
         return {source, std::nullopt};

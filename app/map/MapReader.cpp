@@ -158,8 +158,8 @@ void MapReader::CheckLabels() const {
         names += (names.empty() ? "" : ", ") + name;
     }
     throw UsageError("--label " +
-                  input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
-                  ": no layer has such a column; the columns are: " + names);
+                     input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
+                     ": no layer has such a column; the columns are: " + names);
 }
 
 }  // namespace app
