@@ -94,8 +94,10 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
         ->type_name("FILE")
         ->required();
     command
-        ->add_option("--format", arguments->format, "svg, png, pdf or html, whatever OUT is called")
-        ->type_name("NAME");
+        ->add_option("--to", arguments->format,
+                     "Format: svg, png, pdf or html, whatever OUT is called")
+        ->type_name("FORMAT");
+    command->add_option("--format", arguments->format)->group("");  // its name in older scripts
     command->add_option("--width", arguments->width, "Width of the picture")->type_name("PIXELS");
     command->add_option("--height", arguments->height, "Height of the picture")
         ->type_name("PIXELS");
@@ -110,11 +112,11 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
     command
         ->add_option("--crs", arguments->crs,
                      "Coordinate system of the picture: keep, wgs84 or a definition (EPSG:3301)")
-        ->type_name("CRS");
+        ->type_name("SYSTEM");
     command
         ->add_option("--assume-crs", arguments->assumedCrs,
                      "Coordinate system of the MIF files, whatever their headers say")
-        ->type_name("CRS");
+        ->type_name("SYSTEM");
     command->add_flag("--ignore-styles", arguments->ignoreStyles,
                       "Draw each layer in a colour of its own");
     command

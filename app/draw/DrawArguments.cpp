@@ -18,11 +18,10 @@ PictureFormat FormatFor(const DrawArguments& arguments, const std::string& outpu
         return *format;
     }
     if (isNamed) {
-        throw UsageError("--format must be svg, png, pdf or html; found '" + arguments.format +
-                         "'");
+        throw UsageError("--to must be svg, png, pdf or html; found '" + arguments.format + "'");
     }
     if (output == "-") {
-        throw UsageError("a map for standard output needs --format svg, png, pdf or html");
+        throw UsageError("a map for standard output needs --to svg, png, pdf or html");
     }
     throw UsageError("'" + output +
                      "': the picture comes last and ends in .svg, .png or .pdf; a page "

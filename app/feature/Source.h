@@ -71,8 +71,8 @@ public:
     // throws passes unchanged.
     virtual void Read(Reporter& reporter, const FeatureSink& sink) = 0;
 
-    // The layer that a user asked for by name: the only one for an empty name. Throws Failure, with
-    // the names there are.
+    // The layer that a user asked for by name, in any case unless one is exact: the only one for an
+    // empty name. Throws Failure, with the names there are.
     std::size_t LayerNamed(const std::string& name) const;
 
 protected:

@@ -114,6 +114,8 @@ std::optional<Question> MapReader::QuestionTo(const LayerFacts& facts, const std
         Question question(input_.where, facts.columns, subject);
         isAnswered_ = true;
         return question;
+    } catch (const UsageError&) {
+        throw;  // no layer could answer it
     } catch (const Failure& failure) {
         questionProblem_ = failure.what();
         whole_.push_back(subject);
@@ -123,7 +125,7 @@ std::optional<Question> MapReader::QuestionTo(const LayerFacts& facts, const std
 
 void MapReader::CheckQuestion(Reporter& reporter) const {
     if (!whole_.empty() && !isAnswered_) {
-        throw Failure(questionProblem_);
+        throw UsageError(questionProblem_);
     }
     for (const std::string& layer : whole_) {
         reporter.Note(layer + ": lacks a column of --where; drawn whole");
@@ -155,9 +157,9 @@ void MapReader::CheckLabels() const {
     for (const std::string& name : labelNames_) {
         names += (names.empty() ? "" : ", ") + name;
     }
-    throw Failure("--label " +
-                  input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
-                  ": no layer has such a column; the columns are: " + names);
+    throw UsageError("--label " +
+                     input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
+                     ": no layer has such a column; the columns are: " + names);
 }
 
 }  // namespace app

@@ -57,8 +57,8 @@ public:
 
     // Hands over everything. Layers that have no place in the map's system are handed over with
     // their coordinates unchanged, with a warning when others have one, and those that lack a
-    // column of the question whole, with a note. Throws Failure, also for a column of a label or of
-    // the question that no layer has.
+    // column of the question whole, with a note. Throws Failure; UsageError for a column of a label
+    // or of the question that no layer has.
     void Read(MapSink& sink, Reporter& reporter);
 
     // After Read: the map's system.

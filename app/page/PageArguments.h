@@ -15,7 +15,7 @@ struct PageArguments : MapArguments {
     std::string attribution;  // empty: what is known of the base map's server
 };
 
-// Whether the map is to be a page: by --format, or else by the output's extension.
+// Whether the map is to be a page: by --to, or else by the output's extension.
 bool IsPage(const MapArguments& arguments);
 
 // Throws UsageError, which names the option, what it must be and what was found.

@@ -60,7 +60,7 @@ TEST(Draw, WritesThePictureToStandardOutput) {
     const Sandbox sandbox;
 
     const Result result =
-        sandbox.Qolf({"draw", "--format", "svg", cli::Sample("island-places.mif"), "-"});
+        sandbox.Qolf({"draw", "--to", "svg", cli::Sample("island-places.mif"), "-"});
 
     EXPECT_EQ(result.exitCode, 0) << result.err;
     EXPECT_TRUE(result.out.starts_with("<?xml")) << result.out.substr(0, 100);
@@ -219,7 +219,7 @@ INSTANTIATE_TEST_SUITE_P(
             "APageOfAMissingFile", {"draw", "missing.mif", "o.html"}, 1, "missing.mif: can't open"},
         RefusalRow{"AnUnknownSystem",
                    {"draw", "--crs", "EPSG:99999", "empty.mif", "o.png"},
-                   1,
+                   2,
                    "no coordinate system that PROJ knows"}),
     [](const auto& row) { return row.param.name; });
 

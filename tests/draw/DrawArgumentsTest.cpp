@@ -82,9 +82,9 @@ INSTANTIATE_TEST_SUITE_P(
             "'map.jpg': the picture comes last and ends in .svg, .png or .pdf; a page for the "
             "browser ends in .html"},
         RefusalRow{"StandardOutputWithoutAFormat", [](auto& a) { a.files.back() = "-"; },
-                   "a map for standard output needs --format svg, png, pdf or html"},
+                   "a map for standard output needs --to svg, png, pdf or html"},
         RefusalRow{"AnUnknownFormat", [](auto& a) { a.format = "gif"; },
-                   "--format must be svg, png, pdf or html; found 'gif'"},
+                   "--to must be svg, png, pdf or html; found 'gif'"},
         RefusalRow{"AHugeWidth", [](auto& a) { a.width = 20000; },
                    "--width must be from 1 to 16384 pixels; found 20000"},
         RefusalRow{"NoWidth", [](auto& a) { a.width = 0; },
