@@ -5,6 +5,8 @@
 #include "host/zeio/Errors.h"
 #include "standalone/Text.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 
@@ -14,6 +16,12 @@ namespace {
 // Bits of the filter's answer.
 constexpr std::uint32_t kRendersText = 0x1;
 constexpr std::uint32_t kRendersMarkers = 0x2;
+
+// Whether a failed write can have this reason.
+bool IsReason(int errorNumber) {
+    constexpr std::array kReasons{ENOSPC, EFBIG, EIO};
+    return std::ranges::find(kReasons, errorNumber) != kReasons.end();
+}
 
 class ExportHost : public ReportingHost {
 public:
@@ -38,8 +46,9 @@ struct ExportRun::Parts {
           manager(observer != nullptr ? static_cast<zeio::IoHost&>(*observer) : ownHost),
           filter(module.NewExportFilter(manager)) {}
 
-    // Passes the filter's error to the observer, and throws it as a Failure with the user's path.
-    [[noreturn]] void Rethrow(const shr::IError& error) const;
+    // Passes the filter's error to the observer, and throws it as a Failure with the user's path
+    // and the system's reason, where `errorNumber` is one for a failed write.
+    [[noreturn]] void Rethrow(const shr::IError& error, int errorNumber) const;
 
     ExportSettings settings;
     OutputPair pair;
@@ -51,15 +60,14 @@ struct ExportRun::Parts {
     ExportFilterPtr filter;
 };
 
-void ExportRun::Parts::Rethrow(const shr::IError& error) const {
-    const int systemError = errno;
+void ExportRun::Parts::Rethrow(const shr::IError& error, int errorNumber) const {
     if (observer != nullptr) {
         observer->Thrown(error,
                          [this](const std::wstring& text) { return pair.WithFinalPath(text); });
     }
-    // The module has no words for why.
-    if (systemError != 0 && dynamic_cast<const zeio::FileWriteError*>(&error) != nullptr) {
-        throw Failure(PathText(settings.path) + ": can't write: " + std::strerror(systemError));
+    // The filter only says that it can't write.
+    if (IsReason(errorNumber) && dynamic_cast<const zeio::FileWriteError*>(&error) != nullptr) {
+        throw Failure(PathText(settings.path) + ": can't write: " + std::strerror(errorNumber));
     }
     const std::string text = standalone::Narrow(pair.WithFinalPath(error.Message()));
     const std::string name = PathText(settings.path.filename());
@@ -69,13 +77,14 @@ void ExportRun::Parts::Rethrow(const shr::IError& error) const {
 
 ExportRun::ExportRun(const ExportSettings& settings, Reporter& reporter, ObservingHost* observer)
     : parts_(std::make_unique<Parts>(settings, reporter, observer)) {
+    errno = 0;
     try {
         if (settings.optionString) {
             parts_->filter->SetOptionsFromString(standalone::Widen(*settings.optionString));
         }
         beginStatus_ = parts_->filter->BeginExport(WidePath(parts_->pair.WorkPath()));
     } catch (const shr::IError& error) {
-        parts_->Rethrow(error);
+        parts_->Rethrow(error, errno);
     }
 }
 
@@ -114,7 +123,7 @@ zeio::ExportStatus ExportRun::Send(zeio::TrBase& object) {
     try {
         return parts_->filter->ExportObject(object);
     } catch (const shr::IError& error) {
-        parts_->Rethrow(error);
+        parts_->Rethrow(error, errno);
     }
 }
 
@@ -124,7 +133,7 @@ bool ExportRun::Finish() {
     try {
         status = parts_->filter->EndExport();
     } catch (const shr::IError& error) {
-        parts_->Rethrow(error);
+        parts_->Rethrow(error, errno);
     }
     if (status == zeio::ExportStatus::NothingWritten) {
         return false;

@@ -1,8 +1,8 @@
 // Layers of different coordinate systems in one picture.
-#include "app/draw/LayerSystems.h"
+#include "app/map/LayerSystems.h"
 
 #include "app/crs/Definitions.h"
-#include "app/draw/Viewport.h"
+#include "app/map/MapExtent.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/draw/TextFrame.h"
+#include "app/map/TextFrame.h"
 
 #include "app/feature/LabelText.h"
 

@@ -1,4 +1,4 @@
-#include "app/draw/LayerSystems.h"
+#include "app/map/LayerSystems.h"
 
 #include "app/base/Errors.h"
 

@@ -1,6 +1,9 @@
-#include "app/draw/FarObjects.h"
+#include "app/map/FarObjects.h"
+
+#include "app/map/MapExtent.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace app {
@@ -12,6 +15,7 @@ constexpr std::size_t kFewestObjects = 8;
 constexpr std::size_t kTrimmedPart = 20;  // a twentieth of the sample at each end
 constexpr double kNeighbourhood = 3.0;    // times the size of where most objects are, on each side
 constexpr double kWorthSaying = 8.0;
+constexpr double kMostTimes = 1e15;         // that are said
 constexpr std::uint64_t kMostFarPart = 10;  // at most a tenth of the objects
 
 shr::Vec2d MiddleOf(const shr::Box2d& box) {
@@ -34,6 +38,15 @@ std::pair<double, double> Trimmed(std::vector<double> numbers) {
 }
 
 }  // namespace
+
+std::string NoteOf(const FarObjectsFound& far) {
+    const bool isWide = far.timesAsWide >= far.timesAsHigh;
+    const double times = std::min(isWide ? far.timesAsWide : far.timesAsHigh, kMostTimes);
+    const std::string objects =
+        far.count == 1 ? "1 object makes" : std::to_string(far.count) + " objects make";
+    return objects + " the map " + std::to_string(std::llround(times)) + " times as " +
+           (isWide ? "wide" : "high") + "; --bbox " + CornersOf(far.rest) + " shows the rest";
+}
 
 void FarObjects::Add(const shr::Box2d& box) {
     if (++skipped_ < stride_) {

@@ -1,5 +1,5 @@
 // When a few far objects are worth a word.
-#include "app/draw/FarObjects.h"
+#include "app/map/FarObjects.h"
 
 #include <gtest/gtest.h>
 

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace app {
@@ -18,6 +19,9 @@ struct FarObjectsFound {
     double timesAsHigh = 1.0;
     shr::Box2d rest;  // of the other objects
 };
+
+// Says how to see the rest: "3 objects make the map 40 times as wide; --bbox ... shows the rest".
+std::string NoteOf(const FarObjectsFound& far);
 
 class FarObjects {
 public:

@@ -1,4 +1,4 @@
-#include "app/draw/FontCatalogue.h"
+#include "app/map/FontCatalogue.h"
 
 #include "app/feature/LabelText.h"
 

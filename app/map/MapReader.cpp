@@ -1,10 +1,10 @@
-#include "app/draw/MapReader.h"
+#include "app/map/MapReader.h"
 
 #include "app/base/Errors.h"
 #include "app/crs/Definitions.h"
 #include "app/crs/SystemNotes.h"
-#include "app/draw/TextFrame.h"
 #include "app/formats/Formats.h"
+#include "app/map/TextFrame.h"
 
 #include <algorithm>
 #include <utility>
@@ -40,7 +40,7 @@ void Place(Geometry& geometry, LayerTransform& transform) {
 }  // namespace
 
 MapReader::MapReader(const MapInput& input, SystemPtr target)
-    : input_(input), systems_(std::move(target)), isAnyPlaced_(systems_.Target() != nullptr),
+    : input_(input), systems_(std::move(target)), isAnyPlaced_(!input.crs.empty()),
       isLabelFound_(input.labels.size(), false) {
     for (const std::string& file : input_.paths) {
         static_cast<void>(FormatOfPath(file));  // throws for one of no format
@@ -53,8 +53,11 @@ void MapReader::Read(MapSink& sink, Reporter& reporter) {
     }
     CheckLabels();
     CheckQuestion(reporter);
-    for (const std::string& layer : isAnyPlaced_ ? unplaced_ : std::vector<std::string>()) {
-        reporter.Warning(layer + "; drawn unchanged");
+    const bool areLeftOut = isAnyPlaced_ && input_.leavesOutUnplaced;
+    for (const Unplaced& layer : unplaced_) {
+        if (isAnyPlaced_ || layer.isFault) {
+            reporter.Warning(layer.problem + (areLeftOut ? "; left out" : "; drawn unchanged"));
+        }
     }
 }
 
@@ -62,6 +65,7 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
     SourceOptions options;
     options.asIs = input_.asIs;
     options.noStore = true;  // a picture does not depend on what an earlier run remembered
+    options.withoutValues = input_.labels.empty() && input_.where.empty() && !input_.needsValues;
     options.encoding = input_.encoding;
     options.modulePath = input_.modulePath;
     if (!input_.assumedCrs.empty()) {
@@ -76,15 +80,17 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
         std::string problem;
         LayerTransform transform = systems_.TransformFrom(facts.system, problem);
         isAnyPlaced_ = isAnyPlaced_ || problem.empty();
-        if (facts.system != nullptr && !facts.system->problem.empty()) {
-            reporter.Warning(subject + ": " + facts.system->problem + "; drawn unchanged");
-        } else if (!problem.empty()) {
-            unplaced_.push_back(subject + ": " + problem);
+        const bool isFault = facts.system != nullptr && !facts.system->problem.empty();
+        if (isFault || !problem.empty()) {
+            unplaced_.push_back(
+                {subject + ": " + (isFault ? facts.system->problem : problem), isFault});
         }
         if (facts.system != nullptr) {
             SayNotes(*facts.system, subject + ": ", reporter);
         }
-        sink.BeginLayer(LayerOf(facts));
+        MapLayer described = LayerOf(facts);
+        described.isPlaced = problem.empty();
+        sink.BeginLayer(described);
         std::optional<Question> question = QuestionTo(facts, subject);
         source->Read(reporter, [&](Feature& feature) {
             if (question && !question->Holds(feature)) {
@@ -108,6 +114,8 @@ std::optional<Question> MapReader::QuestionTo(const LayerFacts& facts, const std
         Question question(input_.where, facts.columns, subject);
         isAnswered_ = true;
         return question;
+    } catch (const UsageError&) {
+        throw;  // no layer could answer it
     } catch (const Failure& failure) {
         questionProblem_ = failure.what();
         whole_.push_back(subject);
@@ -117,7 +125,7 @@ std::optional<Question> MapReader::QuestionTo(const LayerFacts& facts, const std
 
 void MapReader::CheckQuestion(Reporter& reporter) const {
     if (!whole_.empty() && !isAnswered_) {
-        throw Failure(questionProblem_);
+        throw UsageError(questionProblem_);
     }
     for (const std::string& layer : whole_) {
         reporter.Note(layer + ": lacks a column of --where; drawn whole");
@@ -125,7 +133,7 @@ void MapReader::CheckQuestion(Reporter& reporter) const {
 }
 
 MapLayer MapReader::LayerOf(const LayerFacts& facts) {
-    MapLayer layer{facts.name, facts.columns, std::nullopt};
+    MapLayer layer{facts.name, facts.columns, std::nullopt, facts.system, false};
     for (std::size_t i = 0; i < input_.labels.size(); ++i) {
         if (const auto column = ColumnOfLabel(input_.labels[i], facts)) {
             layer.labelColumn = column;
@@ -149,9 +157,9 @@ void MapReader::CheckLabels() const {
     for (const std::string& name : labelNames_) {
         names += (names.empty() ? "" : ", ") + name;
     }
-    throw Failure("--label " +
-                  input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
-                  ": no layer has such a column; the columns are: " + names);
+    throw UsageError("--label " +
+                     input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
+                     ": no layer has such a column; the columns are: " + names);
 }
 
 }  // namespace app
