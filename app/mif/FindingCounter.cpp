@@ -8,7 +8,8 @@ FindingCounter::FindingCounter(FindingSink& sink, std::filesystem::path mif,
                                std::filesystem::path mid, std::uint64_t maxPerCode)
     : sink_(&sink), mif_(std::move(mif)), mid_(std::move(mid)), maxPerCode_(maxPerCode) {}
 
-void FindingCounter::Add(FindingCode code, const Place& place, std::string message) {
+void FindingCounter::Add(FindingCode code, const Place& place, std::string message,
+                         std::string advice) {
     FindingCount& count = counts_[static_cast<std::size_t>(code)];
     if (count.found++ == 0) {
         count.first = place;
@@ -28,7 +29,7 @@ void FindingCounter::Add(FindingCode code, const Place& place, std::string messa
                 .line = place.line,
                 .object = place.object,
                 .message = std::move(message),
-                .advice = info.advice,
+                .advice = advice.empty() ? info.advice : std::move(advice),
                 .isCaredFor = info.readBy == ReadByCommand::Yes});
 }
 

@@ -50,7 +50,8 @@ public:
     // Whether anybody reads the messages.
     bool HasSink() const { return sink_ != nullptr; }
 
-    void Add(FindingCode code, const Place& place, std::string message);
+    // An empty advice takes that of the table.
+    void Add(FindingCode code, const Place& place, std::string message, std::string advice = {});
 
     // The kind of the object that the next findings are made at.
     void SetKind(ObjectKind kind) { kind_ = kind; }
