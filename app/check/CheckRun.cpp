@@ -4,6 +4,8 @@
 #include "app/base/Paths.h"
 #include "app/base/Reporter.h"
 #include "app/base/Utf8.h"
+#include "app/base/platform/System.h"
+#include "app/check/CheckProgress.h"
 #include "app/check/FindingsOfClause.h"
 #include "app/check/GatheredFindings.h"
 #include "app/check/LayerCheck.h"
@@ -22,6 +24,10 @@
 
 namespace app {
 namespace {
+
+// How often a file is read: by the check and by the module; twice more for a repair.
+constexpr int kPasses = 2;
+constexpr int kPassesWithFix = 4;
 
 constexpr int kExitErrors = 1;
 constexpr int kExitWarnings = 3;
@@ -146,7 +152,7 @@ const Format* OtherFormatOf(const std::filesystem::path& file) {
 }
 
 FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& options,
-                        FindingSink& sink) {
+                        CheckProgress& progress, FindingSink& sink) {
     if (const Format* const format = OtherFormatOf(file)) {
         return CheckLayers(file, *format, options.maxPerCode, sink);
     }
@@ -167,7 +173,8 @@ FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& o
     PairCheckOptions pairOptions{.maxPerCode = options.maxPerCode,
                                  .tabRewriting = TabRewriting::Off,
                                  .charset = CharsetOf(options.encoding),
-                                 .faultsOfClause = faults};
+                                 .faultsOfClause = faults,
+                                 .progress = progress.NextPass(file)};
     if (options.assumedSystem != nullptr) {
         pairOptions.possible = PossibleCoordinates(*options.assumedSystem);
     }
@@ -177,10 +184,12 @@ FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& o
     } else {
         GatheredFindings gathered;
         pair = CheckPair(file, pairOptions, gathered);
+        progress.Hide();
         gathered.PassOn(decoded, pair);
     }
     if (pair.findings[static_cast<std::size_t>(FindingCode::FileUnreadable)].found == 0) {
-        CheckByImport(file, options.modulePath, sink, pair.findings);
+        CheckByImport(file, options.modulePath, sink, pair.findings, pair.objects.Objects(),
+                      progress.NextPass(file));
     }
     return pair.findings;
 }
@@ -206,6 +215,10 @@ void WriteSummary(const std::filesystem::path& file, const FindingCounts& counts
 }
 
 void WriteRepairs(const CheckOptions& options, const RepairReport& report, OutputFile& out) {
+    if (report.count == 0) {
+        out.Write(PathText(options.fix) + ": not written: there is nothing to repair\n");
+        return;
+    }
     for (const Repair& repair : report.repairs) {
         out.Write(Printable(PathText(repair.file)) + ":" + std::to_string(repair.line) +
                   ": repaired " + InfoOf(repair.code).id + ": " + Printable(repair.what) + "\n");
@@ -216,6 +229,7 @@ void WriteRepairs(const CheckOptions& options, const RepairReport& report, Outpu
 std::string RepairsAsJson(const CheckOptions& options, const RepairReport& report) {
     std::string json = ",\n  \"fix\": {\"path\": ";
     AppendJsonString(json, PathText(options.fix));
+    json += std::string(", \"written\": ") + (report.count > 0 ? "true" : "false");
     AppendMember(json, "count", report.count);
     json += ", \"repairs\": [";
     bool isFirst = true;
@@ -231,7 +245,7 @@ std::string RepairsAsJson(const CheckOptions& options, const RepairReport& repor
     return json + "]}";
 }
 
-SeverityCounts CheckAsJson(const CheckOptions& options, OutputFile& out) {
+SeverityCounts CheckAsJson(const CheckOptions& options, CheckProgress& progress, OutputFile& out) {
     SeverityCounts all{};
     out.Write("{\"files\": [");
     for (std::size_t i = 0; i < options.files.size(); ++i) {
@@ -239,7 +253,8 @@ SeverityCounts CheckAsJson(const CheckOptions& options, OutputFile& out) {
         AppendJsonString(json, PathText(options.files[i]));
         out.Write(json + ", \"findings\": [");
         JsonSink sink(out, options.asIs);
-        const SeverityCounts sums = BySeverity(CheckFile(options.files[i], options, sink));
+        const SeverityCounts sums =
+            BySeverity(CheckFile(options.files[i], options, progress, sink));
         out.Write("], \"errors\": " + std::to_string(sums[0]) + ", \"warnings\": " +
                   std::to_string(sums[1]) + ", \"notes\": " + std::to_string(sums[2]) + "}");
         for (std::size_t s = 0; s < all.size(); ++s) {
@@ -250,11 +265,11 @@ SeverityCounts CheckAsJson(const CheckOptions& options, OutputFile& out) {
     return all;
 }
 
-SeverityCounts CheckAsText(const CheckOptions& options, OutputFile& out) {
+SeverityCounts CheckAsText(const CheckOptions& options, CheckProgress& progress, OutputFile& out) {
     SeverityCounts all{};
     for (const std::filesystem::path& file : options.files) {
         TextSink sink(out, options.asIs);
-        const FindingCounts counts = CheckFile(file, options, sink);
+        const FindingCounts counts = CheckFile(file, options, progress, sink);
         WriteSummary(file, counts, out);
         const SeverityCounts sums = BySeverity(counts);
         for (std::size_t s = 0; s < all.size(); ++s) {
@@ -305,17 +320,21 @@ int PrintCodes() {
 }
 
 int RunCheck(const CheckOptions& options, Reporter& reporter) {
+    if (options.maxPerCode == 0 && IsTerminal(stdout)) {
+        reporter.SetProgress(false);  // findings go to the terminal as they come
+    }
+    std::optional<CheckProgress> progress;
+    progress.emplace(options.files, options.fix.empty() ? kPasses : kPassesWithFix, reporter);
     std::optional<RepairReport> repairs;
     if (!options.fix.empty()) {
-        repairs = RepairMif(options.files.front(), options.fix, options.ifExists);
-        if (repairs->count == 0) {
-            reporter.Note(PathText(options.files.front()) +
-                          ": nothing to repair; the copy is the same");
-        }
+        const std::filesystem::path& file = options.files.front();
+        repairs = RepairMif(file, options.fix, options.ifExists,
+                            [&] { return progress->NextPass(file); });
     }
     OutputFile out("-", IfExists::Overwrite);
     const SeverityCounts sums =
-        options.json ? CheckAsJson(options, out) : CheckAsText(options, out);
+        options.json ? CheckAsJson(options, *progress, out) : CheckAsText(options, *progress, out);
+    progress.reset();
     if (repairs && options.json) {
         out.Write(RepairsAsJson(options, *repairs));
     } else if (repairs) {

@@ -8,6 +8,7 @@
 #include "app/mif/LineReader.h"
 #include "app/mif/PairPass.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <string>
@@ -52,12 +53,35 @@ std::string OpenProblem(const std::filesystem::path& path, InputFile& stream) {
                              : std::string("the file can't be opened: ") + std::strerror(errno);
 }
 
+// A file of the pair, which reports how much of both has been read.
+class WatchedSource : public StreamSource {
+public:
+    // `before` is the size of what was read earlier, `all` that of both files.
+    WatchedSource(std::FILE* stream, const ProgressSink& progress, double before, double all)
+        : StreamSource(stream), progress_(progress), read_(before), all_(all) {}
+
+    std::size_t Read(char* to, std::size_t most) override {
+        const std::size_t got = StreamSource::Read(to, most);
+        read_ += static_cast<double>(got);
+        if (progress_ && all_ > 0.0) {
+            progress_(std::min(1.0, read_ / all_));  // some parts are read twice
+        }
+        return got;
+    }
+
+private:
+    const ProgressSink& progress_;
+    double read_;
+    double all_;
+};
+
 class PairChecker {
 public:
     PairChecker(const std::filesystem::path& mif, const PairCheckOptions& options,
                 FindingSink& sink)
         : mif_(mif), mid_(FindCompanion(mif, ".mid")), options_(options),
           report_(sink, mif, mid_.empty() ? WithMidExtension(mif) : mid_, options.maxPerCode),
+          mifSize_(SizeOfFile(AsOnDisk(mif))), midSize_(mid_.empty() ? 0.0 : SizeOfFile(mid_)),
           charset_(options.charset.empty() ? pair_.header.charset : options.charset) {}
 
     CheckedPair Check();
@@ -79,13 +103,15 @@ private:
     const PairCheckOptions& options_;
     FindingCounter report_;
     CheckedPair pair_;
+    double mifSize_;
+    double midSize_;
     const std::string& charset_;
 };
 
 CheckedPair PairChecker::Check() {
     InputFile mif;
     if (Opens(AsOnDisk(mif_), FileOfPair::Mif, mif) && IsMif()) {
-        StreamSource input(mif.get());
+        WatchedSource input(mif.get(), options_.progress, 0.0, mifSize_ + midSize_);
         CheckMif(input);
     }
     if (pair_.isReadable) {
@@ -93,7 +119,7 @@ CheckedPair PairChecker::Check() {
     }
     InputFile mid;
     if (!mid_.empty() && pair_.header.hasData && Opens(mid_, FileOfPair::Mid, mid)) {
-        StreamSource input(mid.get());
+        WatchedSource input(mid.get(), options_.progress, mifSize_, mifSize_ + midSize_);
         CheckMid(input);
     }
     pair_.findings = report_.Counts();
