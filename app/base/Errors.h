@@ -12,8 +12,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// The command line is wrong in a way that only shows after parsing: exit code 2. Thrown in place of a
-// Failure when another argument would have helped, such as the name of a column that there is.
+// The command line is wrong in a way that only shows after parsing: exit code 2. Thrown in place of
+// a Failure when another argument would have helped, such as the name of a column that there is.
 class UsageError : public Failure {
 public:
     using Failure::Failure;

@@ -19,7 +19,7 @@ using ProgressSink = std::function<void(double)>;
 struct PairCheckOptions {
     std::uint64_t maxPerCode = 100;  // findings of one code that are passed on; 0: all
     TabRewriting tabRewriting = TabRewriting::Off;
-    std::string charset = {};  // in place of the header's, by its name in headers; empty: its own
+    std::string charset = {};    // in place of the header's, by its name in headers; empty: its own
     ProgressSink progress = {};  // empty: nobody asks
 };
 

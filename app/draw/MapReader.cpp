@@ -165,8 +165,8 @@ void MapReader::CheckLabels() const {
         names += (names.empty() ? "" : ", ") + name;
     }
     throw UsageError("--label " +
-                  input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
-                  ": no layer has such a column; the columns are: " + names);
+                     input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
+                     ": no layer has such a column; the columns are: " + names);
 }
 
 std::vector<std::string> FilesOf(const std::vector<std::string>& paths) {

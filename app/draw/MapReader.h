@@ -55,8 +55,8 @@ public:
 
     // Hands over everything. Layers that have no place in the map's system are handed over with
     // their coordinates unchanged, with a warning, and those that lack a column of the question
-    // whole, with a note. Throws Failure; UsageError for a column of a label or of the question that
-    // no layer has.
+    // whole, with a note. Throws Failure; UsageError for a column of a label or of the question
+    // that no layer has.
     void Read(MapSink& sink, Reporter& reporter);
 
     // After Read: the map's system.

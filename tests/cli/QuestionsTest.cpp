@@ -209,7 +209,7 @@ TEST(StatisticsOfInfo, AreNeededForAQuestion) {
     const Result result = sandbox.Qolf({"info", "--where", "a", cli::Sample("island.mif")});
 
     EXPECT_EQ(result.exitCode, 2);
-    EXPECT_NE(result.err.find("--where requires --stats"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("--where needs --stats"), std::string::npos) << result.err;
 }
 
 }  // namespace
