@@ -20,6 +20,9 @@ struct CommandLibrary {
     SystemPtr (*systemOfOption)(const std::string& option, const std::string& definition,
                                 Reporter& reporter);
     int (*runStats)(const StatsOptions& options, Reporter& reporter);
+    Inputs (*resolveInputs)(const std::vector<std::string>& arguments, InputRule rule,
+                            const ArchiveLimits& limits, Reporter& reporter);
+    SourceWithFormat (*openUnlessPair)(const std::string& argument, const SourceOptions& options);
 };
 
 inline constexpr const char* kCommandLibraryFileName = "qolf-commands.so";

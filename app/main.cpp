@@ -56,6 +56,12 @@ void AddCommonOptions(CLI::App& command, GlobalOptions& options, app::CommandCon
     command.add_option("--module", context.modulePath, "The filter module to load")
         ->type_name("FILE")
         ->group(kGroup);
+    command
+        .add_option("--max-size", context.archiveLimits.mostBytes,
+                    "The largest file to take from an archive: 500M, 100G (64G)")
+        ->transform(CLI::AsSizeValue(/*kb_is_1000=*/false))
+        ->type_name("SIZE")
+        ->group(kGroup);
 }
 
 void AddCommonOptionsBelow(CLI::App& program, GlobalOptions& options,
@@ -199,7 +205,7 @@ int main(int argc, char** argv) {
     program.fallthrough();  // --version after a command
     const std::string command = NamedCommand(program, arguments);
     try {
-        app::AddCommands(program, context, command);
+        app::AddCommands(program, context, command, arguments);
     } catch (const app::Failure& failure) {
         context.reporter.Error(failure.what());
         return kDataError;

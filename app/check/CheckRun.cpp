@@ -7,8 +7,10 @@
 #include "app/base/platform/System.h"
 #include "app/check/CheckProgress.h"
 #include "app/check/GatheredFindings.h"
+#include "app/check/LayerCheck.h"
 #include "app/check/PairCheck.h"
 #include "app/check/RepairMif.h"
+#include "app/formats/Formats.h"
 #include "app/json/JsonText.h"
 #include "app/mif/Charsets.h"
 #include "app/run/CodePage.h"
@@ -141,8 +143,17 @@ private:
     bool isBelieved_;  // the bytes are of the code page that is set, whatever they look like
 };
 
+// Null for pairs, and for files of no format, which are checked as such.
+const Format* OtherFormatOf(const std::filesystem::path& file) {
+    const Format* const format = FindFormatOfFile(file);
+    return format != nullptr && format->mainFile == nullptr ? format : nullptr;
+}
+
 FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& options,
                         CheckProgress& progress, FindingSink& sink) {
+    if (const Format* const format = OtherFormatOf(file)) {
+        return CheckLayers(file, *format, options.maxPerCode, sink);
+    }
     MifHeader header;
     if (std::error_code error; std::filesystem::is_regular_file(AsOnDisk(file), error)) {
         header = ScanHeader(file);
@@ -273,6 +284,9 @@ CheckOptions CheckedCheckOptions(const CheckArguments& arguments) {
     if (!arguments.fix.empty()) {
         if (options.files.size() != 1) {
             throw UsageError("--fix writes one copy, so it takes one file");
+        }
+        if (OtherFormatOf(options.files.front()) != nullptr) {
+            throw UsageError(PathText(options.files.front()) + ": --fix repairs MIF files only");
         }
         CheckMifOutput(arguments.fix);
         options.fix = PathFromArgument(arguments.fix);

@@ -19,6 +19,7 @@ constexpr const char* kConvertExamples = R"(
 Examples:
   qolf convert roads.mif roads.geojson
   qolf convert roads.mif places.mif maps.gpkg       a layer for each file
+  qolf convert GEOFLA.zip maps.gpkg                 the same for those in an archive
   qolf convert --crs EPSG:3301 in.geojson out.mif
   qolf convert --bbox 24,58,26,60 --select id,name roads.mif - | jq .
   qolf convert --where "pop > 1000 and name like 'A%'" places.mif a.geojson
@@ -146,6 +147,17 @@ void AddBatch(CLI::App& command, ConvertOptions& options) {
         ->needs(folder);
 }
 
+// Puts the files behind the inputs in their place. The result keeps what was unpacked.
+Inputs ResolveInputsOf(ConvertOptions& options, CommandContext& context) {
+    const bool hasOutput = options.outputFolder.empty();
+    const auto end = options.paths.end() - (hasOutput ? 1 : 0);
+    Inputs inputs = context.Resolve({options.paths.begin(), end},
+                                    hasOutput ? InputRule::Archives : InputRule::Folders);
+    options.paths.erase(options.paths.begin(), end);
+    options.paths.insert(options.paths.begin(), inputs.arguments.begin(), inputs.arguments.end());
+    return inputs;
+}
+
 }  // namespace
 
 void AddConvertCommand(CLI::App& program, CommandContext& context) {
@@ -164,6 +176,7 @@ void AddConvertCommand(CLI::App& program, CommandContext& context) {
     command->callback([options, &context] {
         context.run = [options, &context] {
             options->modulePath = context.modulePath;
+            const Inputs inputs = ResolveInputsOf(*options, context);
             return options->outputFolder.empty() ? RunConvert(*options, context.reporter)
                                                  : ConvertMany(*options, context.reporter);
         };

@@ -15,6 +15,7 @@ Examples:
   qolf info roads.mif
   qolf info --count *.mif
   qolf info --stats places.mif roads.gpkg
+  qolf info GEOFLA.zip maps/ places.gpkg
   qolf info --json roads.mif | jq '.files[0].columns')";
 
 StatsOptions StatsOptionsOf(const InfoOptions& info, const std::string& where) {
@@ -34,8 +35,10 @@ StatsOptions StatsOptionsOf(const InfoOptions& info, const std::string& where) {
 
 void AddInfoCommand(CLI::App& program, CommandContext& context) {
     auto options = std::make_shared<InfoOptions>();
-    CLI::App* command = program.add_subcommand("info", "Say what MIF files hold");
-    command->add_option("files", options->files, "Files to look at")->type_name("FILE")->required();
+    CLI::App* command = program.add_subcommand("info", "Say what files hold");
+    command->add_option("files", options->files, "Files, folders and archives to look at")
+        ->type_name("FILE")
+        ->required();
     command->add_flag("--json", options->json, "Print one JSON document");
     command->add_flag("--count", options->count, "Read whole files: objects, extent and rows");
     command->add_flag("--as-is", options->asIs, "Hand files to the module as they are");
@@ -70,9 +73,12 @@ void AddInfoCommand(CLI::App& program, CommandContext& context) {
             }
             options->modulePath = context.modulePath;
             options->identify = context.identify;
+            const Inputs inputs = context.Resolve(options->files, InputRule::Files);
+            options->files = inputs.arguments;
             if (*isStats) {
                 return context.runStats(StatsOptionsOf(*options, *where), context.reporter);
             }
+            options->openUnlessPair = context.openUnlessPair;
             return RunInfo(*options, context.reporter);
         };
     });

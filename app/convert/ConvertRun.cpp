@@ -38,7 +38,8 @@ NamedFile OutputOf(const ConvertOptions& options) {
 NamedFile InputOf(const std::string& argument) {
     const Format& format = FormatOfPath(argument);
     const bool isOneFile = format.mainFile == nullptr;
-    return {isOneFile ? argument : PathText(format.mainFile(PathFromArgument(argument))), format};
+    return {isOneFile ? argument : ArgumentOfPath(format.mainFile(PathFromArgument(argument))),
+            format};
 }
 
 void CheckNoFolder(const std::string& input) {

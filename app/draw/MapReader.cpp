@@ -1,8 +1,6 @@
 #include "app/draw/MapReader.h"
 
 #include "app/base/Errors.h"
-#include "app/base/Paths.h"
-#include "app/batch/BatchPlan.h"
 #include "app/crs/Definitions.h"
 #include "app/crs/SystemNotes.h"
 #include "app/draw/TextFrame.h"
@@ -15,19 +13,8 @@ namespace app {
 
 namespace {
 
-constexpr std::string_view kManifold = ".json";
-
 // Edges of a full turn when curves are moved into another system.
 constexpr int kSegments = 180;
-
-std::vector<std::string_view> MapExtensions() {
-    std::vector<std::string_view> extensions;
-    for (const Format& format : Formats()) {
-        extensions.insert(extensions.end(), format.extensions.begin(), format.extensions.end());
-    }
-    std::erase(extensions, kManifold);
-    return extensions;
-}
 
 // "LAYER:COLUMN" for a layer, or "COLUMN" for any: the column's place in the layer.
 std::optional<std::size_t> ColumnOfLabel(const std::string& label, const LayerFacts& layer) {
@@ -53,15 +40,15 @@ void Place(Geometry& geometry, LayerTransform& transform) {
 }  // namespace
 
 MapReader::MapReader(const MapInput& input, SystemPtr target)
-    : input_(input), files_(FilesOf(input.paths)), systems_(std::move(target)),
-      isAnyPlaced_(systems_.Target() != nullptr), isLabelFound_(input.labels.size(), false) {
-    for (const std::string& file : files_) {
+    : input_(input), systems_(std::move(target)), isAnyPlaced_(systems_.Target() != nullptr),
+      isLabelFound_(input.labels.size(), false) {
+    for (const std::string& file : input_.paths) {
         static_cast<void>(FormatOfPath(file));  // throws for one of no format
     }
 }
 
 void MapReader::Read(MapSink& sink, Reporter& reporter) {
-    for (const std::string& file : files_) {
+    for (const std::string& file : input_.paths) {
         ReadFile(file, sink, reporter);
     }
     CheckLabels();
@@ -167,26 +154,6 @@ void MapReader::CheckLabels() const {
     throw UsageError("--label " +
                      input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
                      ": no layer has such a column; the columns are: " + names);
-}
-
-std::vector<std::string> FilesOf(const std::vector<std::string>& paths) {
-    std::vector<std::string> files;
-    for (const std::string& path : paths) {
-        std::error_code error;
-        if (path == "-" || !std::filesystem::is_directory(PathFromArgument(path), error)) {
-            files.push_back(path);
-            continue;
-        }
-        const std::vector<std::filesystem::path> found =
-            FilesBelow(PathFromArgument(path), MapExtensions());
-        if (found.empty()) {
-            throw Failure(path + ": holds no map");
-        }
-        for (const std::filesystem::path& file : found) {
-            files.push_back(file.string());
-        }
-    }
-    return files;
 }
 
 }  // namespace app

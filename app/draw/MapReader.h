@@ -15,7 +15,7 @@
 namespace app {
 
 struct MapInput {
-    std::vector<std::string> paths;  // files, and folders for the files in them; the top one last
+    std::vector<std::string> paths;  // the top one last
     std::string crs;                 // of the map: a definition; empty: that of the first layer
     std::string assumedCrs;          // of MIF files, whatever their headers say; empty: their own
     std::string encoding;            // of the texts of MIF files; empty: by their headers
@@ -47,11 +47,8 @@ public:
 class MapReader {
 public:
     // `target` is the map's system, null to leave it to the first layer that has one. Throws
-    // Failure for an input that does not exist; UsageError for one of an unknown format.
+    // UsageError for an input of an unknown format.
     MapReader(const MapInput& input, SystemPtr target);
-
-    // The files, in their order; a folder has become those in it.
-    const std::vector<std::string>& Files() const { return files_; }
 
     // Hands over everything. Layers that have no place in the map's system are handed over with
     // their coordinates unchanged, with a warning, and those that lack a column of the question
@@ -70,7 +67,6 @@ private:
     void CheckQuestion(Reporter& reporter) const;
 
     const MapInput& input_;
-    std::vector<std::string> files_;
     LayerSystems systems_;
     bool isAnyPlaced_;
     std::vector<std::string> unplaced_;    // what to say of layers that are nowhere on the Earth
@@ -80,9 +76,5 @@ private:
     std::string questionProblem_;          // of the last layer that lacks one
     std::vector<std::string> whole_;       // the layers that lack one
 };
-
-// The files of an input: a folder means those in it and below, sorted, that have an extension
-// of a format; .json files, which hold all sorts of things, must be named. Throws Failure.
-std::vector<std::string> FilesOf(const std::vector<std::string>& paths);
 
 }  // namespace app

@@ -68,6 +68,9 @@ const Format& FormatOfName(const std::string& name);
 // choices, for others.
 const Format& FormatOfPath(const std::string& argument);
 
+// By the extension of a file, which is not the companion of another; null for others.
+const Format* FindFormatOfFile(const std::filesystem::path& file);
+
 // "mif, geojson, geojsonl, geojsons, gpkg": one name per format.
 std::string FormatNames();
 

@@ -1,4 +1,4 @@
-// The facts about one MIF file that qolf info shows.
+// The facts about one MIF file, or about a layer of another format, that qolf info shows.
 #pragma once
 
 #include "app/base/Reporter.h"
@@ -16,7 +16,10 @@ namespace app {
 // What is known of one file. Texts are UTF-8; what the header does not say is empty, absent or
 // null.
 struct FileFacts {
-    std::filesystem::path path;   // of the .mif file, also when the user named the .mid
+    std::filesystem::path path;  // of the .mif file, also when the user named the .mid
+    std::string format;          // its name, "gpkg"; empty for a pair, as the next two
+    std::string words;           // "GeoPackage"
+    std::string layer;
     std::uintmax_t fileSize = 0;  // bytes
     bool canImport = false;       // what the module answers of the file as it is
     int version = 0;
@@ -42,5 +45,9 @@ struct FileFacts {
 // header, and the objects of an import. Throws Failure when there is no header.
 FileFacts CollectFacts(const std::filesystem::path& path, const SourceOptions& options, bool count,
                        Reporter& reporter);
+
+// The same for a layer of another format. With `count` all features are read.
+FileFacts CollectLayerFacts(const SourceWithFormat& input, std::size_t layer,
+                            const std::filesystem::path& path, bool count, Reporter& reporter);
 
 }  // namespace app

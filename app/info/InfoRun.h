@@ -3,7 +3,9 @@
 
 #include "app/base/Reporter.h"
 #include "app/crs/DescribeCoordSys.h"
+#include "app/feature/Source.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,6 +20,9 @@ struct InfoOptions {
     std::string modulePath;   // empty: the module is looked for (Module.h)
     SystemPtr assumedSystem;  // of all files, whatever their headers say; null: their own
     CrsIdentifier identify;   // for a system that only PROJ's register knows; called for no other
+
+    // Opens a file of another format than MIF; gives no source for a pair. Empty: all are pairs.
+    std::function<SourceWithFormat(const std::string& file, const SourceOptions&)> openUnlessPair;
 };
 
 // Prints the facts of all files on standard output, errors by the reporter. A file that can't be

@@ -1,8 +1,6 @@
 #include "app/base/platform/RemovalList.h"
 
-#include <algorithm>
 #include <mutex>
-#include <utility>
 #include <vector>
 
 #define WIN32_LEAN_AND_MEAN
@@ -13,31 +11,29 @@ namespace {
 
 // The system calls a console handler on a thread of its own, so a lock is enough.
 std::mutex listMutex;
-std::vector<std::pair<std::filesystem::path, RemovalKind>> list;
+std::vector<std::filesystem::path> list;
 
 BOOL WINAPI RemoveListed(DWORD) {
     const std::lock_guard lock(listMutex);
     std::error_code ignored;
-    for (auto entry = list.rbegin(); entry != list.rend(); ++entry) {
-        std::filesystem::remove(entry->first, ignored);
+    for (const std::filesystem::path& folder : list) {
+        std::filesystem::remove_all(folder, ignored);
     }
     return FALSE;  // the default handler then ends the program
 }
 
 }  // namespace
 
-void RemoveOnSignal(const std::filesystem::path& path, RemovalKind kind) {
+void RemoveOnSignal(const std::filesystem::path& folder) {
     static const bool installed = SetConsoleCtrlHandler(RemoveListed, TRUE) != 0;
     static_cast<void>(installed);
     const std::lock_guard lock(listMutex);
-    list.emplace_back(path, kind);
+    list.push_back(folder);
 }
 
-void KeepOnSignal(const std::filesystem::path& path) {
+void KeepOnSignal(const std::filesystem::path& folder) {
     const std::lock_guard lock(listMutex);
-    std::erase_if(list, [&](const auto& entry) {
-        return entry.first == path || entry.first.parent_path() == path;
-    });
+    std::erase(list, folder);
 }
 
 }  // namespace app
