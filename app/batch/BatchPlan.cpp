@@ -3,10 +3,11 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/base/TempFolder.h"
+#include "app/batch/InputList.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace app {
 namespace {
@@ -23,31 +24,24 @@ bool IsPrivateFolder(const path& folder) {
     return folder.filename().string().starts_with(kPrivateFolderPrefix);
 }
 
-path Canonical(const path& file) {
-    std::error_code error;
-    path canonical = std::filesystem::weakly_canonical(file, error);
-    return error ? file : canonical;
-}
-
 class Planner {
 public:
     Planner(const path& folder, const std::string& extension)
         : folder_(folder), extension_(extension) {}
 
-    void Add(const path& input, const path& relative) {
-        const path canonical = Canonical(input);
-        if (!inputs_.insert(canonical).second) {
+    void Add(const path& input, const path& relative, std::optional<std::uint64_t> bytes = {}) {
+        if (!inputs_.insert(Canonical(input)).second) {
             return;
         }
         path output = folder_ / relative;
         output.replace_extension(extension_);
-        const auto [other, isNew] = inputOf_.try_emplace(output, input);
+        const auto [other, isNew] = inputOf_.try_emplace(output.native(), input);
         if (!isNew) {
             throw UsageError(PathText(other->second) + " and " + PathText(input) +
                              " would both be written to " + PathText(output) +
                              "; convert them into different folders");
         }
-        items_.push_back({input, std::move(output)});
+        items_.push_back({input, std::move(output), bytes});
     }
 
     std::vector<BatchItem> Take() {
@@ -61,10 +55,27 @@ public:
     }
 
 private:
+    using Text = path::string_type;
+
+    // The file's name in its folder's own name. A batch may have a million files in few folders.
+    Text Canonical(const path& file) {
+        const path folder = file.has_parent_path() ? file.parent_path() : path(".");
+        const auto [known, isNew] = canonicalFolders_.try_emplace(folder.native());
+        if (isNew) {
+            std::error_code error;
+            known->second = std::filesystem::weakly_canonical(folder, error);
+            if (error) {
+                known->second = folder;
+            }
+        }
+        return (known->second / file.filename()).native();
+    }
+
     const path& folder_;
     const std::string& extension_;
-    std::set<path> inputs_;         // canonical
-    std::map<path, path> inputOf_;  // by output
+    std::unordered_map<Text, path> canonicalFolders_;  // by their names as given
+    std::unordered_set<Text> inputs_;                  // canonical
+    std::unordered_map<Text, path> inputOf_;           // by output
     std::vector<BatchItem> items_;
 };
 
@@ -112,7 +123,13 @@ std::vector<BatchItem> PlanBatch(std::span<const std::string> inputs,
             if (!std::filesystem::exists(input, error)) {
                 throw Failure(argument + ": there is no such file");
             }
-            planner.Add(input, input.filename());
+            if (!IsInputList(input)) {
+                planner.Add(input, input.filename());
+                continue;
+            }
+            for (const ListedInput& listed : ReadInputList(input)) {
+                planner.Add(listed.input, listed.place, listed.bytes);
+            }
             continue;
         }
         const std::vector<path> files = FilesBelow(input, inputExtensions);

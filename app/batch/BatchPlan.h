@@ -1,7 +1,9 @@
 // Which files a conversion of many reads and writes.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,13 +14,15 @@ namespace app {
 struct BatchItem {
     std::filesystem::path input;
     std::filesystem::path output;
+    std::optional<std::uint64_t> bytes = {};  // the input's size, where a list names it
 };
 
 // Returns the inputs with their outputs, in order; makes no file yet. A file's output is
 // `folder`/stem.`extension`. An input that is a folder means all files below it that have one
 // of `inputExtensions` (".mif", in any case), sorted. These keep their places in it: for the input
 // maps, the output of maps/north/roads.mif is `folder`/north/roads.`extension`. An input that is
-// named twice is taken once.
+// named twice is taken once. An input that is a list (InputList.h) means the files that it names,
+// which keep their folders; whether they exist shows when they are converted.
 //
 // Throws Failure for an input that does not exist and for a folder without such files. Throws
 // UsageError, with both names, when two inputs have the same output or an output is an input.

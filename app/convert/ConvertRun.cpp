@@ -93,8 +93,9 @@ bool IsCopy(const ConvertOptions& options, const Conversion& conversion) {
            !options.limit && (options.crs.empty() || options.crs == "keep");
 }
 
-void ConvertInput(const ConvertOptions& options, const NamedFile& input,
-                  const Conversion& conversion, Target& target, Reporter& reporter) {
+// Returns how many features were written.
+std::uint64_t ConvertInput(const ConvertOptions& options, const NamedFile& input,
+                           const Conversion& conversion, Target& target, Reporter& reporter) {
     const std::unique_ptr<Source> source =
         input.format.openSource(input.argument, conversion.sourceOptions);
     const std::size_t layer = input.format.holds.layers ? source->LayerNamed(options.layer) : 0;
@@ -107,10 +108,12 @@ void ConvertInput(const ConvertOptions& options, const NamedFile& input,
         source->Read(reporter, [&way](Feature& feature) { return way.Take(feature); });
     }
     way.End();
+    return way.WrittenCount();
 }
 
 // Returns false when there was nothing to write.
-bool Convert(const ConvertOptions& options, const Conversion& conversion, Reporter& reporter) {
+bool Convert(const ConvertOptions& options, const Conversion& conversion, Reporter& reporter,
+             std::optional<std::uint64_t>& features) {
     const NamedFile& output = conversion.output;
     if (IsCopy(options, conversion)) {
         SourceOptions sourceOptions = conversion.sourceOptions;
@@ -123,20 +126,27 @@ bool Convert(const ConvertOptions& options, const Conversion& conversion, Report
     }
     const std::unique_ptr<Target> target =
         output.format.openTarget(output.argument, conversion.targetOptions, reporter);
+    features = 0;
     for (const NamedFile& input : conversion.inputs) {
-        ConvertInput(options, input, conversion, *target, reporter);
+        *features += ConvertInput(options, input, conversion, *target, reporter);
     }
     return target->Finish();
 }
 
 }  // namespace
 
-int RunConvert(const ConvertOptions& options, Reporter& reporter) {
+int RunConvert(const ConvertOptions& options, Reporter& reporter,
+               std::optional<std::uint64_t>* features) {
     const Conversion conversion = Resolve(options, reporter);
     if (conversion.output.argument == "-" && IsTerminal(stdout)) {
         reporter.SetProgress(false);  // the features go to the terminal
     }
-    if (!Convert(options, conversion, reporter)) {
+    std::optional<std::uint64_t> written;
+    const bool hasOutput = Convert(options, conversion, reporter, written);
+    if (features != nullptr) {
+        *features = hasOutput ? written : 0;
+    }
+    if (!hasOutput) {
         reporter.Warning(options.paths.front() +
                          ": holds no objects that are drawn; nothing was written");
     }
