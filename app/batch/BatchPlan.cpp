@@ -3,6 +3,7 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/base/TempFolder.h"
+#include "app/base/Utf8.h"
 #include "app/batch/InputList.h"
 
 #include <algorithm>
@@ -26,11 +27,17 @@ bool IsPrivateFolder(const path& folder) {
 
 class Planner {
 public:
-    Planner(const path& folder, const std::string& extension)
-        : folder_(folder), extension_(extension) {}
+    Planner(const path& folder, const std::string& extension, const LayersOfInput& layersOf)
+        : folder_(folder), extension_(extension), layersOf_(layersOf) {}
 
     void Add(const path& input, const path& relative, std::optional<std::uint64_t> bytes = {}) {
         if (!inputs_.insert(Canonical(input)).second) {
+            return;
+        }
+        const std::vector<std::string> layers =
+            layersOf_ ? layersOf_(input) : std::vector<std::string>();
+        if (!layers.empty()) {
+            AddLayers(input, relative.parent_path(), layers);
             return;
         }
         path output = folder_ / relative;
@@ -41,7 +48,8 @@ public:
                              " would both be written to " + PathText(output) +
                              "; convert them into different folders");
         }
-        items_.push_back({input, std::move(output), bytes});
+        taken_.insert(FoldedCase(PathText(output)));
+        items_.push_back({input, std::move(output), "", bytes});
     }
 
     std::vector<BatchItem> Take() {
@@ -71,11 +79,32 @@ private:
         return (known->second / file.filename()).native();
     }
 
+    void AddLayers(const path& input, const path& relative,
+                   const std::vector<std::string>& layers) {
+        for (const std::string& layer : layers) {
+            const std::string stem = SafeFileName(layer);
+            path output = LayerFile(relative, stem);
+            for (int number = 2; !taken_.insert(FoldedCase(PathText(output))).second; ++number) {
+                output = LayerFile(relative, stem + "_" + std::to_string(number));
+            }
+            inputOf_.emplace(output.native(), input);
+            items_.push_back({input, std::move(output), layer, std::nullopt});
+        }
+    }
+
+    // The name may have full stops of its own.
+    path LayerFile(const path& relative, const std::string& stem) const {
+        const std::string dot = extension_.starts_with('.') ? "" : ".";
+        return folder_ / relative / PathFromArgument(stem + dot + extension_);
+    }
+
     const path& folder_;
     const std::string& extension_;
+    const LayersOfInput& layersOf_;
     std::unordered_map<Text, path> canonicalFolders_;  // by their names as given
     std::unordered_set<Text> inputs_;                  // canonical
     std::unordered_map<Text, path> inputOf_;           // by output
+    std::unordered_set<std::string> taken_;            // outputs, whatever their case
     std::vector<BatchItem> items_;
 };
 
@@ -114,8 +143,9 @@ std::vector<path> FilesBelow(const path& folder, std::span<const std::string_vie
 
 std::vector<BatchItem> PlanBatch(std::span<const std::string> inputs,
                                  const std::filesystem::path& folder, const std::string& extension,
-                                 std::span<const std::string_view> inputExtensions) {
-    Planner planner(folder, extension);
+                                 std::span<const std::string_view> inputExtensions,
+                                 const LayersOfInput& layersOf) {
+    Planner planner(folder, extension, layersOf);
     for (const std::string& argument : inputs) {
         const path input = PathFromArgument(argument);
         std::error_code error;

@@ -6,6 +6,7 @@
 #include "app/base/Utf8.h"
 #include "app/base/platform/System.h"
 #include "app/check/CheckProgress.h"
+#include "app/check/FindingsOfClause.h"
 #include "app/check/GatheredFindings.h"
 #include "app/check/LayerCheck.h"
 #include "app/check/PairCheck.h"
@@ -68,7 +69,7 @@ public:
             text += "object " + std::to_string(finding.object) + ": ";
         }
         text += Printable(finding.message) + "\n    " + finding.advice + "\n";
-        if (finding.code->isCaredFor && !asIs_) {
+        if (finding.isCaredFor && !asIs_) {
             text += "    qolf itself reads it as it was meant; it matters for other programs "
                     "only.\n";
         }
@@ -104,7 +105,7 @@ public:
         AppendMember(json, "object", finding.object);
         AppendMember(json, "count", finding.count);
         json += std::string(", \"otherProgramsOnly\": ") +
-                (finding.code->isCaredFor && !asIs_ ? "true" : "false");
+                (finding.isCaredFor && !asIs_ ? "true" : "false");
         AppendMember(json, "message", finding.message);
         AppendMember(json, "advice", finding.advice);
         out_.Write(json + "}");
@@ -161,11 +162,21 @@ FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& o
     Reporter silent(stderr, false, false);
     silent.SetVerbosity(Verbosity::Quiet);
     SetCodePageFor(header, options.encoding, /*areLettersUtf8=*/false, PathText(file), silent);
-    DecodedFindings decoded(sink, AreLettersBelieved(header, options.encoding));
-    const PairCheckOptions pairOptions{.maxPerCode = options.maxPerCode,
-                                       .tabRewriting = TabRewriting::Off,
-                                       .charset = CharsetOf(options.encoding),
-                                       .progress = progress.NextPass(file)};
+    std::vector<ClauseFault> faults;
+    if (options.assumedSystem == nullptr && !options.asIs) {
+        faults = FaultsOfClause(header.coordSysText);
+    }
+    FindingsOfClause ofClause(sink, faults);
+    DecodedFindings decoded(options.asIs ? sink : ofClause,
+                            AreLettersBelieved(header, options.encoding));
+    PairCheckOptions pairOptions{.maxPerCode = options.maxPerCode,
+                                 .tabRewriting = TabRewriting::Off,
+                                 .charset = CharsetOf(options.encoding),
+                                 .faultsOfClause = faults,
+                                 .progress = progress.NextPass(file)};
+    if (options.assumedSystem != nullptr) {
+        pairOptions.possible = PossibleCoordinates(*options.assumedSystem);
+    }
     CheckedPair pair;
     if (options.maxPerCode == 0) {
         pair = CheckPair(file, pairOptions, decoded);

@@ -53,7 +53,8 @@ void Pass(FindingCode code, const std::filesystem::path& mif, std::string messag
               .line = 0,
               .object = 0,
               .message = std::move(message),
-              .advice = info.advice});
+              .advice = info.advice,
+              .isCaredFor = info.readBy == ReadByCommand::Yes});
 }
 
 std::string WithoutName(const std::string& text, const std::filesystem::path& mif) {

@@ -91,6 +91,7 @@ private:
     }
     bool Opens(const std::filesystem::path& path, FileOfPair file, InputFile& stream);
     void CheckMif(ByteSource& input);
+    void ReportFaultsOfClause();
     void CheckMidName();
     void CheckMid(ByteSource& input);
     void CompareRows();
@@ -140,9 +141,21 @@ void PairChecker::CheckMif(ByteSource& input) {
     }
     pair_.isReadable = true;
     PassHeader(lines, report_, options_.tabRewriting, pair_.header);
+    ReportFaultsOfClause();
+    if (options_.possible) {
+        pair_.header.possible = options_.possible;
+    }
     if (pair_.header.hasData) {
         ShapeCheck shapes(pair_.header, report_);
         pair_.objects = ObjectPass(lines, report_, shapes, object).Run();
+    }
+}
+
+void PairChecker::ReportFaultsOfClause() {
+    for (const ClauseFault& fault : options_.faultsOfClause) {
+        if (report_.Counts()[static_cast<std::size_t>(fault.code)].found == 0) {
+            report_.Add(fault.code, {FileOfPair::Mif, pair_.header.coordSys.line, 0}, fault.text);
+        }
     }
 }
 

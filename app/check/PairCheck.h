@@ -1,6 +1,7 @@
 // Checks a .mif file and its .mid file.
 #pragma once
 
+#include "app/crs/ReadClause.h"
 #include "app/mif/FindingCounter.h"
 #include "app/mif/HeaderPass.h"
 #include "app/mif/MifHeader.h"
@@ -9,7 +10,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace app {
 
@@ -19,7 +22,11 @@ using ProgressSink = std::function<void(double)>;
 struct PairCheckOptions {
     std::uint64_t maxPerCode = 100;  // findings of one code that are passed on; 0: all
     TabRewriting tabRewriting = TabRewriting::Off;
-    std::string charset = {};    // in place of the header's, by its name in headers; empty: its own
+    std::string charset = {};  // in place of the header's, by its name in headers; empty: its own
+    std::optional<shr::Box2d> possible = {};  // coordinates; absent: those of the declared system
+    // What is wrong with the clause for this program; those that no finding is about become
+    // findings.
+    std::vector<ClauseFault> faultsOfClause = {};
     ProgressSink progress = {};  // empty: nobody asks
 };
 

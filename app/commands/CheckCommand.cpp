@@ -49,6 +49,10 @@ void AddCheckCommand(CLI::App& program, CommandContext& context) {
         ->add_option("--encoding", arguments->encoding,
                      "Encoding of the texts, whatever the headers say")
         ->type_name("NAME");
+    command
+        ->add_option("--assume-crs", arguments->assumedCrs,
+                     "Coordinate system of the files, whatever their headers say")
+        ->type_name("SYSTEM");
     command->add_flag("--codes", arguments->codes, "List all codes with their meaning");
     command->footer(kCheckFooter);
     command->callback([arguments, &context] {
@@ -60,6 +64,10 @@ void AddCheckCommand(CLI::App& program, CommandContext& context) {
             arguments->files = inputs.arguments;
             CheckOptions options = CheckedCheckOptions(*arguments);
             options.modulePath = context.modulePath;
+            if (!arguments->assumedCrs.empty()) {
+                options.assumedSystem =
+                    context.systemOfOption("--assume-crs", arguments->assumedCrs, context.reporter);
+            }
             return RunCheck(options, context.reporter);
         };
     });

@@ -23,6 +23,8 @@ Examples:
   qolf convert --crs EPSG:3301 in.geojson out.mif
   qolf convert --bbox 24,58,26,60 --select id,name roads.mif - | jq .
   qolf convert --where "pop > 1000 and name like 'A%'" places.mif a.geojson
+  qolf convert --merge --source-column north.mif south.mif all.mif
+  qolf convert --to mif --output-dir out/ maps.gpkg a file for each layer
   qolf convert --jobs 2 --to gpkg --output-dir out/ maps/
   qolf convert --shard 3/8 --resume --to gpkg --output-dir out/ files.txt)";
 
@@ -57,8 +59,14 @@ std::vector<double> BoxOf(const std::string& text) {
 }
 
 void AddSelection(CLI::App& command, ConvertOptions& options) {
-    command.add_option("--layer", options.layer, "Name of the layer to write, or to read")
-        ->type_name("NAME");
+    command
+        .add_option("--layer", options.layers,
+                    "Layers to read from a GeoPackage, or name of the layer to write")
+        ->type_name("NAME,...")
+        ->allow_extra_args(false);
+    command.add_flag("--merge", options.merge, "Make one layer of all inputs");
+    command.add_flag("--source-column", options.withSourceColumn,
+                     "With --merge: a column \"source\" with the input of each object");
     command
         .add_option_function<std::vector<std::string>>(
             "--select",
@@ -157,8 +165,10 @@ void AddBatch(CLI::App& command, ConvertOptions& options) {
 Inputs ResolveInputsOf(ConvertOptions& options, CommandContext& context) {
     const bool hasOutput = options.outputFolder.empty();
     const auto end = options.paths.end() - (hasOutput ? 1 : 0);
-    Inputs inputs = context.Resolve({options.paths.begin(), end},
-                                    hasOutput ? InputRule::Archives : InputRule::Folders);
+    const InputRule rule = !hasOutput      ? InputRule::Folders
+                           : options.merge ? InputRule::Files
+                                           : InputRule::Archives;
+    Inputs inputs = context.Resolve({options.paths.begin(), end}, rule);
     options.paths.erase(options.paths.begin(), end);
     options.paths.insert(options.paths.begin(), inputs.arguments.begin(), inputs.arguments.end());
     return inputs;

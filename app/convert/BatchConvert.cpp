@@ -5,18 +5,44 @@
 #include "app/batch/BatchRun.h"
 #include "app/batch/ShardRun.h"
 #include "app/convert/ConvertRun.h"
+#include "app/convert/LayerChoice.h"
 #include "app/crs/Definitions.h"
 #include "app/formats/Formats.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace app {
 namespace {
 
-// What is wrong with these arguments is said once, and not for every file.
-void CheckSystems(const ConvertOptions& options, Reporter& reporter) {
-    if (!options.crs.empty() && options.crs != "keep") {
+// A wrong system is said once, and not for every file.
+void CheckSystem(const ConvertOptions& options, Reporter& reporter) {
+    if (!options.crs.empty() && options.crs != kKeepSystem) {
         static_cast<void>(SystemOfOption("--crs", options.crs, reporter));
     }
-    static_cast<void>(SourceOptionsOf(options, reporter));
+}
+
+// The layers of a package that become a file each; none for an input that becomes one file.
+std::vector<std::string> LayersOf(const ConvertOptions& options, const SourceOptions& sourceOptions,
+                                  const std::filesystem::path& input) {
+    const std::string argument = ArgumentOfPath(input);
+    const Format& format = FormatOfPath(argument);
+    if (!format.holds.layers) {
+        return {};
+    }
+    try {
+        const std::unique_ptr<Source> source = format.openSource(argument, sourceOptions);
+        const std::vector<std::string> names = source->LayerNames();
+        std::vector<std::string> layers;
+        for (const std::size_t layer : ChosenLayers(*source, options.layers)) {
+            layers.push_back(names[layer]);
+        }
+        return names.size() > 1 ? layers : std::vector<std::string>();
+    } catch (const Failure&) {
+        return {};  // its conversion says why
+    }
 }
 
 }  // namespace
@@ -27,12 +53,22 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
     }
     const Format& format = FormatOfName(options.format);
     CheckStyles(options, format);
+    if (options.merge) {
+        throw UsageError("--merge makes one output, and --output-dir a file each");
+    }
     const std::string_view extension = format.extensions.front();
-    CheckSystems(options, reporter);
+    const SourceOptions sourceOptions = SourceOptionsOf(options, reporter);
+    LayersOfInput layersOf;
+    if (!format.holds.layers) {
+        layersOf = [&](const std::filesystem::path& input) {
+            return LayersOf(options, sourceOptions, input);
+        };
+    }
+    CheckSystem(options, reporter);
     const std::filesystem::path folder = PathFromArgument(options.outputFolder);
     BatchOptions batch;
     batch.items = PlanBatch(options.paths, folder, std::string(extension.substr(1)),
-                            FormatOfName("mif").extensions);
+                            FormatOfName("mif").extensions, layersOf);
     batch.jobs = options.jobs;
     batch.resume = options.resume;
     batch.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
@@ -41,6 +77,9 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
         ConvertOptions one = options;
         one.paths = {item.input.string(), item.output.string()};
         one.outputFolder.clear();
+        if (!item.layer.empty()) {
+            one.layers = {item.layer};
+        }
         one.overwrite = ifExists == IfExists::Overwrite;
         ConvertedItem converted;
         converted.exitCode = RunConvert(one, itemReporter, &converted.features);

@@ -2,6 +2,7 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "host/zeio/Errors.h"
 #include "standalone/Text.h"
 
 #include <algorithm>
@@ -16,11 +17,10 @@ namespace {
 constexpr std::uint32_t kRendersText = 0x1;
 constexpr std::uint32_t kRendersMarkers = 0x2;
 
-// The filter only says that it can't write.
-std::string ReasonOf(int errorNumber) {
+// Whether a failed write can have this reason.
+bool IsReason(int errorNumber) {
     constexpr std::array kReasons{ENOSPC, EFBIG, EIO};
-    const bool isKnown = std::ranges::find(kReasons, errorNumber) != kReasons.end();
-    return isKnown ? std::string(": ") + std::strerror(errorNumber) : "";
+    return std::ranges::find(kReasons, errorNumber) != kReasons.end();
 }
 
 class ExportHost : public ReportingHost {
@@ -65,8 +65,11 @@ void ExportRun::Parts::Rethrow(const shr::IError& error, int errorNumber) const 
         observer->Thrown(error,
                          [this](const std::wstring& text) { return pair.WithFinalPath(text); });
     }
-    const std::string text =
-        standalone::Narrow(pair.WithFinalPath(error.Message())) + ReasonOf(errorNumber);
+    // The filter only says that it can't write.
+    if (IsReason(errorNumber) && dynamic_cast<const zeio::FileWriteError*>(&error) != nullptr) {
+        throw Failure(PathText(settings.path) + ": can't write: " + std::strerror(errorNumber));
+    }
+    const std::string text = standalone::Narrow(pair.WithFinalPath(error.Message()));
     const std::string name = PathText(settings.path.filename());
     throw Failure(text.find(name) == std::string::npos ? PathText(settings.path) + ": " + text
                                                        : text);

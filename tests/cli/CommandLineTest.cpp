@@ -239,7 +239,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "--background must be "},
         UsageRow{"OfAPicture",
                  {"draw", "--to", "gif", cli::Sample("texts.mif"), "a.gif"},
-                 "--to must be svg, png or pdf"},
+                 "--to must be svg, png, pdf or html"},
         UsageRow{"OfAStoredOption", {"options", "set", "RenderText=maybe"}, "RenderText=maybe"},
         UsageRow{"WhereAStoredOptionHasNone",
                  {"options", "set", "RenderText"},

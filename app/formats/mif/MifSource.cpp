@@ -158,8 +158,15 @@ void MifSource::BeginReading(Reporter& reporter) {
         SetCodePageFor(header_, options_.encoding, reading_->Pair().areLettersUtf8, Name(),
                        reporter);
         MakeRun(reading_->Copy().Path(), reporter);
+        codePage_ = standalone::CodePage0();
     }
+    UseOwnCodePage();
     FillFacts();
+}
+
+// Another source may have set its own since.
+void MifSource::UseOwnCodePage() const {
+    static_cast<void>(standalone::SetCodePage0(codePage_));
 }
 
 void MifSource::FillFacts() {
@@ -182,7 +189,9 @@ void MifSource::Read(Reporter& reporter, const FeatureSink& sink) {
 }
 
 void MifSource::ReadJoined(Reporter& reporter, const FeatureSink& sink) {
-    const bool hasRows = !reading_->Pair().mid.empty() && !header_.columns.empty();
+    UseOwnCodePage();
+    const bool hasRows =
+        !options_.withoutValues && !reading_->Pair().mid.empty() && !header_.columns.empty();
     const InputFile mid = hasRows ? OpenInput(reading_->Pair().mid) : nullptr;
     if (hasRows && mid == nullptr) {
         throw Failure(PathText(reading_->Pair().mid) + ": can't be opened");

@@ -210,8 +210,10 @@ TEST_F(GeoPackageReader, ReadsALayerByItsName) {
 TEST_F(GeoPackageReader, AsksWhichOfSeveralLayers) {
     WriteTwoLayers();
 
-    EXPECT_EQ(ErrorOf(), Path().string() + ": holds several layers; choose one with --layer: "
-                                           "roads, places");
+    EXPECT_EQ(ErrorOf(), Path().string() +
+                             ": holds several layers; choose with --layer, or merge them with "
+                             "--merge, or write a file each with --output-dir: "
+                             "roads, places");
 }
 
 TEST_F(GeoPackageReader, NamesTheLayersThatAreThere) {
