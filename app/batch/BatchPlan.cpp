@@ -104,7 +104,7 @@ private:
     std::unordered_map<Text, path> canonicalFolders_;  // by their names as given
     std::unordered_set<Text> inputs_;                  // canonical
     std::unordered_map<Text, path> inputOf_;           // by output
-    std::unordered_set<std::string> taken_;            // outputs, whatever their case
+    std::unordered_set<std::u32string> taken_;         // outputs, whatever their case
     std::vector<BatchItem> items_;
 };
 

@@ -20,7 +20,7 @@ protected:
         std::vector<app::BatchItem> items;
         for (const char* name : {"a", "b", "c", "d"}) {
             items.push_back({folder_.path() / (std::string(name) + ".mif"),
-                             folder_.path() / (std::string(name) + ".gpkg"), 1'000'000});
+                             folder_.path() / (std::string(name) + ".gpkg"), "", 1'000'000});
         }
         app::PlanShards(items, 2, folder_.path(), app::OtherPlan::Refuse);
     }
