@@ -6,6 +6,7 @@
 #include "app/batch/ShardRun.h"
 #include "app/convert/ConvertRun.h"
 #include "app/convert/LayerChoice.h"
+#include "app/convert/SystemPlan.h"
 #include "app/crs/Definitions.h"
 #include "app/formats/Formats.h"
 
