@@ -22,6 +22,7 @@ namespace {
 class ShardRun : public testing::Test {
 protected:
     ShardRun() {
+        options_.jobs = 1;
         options_.convert = [](const app::BatchItem& item, app::IfExists,
                               app::Reporter&) -> app::ConvertedItem {
             if (item.input.filename() == "bad.mif") {
