@@ -16,7 +16,7 @@ public:
     ShownPlace& operator=(const ShownPlace&) = delete;
 
 private:
-    std::string folder_;  // as it stands in texts
+    std::string folder_;  // as texts have it
 };
 
 // Returns the text with every path below such a folder replaced by the one to show.

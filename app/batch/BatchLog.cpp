@@ -119,7 +119,8 @@ BatchLog::BatchLog(const std::filesystem::path& file, Begin begin) : file_(file)
     if (stream_ == nullptr) {
         throw Failure(PathText(file_) + ": can't write: " + std::strerror(errno));
     }
-    // Without a buffer a line is one write: a killed run leaves all of it or nothing, as a rule.
+    // Without a buffer each line is written by one call, so a killed run leaves a whole line or no
+    // part of it in nearly all cases. Readers skip a line that was cut off.
     std::setvbuf(stream_.get(), nullptr, _IONBF, 0);
     if (isCut) {
         Write("\n");

@@ -19,7 +19,7 @@ namespace {
 using std::filesystem::path;
 using LastLines = std::unordered_map<std::string, BatchLogLine>;  // by output
 
-// What stands in a name for bytes that are no UTF-8.
+// Replaces bytes of a name that are no UTF-8.
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 // The last line of each file; of several parts' lines, a success wins.

@@ -18,7 +18,7 @@ struct ListedInput {
 // Whether the path is that of a list: it ends in .txt or .lst, in any case.
 bool IsInputList(const std::filesystem::path& path);
 
-// Returns what the list holds: a path a line, or a size in bytes, a tab and a path, as
+// Returns what the list holds. Each line has one path, or a size in bytes, a tab and a path, as
 // `find -printf '%s\t%p\n'` prints them. Paths are relative to the working folder. Empty lines are
 // passed over. Throws Failure for a list that can't be read or is empty; UsageError, with the line,
 // for a path that leads out of the working folder ("../roads.mif"), of which no place follows.

@@ -27,7 +27,8 @@ CoordinateSystem ReadClause(std::string_view text);
 // codes whose version is not known.
 std::optional<int> VersionOfClause(std::string_view text);
 
-// What ReadClause could not take as it stands in a clause: the system's warnings and its problem.
+// What ReadClause could not take from a clause as it is written: the system's warnings and its
+// problem.
 struct ClauseFault {
     FindingCode code;        // of the same part of the clause
     std::string text;        // what is taken instead, or why the system is unknown

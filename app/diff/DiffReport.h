@@ -70,7 +70,7 @@ private:
     DiffTotals totals_;
     std::uint64_t shown_ = 0;
     bool hasHeading_ = false;  // the names of the layers are printed
-    bool hasLayer_ = false;    // JSON: a layer stands before the next one
+    bool hasLayer_ = false;    // JSON: a layer comes before the next one
     bool isAnyDifferent_ = false;
 };
 

@@ -1,19 +1,12 @@
 #include "app/draw/MapPainter.h"
 
-#include "app/map/FontCatalogue.h"
-
 #include "app/draw/PlacedPath.h"
+#include "app/map/FontCatalogue.h"
+#include "app/map/MapReader.h"
 
 #include <vector>
 
 namespace app {
-
-namespace {
-
-// Edges of a full turn, for ellipses, arcs and rounded corners.
-constexpr int kSegments = 180;
-
-}  // namespace
 
 MapPainter::MapPainter(cairo_t* context, const Viewport& viewport, StyleSource styleSource)
     : page_(viewport.Page()), viewport_(viewport), styles_(ResolverWithFonts(styleSource)),
@@ -45,7 +38,7 @@ void MapPainter::Draw(const Geometry& geometry) {
     case GeometryKind::Ellipse:
     case GeometryKind::Arc: {
         Geometry flat = geometry;
-        FlattenCurves(flat, kSegments);
+        FlattenCurves(flat, kTurnSegments);
         Draw(flat);
         return;
     }

@@ -1,10 +1,10 @@
 #include "app/draw/MapScale.h"
 
+#include "app/base/Angles.h"
 #include "app/base/Errors.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <vector>
 
 namespace app {
@@ -12,15 +12,13 @@ namespace app {
 namespace {
 
 constexpr double kEarthRadius = 6371008.8;  // metres, in the mean
-constexpr double kRadians = std::numbers::pi / 180.0;
 
 // The way over a ball between two places in degrees.
 double GreatCircle(const shr::Vec2d& from, const shr::Vec2d& to) {
-    const double latitude = std::sin((to.y - from.y) * kRadians / 2.0);
-    const double longitude = std::sin((to.x - from.x) * kRadians / 2.0);
-    const double chord = latitude * latitude + std::cos(from.y * kRadians) *
-                                                   std::cos(to.y * kRadians) * longitude *
-                                                   longitude;
+    const double latitude = std::sin((to.y - from.y) * kDegree / 2.0);
+    const double longitude = std::sin((to.x - from.x) * kDegree / 2.0);
+    const double chord = latitude * latitude + std::cos(from.y * kDegree) *
+                                                   std::cos(to.y * kDegree) * longitude * longitude;
     return 2.0 * kEarthRadius * std::asin(std::sqrt(std::min(chord, 1.0)));
 }
 

@@ -13,9 +13,6 @@ namespace app {
 
 namespace {
 
-// Edges of a full turn, for ellipses, arcs and rounded corners.
-constexpr int kSegments = 180;
-
 // The thinning here comes before that on the page, and leaves it most of a quarter of a pixel.
 constexpr double kThinningPixels = 0.125;
 
@@ -59,7 +56,7 @@ void PictureMap::Take(Feature& feature) {
 }
 
 void PictureMap::TakeGeometry(Geometry& geometry, const std::string& label) {
-    FlattenCurves(geometry, kSegments);
+    FlattenCurves(geometry, kTurnSegments);
     const shr::Box2d box = DrawableBox(geometry);
     if (box.IsEmpty()) {
         return;

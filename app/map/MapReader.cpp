@@ -13,9 +13,6 @@ namespace app {
 
 namespace {
 
-// Edges of a full turn when curves are moved into another system.
-constexpr int kSegments = 180;
-
 // "LAYER:COLUMN" for a layer, or "COLUMN" for any: the column's place in the layer.
 std::optional<std::size_t> ColumnOfLabel(const std::string& label, const LayerFacts& layer) {
     for (std::size_t i = 0; i < layer.columns.size(); ++i) {
@@ -32,7 +29,7 @@ void Place(Geometry& geometry, LayerTransform& transform) {
         SetTextFrame(geometry);
     }
     if (transform.IsNeeded()) {
-        FlattenCurves(geometry, kSegments);
+        FlattenCurves(geometry, kTurnSegments);
         transform.Apply(geometry.points);
     }
 }

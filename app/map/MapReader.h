@@ -14,6 +14,9 @@
 
 namespace app {
 
+// Edges of a full turn that make ellipses, arcs and rounded corners look round on a map.
+inline constexpr int kTurnSegments = 180;
+
 struct MapInput {
     std::vector<std::string> paths;  // the top one last
     std::string crs;                 // of the map: a definition; empty: that of the first layer

@@ -51,8 +51,8 @@ bool IsUrlCharacter(char c) {
     return c > ' ' && c < 0x7F && std::string_view("\"'<>\\^`|").find(c) == std::string_view::npos;
 }
 
-// The scheme and host of the tiles, as the content policy names them; the servers that {s} stands
-// for are all those below the rest. Empty for what is no address of tiles.
+// The scheme and host of the tiles, as the content policy names them; {s} means
+// all servers below the rest. Empty for what is no address of tiles.
 std::string OriginOf(const std::string& url) {
     const std::size_t scheme = url.starts_with("https://") ? 8 : url.starts_with("http://") ? 7 : 0;
     const bool hasPlaces =

@@ -1,5 +1,6 @@
 #include "app/page/PageFeature.h"
 
+#include "app/base/Angles.h"
 #include "app/feature/LabelText.h"
 #include "app/feature/RingNesting.h"
 #include "app/json/JsonObjectWriter.h"
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <span>
 
 namespace app {
@@ -18,7 +18,6 @@ namespace {
 
 constexpr double kEarthRadius = 6378137.0;  // metres, of the web's Mercator projection
 constexpr double kLargestLatitude = 85.06;
-constexpr double kRadians = std::numbers::pi / 180.0;
 constexpr double kTurn = 360.0;
 
 using Points = std::vector<shr::Vec2d>;
@@ -276,8 +275,8 @@ shr::Vec2d OnPlane(const shr::Vec2d& point, PagePlane plane) {
     if (plane == PagePlane::Units) {
         return point;
     }
-    const double latitude = std::clamp(point.y, -kLargestLatitude, kLargestLatitude) * kRadians;
-    return {point.x * kRadians * kEarthRadius, std::asinh(std::tan(latitude)) * kEarthRadius};
+    const double latitude = std::clamp(point.y, -kLargestLatitude, kLargestLatitude) * kDegree;
+    return {point.x * kDegree * kEarthRadius, std::asinh(std::tan(latitude)) * kEarthRadius};
 }
 
 void AppendFeature(std::string& out, const PageFeature& feature, float tolerance, int decimals) {

@@ -6,7 +6,7 @@
 
 namespace app {
 
-// All are UTF-8, valid as long as the program runs, and can't end the element that they stand in.
+// All are UTF-8, valid as long as the program runs, and can't end the element that they are in.
 std::string_view EmbeddedScript();
 std::string_view EmbeddedStyles();
 std::string_view EmbeddedNotice();  // the library's licence, as the content of a comment

@@ -14,9 +14,6 @@ namespace app {
 
 namespace {
 
-// Edges of a full turn, for ellipses, arcs and rounded corners.
-constexpr int kSegments = 180;
-
 // The finest tolerance: nobody would see less. Parts of the map's longer side, and metres.
 constexpr double kFinestPart = 1.0 / (1 << 20);
 constexpr double kFinestMetres = 0.1;
@@ -148,7 +145,7 @@ void PageLayers::Take(Feature& feature) {
 
 std::optional<PageMember> PageLayers::TakeGeometry(Geometry& geometry) {
     const Layer& layer = layers_.back();
-    FlattenCurves(geometry, kSegments);
+    FlattenCurves(geometry, kTurnSegments);
     PageMember member = MemberOf(geometry, layer.plane, layer.unwraps);
     if (member.points.empty()) {
         return std::nullopt;

@@ -227,7 +227,7 @@ public:
         constexpr int kLongestText = 100'000'000;
         sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestText);
         const std::string select = "SELECT 1 FROM feature WHERE ";
-        // First as it stands: in brackets, a fault at its end would be found behind it.
+        // First unchanged: in brackets, a fault at its end would be found behind it.
         static_cast<void>(Prepared(select, expression));
         statement_.emplace(Prepared(select + "(", expression + "\n)"));
         if (sqlite3_bind_parameter_count(statement_->Handle()) > 0) {
@@ -277,7 +277,7 @@ private:
         std::string problem = NoSuchColumn(columns_, name);
         const bool isNameMeant = problem.find("did you mean") != std::string::npos;
         if (!isNameMeant || rest.starts_with('"')) {
-            problem += "; a text stands in single quotes: '" + name + "'";
+            problem += "; a text needs single quotes: '" + name + "'";
         }
         throw Failure(subject_ + ": " + kOption + ": " + problem +
                       (isWithin ? WithCaret(expression_, offset) : ""));

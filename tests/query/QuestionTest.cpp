@@ -160,7 +160,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "popp > 5\n  ^"},
         ProblemRow{"ATextInDoubleQuotes", "name = \"Tartu\"",
                    "failure: a.mif: --where: there is no column \"Tartu\"; the columns are: pop, "
-                   "name, code, open, since, area, Pop 2020, NAME, Õ\"q; a text stands in single "
+                   "name, code, open, since, area, Pop 2020, NAME, Õ\"q; a text needs single "
                    "quotes: 'Tartu'\n  name = \"Tartu\"\n         ^"}),
     [](const auto& row) { return std::string(row.param.name); });
 
