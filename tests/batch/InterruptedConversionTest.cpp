@@ -124,10 +124,13 @@ protected:
         return names;
     }
 
+    // Of the files in a folder, without those of folders in it.
     std::map<std::string, std::string> BytesIn(const std::string& folder) const {
         std::map<std::string, std::string> bytes;
         for (const std::string& name : NamesIn(folder)) {
-            bytes[name] = folder_.Read(folder + "/" + name);
+            if (!fs::is_directory(folder_.path() / folder / name)) {
+                bytes[name] = folder_.Read(folder + "/" + name);
+            }
         }
         return bytes;
     }
@@ -191,10 +194,7 @@ TEST_F(ManyFiles, InPartsOfWhichOneIsKilledGiveTheBytesOfAnUndisturbedRun) {
     EXPECT_EQ(Run("geojson", "parts", second), 0) << folder_.Read("messages");
     EXPECT_EQ(Run("geojson", "parts", first), 0) << folder_.Read("messages");
 
-    for (const auto& [name, bytes] : BytesIn("whole")) {
-        EXPECT_EQ(folder_.Read("parts/" + name), bytes) << name;
-    }
-    EXPECT_EQ(NamesIn("parts").size(), 401U);  // and .qolf
+    EXPECT_TRUE(BytesIn("parts") == BytesIn("whole"));
     EXPECT_EQ(NamesIn("parts/.qolf"),
               (std::vector<std::string>{"1-of-2.jsonl", "2-of-2.jsonl", "plan.jsonl"}));
     for (const char* log : {"parts/.qolf/1-of-2.jsonl", "parts/.qolf/2-of-2.jsonl"}) {
