@@ -22,6 +22,7 @@ struct ConvertOptions {
     bool resume = false;
 
     bool overwrite = false;
+    bool append = false;  // --append: to an output that may be there already
     bool asIs = false;
     bool noStore = false;
     bool withStyles = false;
