@@ -1,5 +1,6 @@
 // The options of qolf convert.
 #include "app/commands/Command.h"
+#include "app/commands/NumberRules.h"
 #include "app/convert/BatchConvert.h"
 #include "app/convert/ConvertRun.h"
 #include "app/formats/Formats.h"
@@ -88,7 +89,7 @@ void AddSelection(CLI::App& command, ConvertOptions& options) {
         ->type_name("BOX");
     command.add_option("--limit", options.limit, "Stop after so many features")
         ->type_name("N")
-        ->check(CLI::NonNegativeNumber);
+        ->check(WholeNumber());
 }
 
 void AddInput(CLI::App& command, ConvertOptions& options) {
@@ -110,12 +111,12 @@ void AddInput(CLI::App& command, ConvertOptions& options) {
         ->type_name("NAME");
     command.add_option("--precision", options.precision, "Decimals of the output's coordinates")
         ->type_name("N")
-        ->check(CLI::Range(0, 15));
+        ->check(WholeNumber(0, 15));
     command.add_flag("--as-is", options.asIs, "Give the file to the module without any care");
     command
         .add_option("--segments", options.segments, "Edges of a full turn when curves become lines")
         ->type_name("N")
-        ->check(CLI::Range(4, 100000))
+        ->check(WholeNumber(4, 100000))
         ->capture_default_str();
     command.add_flag("--styles", options.withStyles,
                      "Write the styles to GeoJSON or a GeoPackage, too");
@@ -129,16 +130,18 @@ void AddExport(CLI::App& command, ConvertOptions& options) {
     command.add_flag("--no-render-text", options.noRenderText, "Write no texts to MIF");
     command.add_flag("--no-render-markers", options.noRenderMarkers, "Write no points to MIF");
     command.add_flag("--defaults", options.useDefaults,
-                     "Start from the export's defaults, not from the stored options");
+                     "With --as-is: start from the export's defaults, not from the stored options");
     command
         .add_option("--option-string", options.optionString,
                     "Options for the export filter: \"AreasToCurves=1;RenderText=0\"")
         ->type_name("TEXT");
-    command.add_flag("--no-store", options.noStore, "Neither read nor write stored options");
+    command.add_flag("--no-store", options.noStore,
+                     "With --as-is: neither read nor write stored options");
 }
 
 void AddBatch(CLI::App& command, ConvertOptions& options) {
     command.add_option("--to", options.format, "Format: " + FormatNames())->type_name("FORMAT");
+    command.add_option("--format", options.format)->group("");  // its name in other programs
     CLI::Option* const folder =
         command
             .add_option("--output-dir", options.outputFolder,
@@ -146,7 +149,7 @@ void AddBatch(CLI::App& command, ConvertOptions& options) {
             ->type_name("FOLDER");
     command.add_option("--jobs", options.jobs, "Processes at a time with --output-dir")
         ->type_name("N")
-        ->check(CLI::Range(1, 256))
+        ->check(WholeNumber(1, 256))
         ->needs(folder);
     command
         .add_flag("--resume", options.resume,

@@ -80,9 +80,21 @@ SystemPlan Kept(const SystemPtr& source, SystemRule rule, bool isAsked, const st
     }
 }
 
+SystemPtr ClauseOfOption(const std::string& option, const std::string& definition,
+                         const CoordinateSystem& system, Reporter& reporter) {
+    try {
+        return AsClause(system, option + " " + definition + ": ", reporter);
+    } catch (const Failure& failure) {
+        throw UsageError(failure.what());
+    }
+}
+
 SystemPlan Plan(const SystemPtr& source, SystemRule rule, const std::string& crs,
                 const std::string& prefix, Reporter& reporter) {
     if (source == nullptr || !source->IsOnEarth()) {
+        if (!crs.empty() && crs != kKeepSystem) {
+            static_cast<void>(SystemOfOption("--crs", crs, reporter));  // refuses what is none
+        }
         return {source, std::nullopt};
     }
     if (crs == kKeepSystem || (crs.empty() && rule == SystemRule::AsClause)) {
@@ -92,7 +104,7 @@ SystemPlan Plan(const SystemPtr& source, SystemRule rule, const std::string& crs
     if (rule != SystemRule::AsClause) {
         return Reprojected(source, std::move(named), prefix, reporter);
     }
-    SystemPtr clause = AsClause(*named, "--crs " + crs + ": ", reporter);
+    SystemPtr clause = ClauseOfOption("--crs", crs, *named, reporter);
     return IsSameSystem(*source, *named) ? SystemPlan{std::move(clause), std::nullopt}
                                          : Reprojected(source, std::move(clause), prefix, reporter);
 }

@@ -22,10 +22,10 @@ std::size_t Source::LayerNamed(const std::string& name) const {
         if (layers.size() == 1) {
             return 0;
         }
-        throw Failure(name_ +
-                      ": holds several layers; choose with --layer, or merge them with "
-                      "--merge, or write a file each with --output-dir: " +
-                      names);
+        throw UsageError(name_ +
+                         ": holds several layers; choose with --layer, or merge them with "
+                         "--merge, or write a file each with --output-dir: " +
+                         names);
     }
     auto found = std::ranges::find(layers, name);
     if (found == layers.end()) {
@@ -35,9 +35,9 @@ std::size_t Source::LayerNamed(const std::string& name) const {
     }
     if (found == layers.end()) {
         const std::optional<std::string> nearest = NearestName(name, layers);
-        throw Failure(name_ + ": holds no layer " + name +
-                      (nearest ? "; did you mean " + *nearest + "? It has: " : "; it has: ") +
-                      names);
+        throw UsageError(name_ + ": holds no layer " + name +
+                         (nearest ? "; did you mean " + *nearest + "? It has: " : "; it has: ") +
+                         names);
     }
     return static_cast<std::size_t>(found - layers.begin());
 }

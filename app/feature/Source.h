@@ -34,6 +34,8 @@ using DamageSink = std::function<void(const FeatureDamage& damage)>;
 struct SourceOptions {
     bool asIs = false;     // --as-is: the module gets a MIF file without any care
     bool noStore = false;  // --no-store: the filter neither reads nor writes stored options
+    bool withoutValues =
+        false;             // values may be null, where that is faster; faults of rows go unsaid
     std::string encoding;  // --encoding, of a MIF file's texts; empty: by its header
     std::shared_ptr<const CoordinateSystem> assumedSystem;  // --assume-crs; null: the source's own
     std::string modulePath;                                 // as in Module

@@ -106,7 +106,7 @@ TEST(APackageOfSeveralLayers, IsNotOnePairUnlessALayerIsChosen) {
         sandbox.Qolf({"convert", "--layer", "island,island-ways", "in.gpkg", "o.mif"});
     const Result one = sandbox.Qolf({"convert", "--layer", "ISLAND", "in.gpkg", "o.mif"});
 
-    EXPECT_EQ(all.exitCode, 1);
+    EXPECT_EQ(all.exitCode, 2);
     EXPECT_NE(all.err.find("choose with --layer, or merge them with --merge, or write a file each "
                            "with --output-dir: island, island-ways, island-places"),
               std::string::npos)
