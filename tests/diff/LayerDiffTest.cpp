@@ -106,8 +106,7 @@ TEST(ADiffByKey, FindsFeaturesInAnyOrder) {
 }
 
 TEST(ADiffByKey, TakesEqualNumbersForOneKey) {
-    EXPECT_EQ(ByKey(Features({{Key(5), 1}, {true, 2}}), Features({{5.0, 1}, {Key(1), 2}})),
-              "= = ");
+    EXPECT_EQ(ByKey(Features({{Key(5), 1}, {true, 2}}), Features({{5.0, 1}, {Key(1), 2}})), "= = ");
 }
 
 TEST(ADiffByKey, ComparesThoseOfOneKeyInTheirOrder) {
