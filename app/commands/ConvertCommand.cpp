@@ -122,6 +122,8 @@ void AddInput(CLI::App& command, ConvertOptions& options) {
     command.add_flag("--styles", options.withStyles,
                      "Write the styles to GeoJSON or a GeoPackage, too");
     command.add_flag("--overwrite", options.overwrite, "Replace files that exist");
+    command.add_flag("--append", options.append,
+                     "Add to a GeoPackage that exists: new layers, or objects to a layer");
 }
 
 void AddExport(CLI::App& command, ConvertOptions& options) {

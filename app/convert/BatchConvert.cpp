@@ -57,6 +57,9 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
     if (options.merge) {
         throw UsageError("--merge makes one output, and --output-dir a file each");
     }
+    if (options.append) {
+        throw UsageError("--append is for one output, and --output-dir makes a file each");
+    }
     const std::string_view extension = format.extensions.front();
     const SourceOptions sourceOptions = SourceOptionsOf(options, reporter);
     LayersOfInput layersOf;

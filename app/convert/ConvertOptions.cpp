@@ -19,7 +19,8 @@ SourceOptions SourceOptionsOf(const ConvertOptions& options, Reporter& reporter)
 
 TargetOptions TargetOptionsOf(const ConvertOptions& options) {
     TargetOptions result;
-    result.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
+    result.ifExists = options.overwrite || options.append ? IfExists::Overwrite : IfExists::Refuse;
+    result.isAppended = options.append;
     result.asIs = options.asIs;
     result.encoding = options.outputEncoding;
     result.withStyles = options.withStyles;

@@ -23,6 +23,7 @@ struct ConvertOptions {
     std::string shard;  // --shard, such as 3/8; empty: all
 
     bool overwrite = false;
+    bool append = false;  // --append: to an output that may be there already
     bool asIs = false;
     bool noStore = false;
     bool withStyles = false;

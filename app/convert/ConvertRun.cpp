@@ -76,6 +76,12 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
         throw UsageError("several inputs become one output only as a GeoPackage, or as one layer "
                          "with --merge; use --output-dir for a file each");
     }
+    if (options.append && !output.format.holds.appending) {
+        throw UsageError("--append is for GeoPackages");
+    }
+    if (options.append && options.overwrite) {
+        throw UsageError("--append keeps what is there, and --overwrite replaces it");
+    }
     if (options.withSourceColumn && !options.merge) {
         throw UsageError("--source-column is for --merge");
     }

@@ -16,6 +16,7 @@ struct TargetOptions {
     bool asIs = false;                        // --as-is: MIF files as the module writes them
     std::string encoding;                     // of a MIF file; empty: one that has all texts
     bool withStyles = false;                  // --styles
+    bool isAppended = false;                  // --append: to a file that may be there already
     bool noStore = false;                     // --no-store, for the export filter
     std::optional<std::string> optionString;  // for the export filter; absent: its stored options
     std::string modulePath;                   // as in Module

@@ -63,7 +63,7 @@ std::unique_ptr<Source> OpenPackage(const std::string& argument, const SourceOpt
 std::unique_ptr<Target> WritePackage(const std::string& argument, const TargetOptions& options,
                                      Reporter& reporter) {
     return std::make_unique<GeoPackageWriter>(PathFromArgument(argument), options.ifExists,
-                                              options.withStyles, reporter);
+                                              options.withStyles, reporter, options.isAppended);
 }
 
 void RefuseStandardStream(const std::string& argument) {
@@ -107,7 +107,7 @@ constexpr std::array kFormats = {
     Format{.extensions = kGeoPackage,
            .words = "GeoPackage",
            .systems = SystemRule::Wgs84IfUnnamed,
-           .holds = {.layers = true, .emptyLayers = true, .styles = true},
+           .holds = {.layers = true, .emptyLayers = true, .styles = true, .appending = true},
            .openSource = OpenPackage,
            .openTarget = WritePackage,
            .checkTarget = RefuseStandardStream},

@@ -26,6 +26,7 @@ struct FormatHolds {
     bool layers = false;       // several in one file
     bool emptyLayers = false;  // a layer without features; without it there is then no file
     bool styles = false;       // when the user asks for them
+    bool appending = false;    // more layers and features once it is written
     bool encodings = false;    // texts in one of many encodings; without it they are UTF-8
 };
 

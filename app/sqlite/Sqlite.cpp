@@ -127,17 +127,17 @@ void SqliteDatabase::CloseHandle::operator()(sqlite3* handle) const {
 }
 
 SqliteDatabase::SqliteDatabase(const std::filesystem::path& path, Mode mode, std::string subject)
-    : subject_(std::move(subject)),
-      action_(mode == Mode::Create ? ": can't write" : ": can't read") {
-    const int flags =
-        mode == Mode::Create ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY;
+    : subject_(std::move(subject)), action_(mode == Mode::Read ? ": can't read" : ": can't write") {
+    const int flags = mode == Mode::Create   ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
+                      : mode == Mode::Change ? SQLITE_OPEN_READWRITE
+                                             : SQLITE_OPEN_READONLY;
     sqlite3* handle = nullptr;
     const int result = sqlite3_open_v2(path.string().c_str(), &handle, flags, nullptr);
     handle_.reset(handle);
     if (result != SQLITE_OK) {
         Fail();
     }
-    if (mode == Mode::Read) {
+    if (mode != Mode::Create) {
         Harden(handle);
         return;
     }

@@ -66,8 +66,9 @@ private:
 class SqliteDatabase {
 public:
     // Create makes a new file that is written without a journal: it is thrown away on any failure.
-    // Read opens a file that may come from anybody, and hardens SQLite against it.
-    enum class Mode { Create, Read };
+    // Read opens a file that may come from anybody, and hardens SQLite against it. Change opens
+    // such a file for changes, too, with the journal that it has.
+    enum class Mode { Create, Read, Change };
 
     // subject names the file in messages. Throws Failure.
     SqliteDatabase(const std::filesystem::path& path, Mode mode, std::string subject);

@@ -96,15 +96,18 @@ void GeoPackageReader::ReadLayers() {
         Fail("is a database, but no GeoPackage with features: it has no table "
              "gpkg_geometry_columns");
     }
-    SqliteStatement rows(database_,
-                         "SELECT c.table_name, g.column_name, g.srs_id FROM gpkg_contents c "
-                         "JOIN gpkg_geometry_columns g ON g.table_name = c.table_name "
-                         "WHERE c.data_type = 'features' ORDER BY c.rowid");
+    SqliteStatement rows(
+        database_,
+        "SELECT c.table_name, g.column_name, g.srs_id, g.geometry_type_name FROM gpkg_contents c "
+        "JOIN gpkg_geometry_columns g ON g.table_name = c.table_name "
+        "WHERE c.data_type = 'features' ORDER BY c.rowid");
     while (rows.Step()) {
         PackageLayer layer;
         layer.name = rows.Text(0);
         layer.geometryColumn = rows.Text(1);
+        layer.srsId = static_cast<std::int32_t>(rows.Whole(2));
         layer.reference = ReferenceFor(rows.Whole(2));
+        layer.geometryType = Upper(rows.Text(3));
         ReadColumns(layer);
         SqliteStatement count(database_, "SELECT count(*) FROM " + QuotedName(layer.name));
         count.Step();

@@ -18,6 +18,8 @@ struct PackageLayer {
     std::string geometryColumn;
     std::vector<LayerColumn> columns;  // neither the key nor the geometry
     SpatialReference reference;
+    std::string geometryType = {};  // "GEOMETRY", "MULTIPOINT", ...
+    std::int32_t srsId = -1;        // the package's own number of the system
     std::uint64_t rowCount = 0;
 };
 

@@ -49,45 +49,6 @@ std::string SqlType(const LayerColumn& column) {
     return "TEXT";
 }
 
-std::size_t Characters(std::string_view utf8) {
-    return static_cast<std::size_t>(
-        std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-}
-
-bool IsIso(std::string_view text, std::string_view pattern) {
-    return text.size() >= pattern.size() &&
-           std::equal(pattern.begin(), pattern.end(), text.begin(), [](char wanted, char c) {
-               return wanted == '0' ? c >= '0' && c <= '9' : c == wanted;
-           });
-}
-
-// Whether a column of that kind may hold texts.
-bool Fits(const LayerColumn& column, std::string_view text) {
-    switch (column.kind) {
-    case ColumnKind::Char: {
-        const auto width = static_cast<std::size_t>(std::max(column.width, 0));
-        return width == 0 || text.size() <= width || Characters(text) <= width;
-    }
-    case ColumnKind::Time:
-    case ColumnKind::Other:
-        return true;
-    case ColumnKind::Date:
-        return text.size() == 10 && IsIso(text, "0000-00-00");
-    case ColumnKind::DateTime:
-        return IsIso(text, "0000-00-00T00:00:00");
-    default:
-        return false;
-    }
-}
-
-// Times of MIF files have no zone; those of a package must have a zone and milliseconds.
-std::string DateTimeText(std::string text) {
-    if (text.ends_with('Z')) {
-        return text;
-    }
-    return text + (text.find('.') == std::string::npos ? ".000Z" : "Z");
-}
-
 std::string_view BlobArgument(sqlite3_value* value) {
     const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
     return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
@@ -140,7 +101,7 @@ void LayerTable::PrepareInsert() {
         sql += ", ?";
     }
     insert_.emplace(database_, sql + ")");
-    texts_.reserve(count);  // bound texts must not move
+    binding_.Prepare(count);
 }
 
 void LayerTable::AddTextColumns() {
@@ -159,7 +120,7 @@ void LayerTable::Write(const Feature& feature) {
         AddTextColumns();
     }
     const auto row = static_cast<std::int64_t>(++summary_.written);
-    texts_.clear();
+    binding_.BeginRow();
     insert_->BindWhole(1, row);
     if (geometry_.Build(feature)) {
         insert_->BindBlob(2, geometry_.Blob());
@@ -172,8 +133,8 @@ void LayerTable::Write(const Feature& feature) {
     }
     int parameter = 3;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-        BindValue(parameter++, columns_[i],
-                  i < feature.values.size() ? feature.values[i] : Value());
+        binding_.BindValue(*insert_, parameter++, columns_[i],
+                           i < feature.values.size() ? feature.values[i] : Value());
     }
     if (styles_) {
         const std::optional<std::int64_t> number = styles_->NumberOf(feature);
@@ -186,26 +147,6 @@ void LayerTable::Write(const Feature& feature) {
     static_cast<void>(insert_->Step());  // an insertion has no rows
 }
 
-void LayerTable::BindValue(int parameter, TableColumn& column, const Value& value) {
-    if (const auto* text = std::get_if<std::string>(&value)) {
-        texts_.push_back(CleanText(*text));
-        if (!Fits(column.source, texts_.back())) {
-            ++column.mismatchCount;
-        } else if (column.source.kind == ColumnKind::DateTime) {
-            texts_.back() = DateTimeText(std::move(texts_.back()));
-        }
-        insert_->BindText(parameter, texts_.back());
-    } else if (const auto* whole = std::get_if<std::int64_t>(&value)) {
-        insert_->BindWhole(parameter, *whole);
-    } else if (const auto* real = std::get_if<double>(&value)) {
-        insert_->BindReal(parameter, *real);
-    } else if (const auto* truth = std::get_if<bool>(&value)) {
-        insert_->BindWhole(parameter, *truth ? 1 : 0);
-    } else {
-        insert_->BindNull(parameter);
-    }
-}
-
 void LayerTable::BindPlacement(int parameter, const Geometry* text) {
     if (text == nullptr) {
         for (std::size_t i = 0; i < kTextColumns.size(); ++i) {
@@ -214,14 +155,10 @@ void LayerTable::BindPlacement(int parameter, const Geometry* text) {
         return;
     }
     constexpr std::array<const char*, 3> kJustify{"left", "center", "right"};
-    const auto bindText = [&](std::string value) {
-        texts_.push_back(CleanText(std::move(value)));
-        insert_->BindText(parameter++, texts_.back());
-    };
-    bindText(text->placement.text);
+    binding_.BindText(*insert_, parameter++, text->placement.text);
     insert_->BindReal(parameter++, text->placement.angleDegrees);
     insert_->BindReal(parameter++, text->placement.height);
-    bindText(text->style.font ? text->style.font->name : "");
+    binding_.BindText(*insert_, parameter++, text->style.font ? text->style.font->name : "");
     insert_->BindText(parameter, kJustify[static_cast<std::size_t>(text->placement.justify)]);
 }
 

@@ -6,6 +6,7 @@
 #include "app/formats/gpkg/GeometryType.h"
 #include "app/formats/gpkg/LayerStyles.h"
 #include "app/formats/gpkg/Names.h"
+#include "app/formats/gpkg/RowBinding.h"
 #include "app/formats/gpkg/SpatialIndex.h"
 #include "app/formats/gpkg/StyleDocuments.h"
 #include "app/sqlite/Sqlite.h"
@@ -58,15 +59,8 @@ public:
     const std::string& GeometryColumn() const { return geometryColumn_; }
 
 private:
-    struct TableColumn {
-        std::string name;
-        LayerColumn source;
-        std::uint64_t mismatchCount = 0;
-    };
-
     void PrepareInsert();
     void AddTextColumns();
-    void BindValue(int parameter, TableColumn& column, const Value& value);
     void BindPlacement(int parameter, const Geometry* text);  // null: NULLs
     GeometryType UnifiedType();
     void Register(GeometryType type);
@@ -86,7 +80,7 @@ private:
     FeatureBlob geometry_;  // of the row under way
     shr::Box2d extent_;     // empty until a geometry has come
     std::set<GeometryType> types_;
-    std::vector<std::string> texts_;  // bound texts, kept until the row is written
+    RowBinding binding_;
     LayerSummary summary_;
 };
 

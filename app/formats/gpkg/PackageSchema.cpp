@@ -41,19 +41,21 @@ CREATE TABLE gpkg_geometry_columns (
   CONSTRAINT fk_gc_tn FOREIGN KEY (table_name) REFERENCES gpkg_contents(table_name),
   CONSTRAINT fk_gc_srs FOREIGN KEY (srs_id) REFERENCES gpkg_spatial_ref_sys(srs_id));
 
-CREATE TABLE gpkg_extensions (
+INSERT INTO gpkg_spatial_ref_sys VALUES
+  ('Undefined cartesian SRS', -1, 'NONE', -1, 'undefined',
+   'undefined cartesian coordinate reference system'),
+  ('Undefined geographic SRS', 0, 'NONE', 0, 'undefined',
+   'undefined geographic coordinate reference system');
+)";
+
+constexpr const char* kExtensions = R"(
+CREATE TABLE IF NOT EXISTS gpkg_extensions (
   table_name TEXT,
   column_name TEXT,
   extension_name TEXT NOT NULL,
   definition TEXT NOT NULL,
   scope TEXT NOT NULL,
   CONSTRAINT ge_tce UNIQUE (table_name, column_name, extension_name));
-
-INSERT INTO gpkg_spatial_ref_sys VALUES
-  ('Undefined cartesian SRS', -1, 'NONE', -1, 'undefined',
-   'undefined cartesian coordinate reference system'),
-  ('Undefined geographic SRS', 0, 'NONE', 0, 'undefined',
-   'undefined geographic coordinate reference system');
 )";
 
 }  // namespace
@@ -62,11 +64,16 @@ void CreatePackageTables(SqliteDatabase& database) {
     database.Execute("PRAGMA application_id = " + std::to_string(kApplicationId));
     database.Execute("PRAGMA user_version = " + std::to_string(kUserVersion));
     database.Execute(kTables);
+    CompletePackageTables(database);
     const SpatialReference wgs84 = Wgs84Reference();
     database.Execute("INSERT INTO gpkg_spatial_ref_sys VALUES (" + QuotedText(wgs84.name) + ", " +
                      std::to_string(wgs84.code) + ", " + QuotedText(wgs84.organization) + ", " +
                      std::to_string(wgs84.code) + ", " + QuotedText(wgs84.definition) + ", " +
                      QuotedText(wgs84.description) + ")");
+}
+
+void CompletePackageTables(SqliteDatabase& database) {
+    database.Execute(kExtensions);
 }
 
 }  // namespace app

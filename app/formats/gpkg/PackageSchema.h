@@ -12,4 +12,7 @@ constexpr int kUserVersion = 10300;         // 1.3.0
 // every package has, contents, geometry columns, extensions. Throws Failure.
 void CreatePackageTables(SqliteDatabase& database);
 
+// Makes the table of extensions in a package of another program that has none. Throws Failure.
+void CompletePackageTables(SqliteDatabase& database);
+
 }  // namespace app

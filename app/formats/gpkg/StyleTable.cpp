@@ -2,6 +2,8 @@
 
 #include "app/formats/gpkg/StyleDocuments.h"
 
+#include <utility>
+
 namespace app {
 namespace {
 
@@ -29,9 +31,16 @@ INSERT INTO gpkg_contents (table_name, data_type, identifier, description, srs_i
 }  // namespace
 
 void StyleTable::Create() {
-    if (!isCreated_) {
+    if (std::exchange(isCreated_, true)) {
+        return;
+    }
+    SqliteStatement found(database_,
+                          "SELECT count(*) FROM sqlite_schema WHERE lower(name) = 'layer_styles'");
+    static_cast<void>(found.Step());
+    const bool isThere = found.Whole(0) > 0;  // in a package that is extended
+    found.Reset();
+    if (!isThere) {
         database_.Execute(kTable);
-        isCreated_ = true;
     }
 }
 

@@ -1,0 +1,188 @@
+#include "app/formats/gpkg/ExistingLayer.h"
+
+#include "app/base/Errors.h"
+#include "app/feature/ColumnTypes.h"
+#include "app/query/ColumnNames.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <utility>
+
+namespace app {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+std::string Or(const std::string& text, const char* otherwise) {
+    return text.empty() ? otherwise : text;
+}
+
+}  // namespace
+
+ExistingLayer::ExistingLayer(SqliteDatabase& database, PackageLayer layer, const LayerFacts& facts,
+                             std::string subject)
+    : database_(database), layer_(std::move(layer)), subject_(std::move(subject)),
+      geometry_(layer_.srsId), extent_{kInfinity, kInfinity, -kInfinity, -kInfinity} {
+    TakeColumns(facts.columns);
+    CheckSystem(facts);
+    FindPlacement();
+    PrepareInsert();
+}
+
+void ExistingLayer::Fail(const std::string& problem) const {
+    throw Failure(subject_ + ": layer " + layer_.name + " is there already, and " + problem);
+}
+
+void ExistingLayer::TakeColumns(const std::vector<LayerColumn>& columns) {
+    for (const LayerColumn& column : columns) {
+        const std::optional<std::size_t> at = FindColumn(layer_.columns, column.name);
+        if (!at) {
+            Fail(NoSuchColumn(layer_.columns, column.name) +
+                 "; --select leaves it out, --layer names another layer");
+        }
+        const LayerColumn& own = layer_.columns[*at];
+        if (WidenedColumn(own, column).kind != own.kind) {
+            Fail("its column " + own.name + " can't hold all values of the type " +
+                 ColumnKindName(column.kind) + "; --layer names another layer");
+        }
+        const bool isTwice = std::ranges::any_of(
+            columns_, [&own](const TableColumn& taken) { return taken.name == own.name; });
+        if (isTwice) {
+            Fail("two columns would go into its column " + own.name);
+        }
+        columns_.push_back({own.name, own});
+    }
+}
+
+void ExistingLayer::CheckSystem(const LayerFacts& facts) const {
+    const SystemPtr own = SystemOf(layer_.reference);
+    const bool isOwnPlaced = own != nullptr && own->IsOnEarth();
+    const bool isPlaced = facts.system != nullptr && facts.system->IsOnEarth();
+    if (isPlaced != isOwnPlaced) {
+        Fail(isPlaced ? "has no coordinate system of the Earth, which the objects have"
+                      : "has a coordinate system of the Earth, which the objects have not");
+    }
+    if (isPlaced && !IsSameSystem(*facts.system, *own) &&
+        ReferenceOf(facts.system.get()) != ReferenceOf(own.get())) {
+        const std::string code =
+            own->code == 0 ? "" : own->authority + ":" + std::to_string(own->code);
+        Fail("is in \"" + own->name + "\", the objects are in \"" + facts.system->name +
+             "\"; --crs " + Or(code, "SYSTEM") + " moves them");
+    }
+}
+
+// The columns that LayerTable makes for texts, unless they are for values of the features.
+void ExistingLayer::FindPlacement() {
+    for (const char* const name : {"text", "angle", "height", "font", "justify"}) {
+        const std::optional<std::size_t> at = FindColumn(layer_.columns, name);
+        const bool isFree = at && std::ranges::none_of(columns_, [&](const TableColumn& taken) {
+                                return taken.name == layer_.columns[*at].name;
+                            });
+        if (!isFree) {
+            placement_.clear();
+            return;
+        }
+        placement_.push_back(layer_.columns[*at].name);
+    }
+}
+
+void ExistingLayer::PrepareInsert() {
+    std::string names = QuotedName(layer_.geometryColumn);
+    std::string values = "?";
+    const auto add = [&](const std::string& name) {
+        names += ", " + QuotedName(name);
+        values += ", ?";
+    };
+    for (const TableColumn& column : columns_) {
+        add(column.name);
+    }
+    for (const std::string& name : placement_) {
+        add(name);
+    }
+    insert_.emplace(database_, "INSERT INTO " + QuotedName(layer_.name) + " (" + names +
+                                   ") VALUES (" + values + ")");
+    binding_.Prepare(1 + columns_.size() + placement_.size());
+}
+
+void ExistingLayer::Write(const Feature& feature) {
+    ++summary_.written;
+    binding_.BeginRow();
+    BindGeometry(feature);
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        TableColumn& column = columns_[i];
+        binding_.BindValue(
+            *insert_, static_cast<int>(i) + 2, column,
+            WidenedValue(column.source, i < feature.values.size() ? feature.values[i] : Value()));
+    }
+    BindPlacement(feature);
+    static_cast<void>(insert_->Step());  // an insertion has no rows
+}
+
+void ExistingLayer::BindGeometry(const Feature& feature) {
+    if (!geometry_.Build(feature)) {
+        insert_->BindNull(1);
+        summary_.withoutGeometry += feature.geometry.kind == GeometryKind::None ? 0 : 1;
+        return;
+    }
+    extent_ = Union(extent_, geometry_.Box());
+    const std::string type = GeometryTypeName(geometry_.Type());
+    if (layer_.geometryType == "GEOMETRY" || layer_.geometryType == type) {
+        insert_->BindBlob(1, geometry_.Blob());
+    } else if (layer_.geometryType == GeometryTypeName(MultiOf(geometry_.Type()))) {
+        promoted_ = PromotedToMulti(geometry_.Blob());
+        insert_->BindBlob(1, promoted_);
+    } else {
+        Fail("holds geometries of the type " + layer_.geometryType + ", while object " +
+             std::to_string(feature.number) + " is a " + type + "; --layer names another layer");
+    }
+}
+
+void ExistingLayer::BindPlacement(const Feature& feature) {
+    const bool isText = feature.geometry.kind == GeometryKind::Text;
+    if (isText && placement_.empty()) {
+        Fail("has no columns text, angle, height, font and justify of its own for texts; --layer "
+             "names another layer");
+    }
+    int parameter = static_cast<int>(columns_.size()) + 2;
+    if (!isText) {
+        for (std::size_t i = 0; i < placement_.size(); ++i) {
+            insert_->BindNull(parameter++);
+        }
+        return;
+    }
+    constexpr std::array<const char*, 3> kJustify{"left", "center", "right"};
+    const TextPlacement& text = feature.geometry.placement;
+    const std::optional<Font>& font = feature.geometry.style.font;
+    binding_.BindText(*insert_, parameter++, text.text);
+    insert_->BindReal(parameter++, text.angleDegrees);
+    insert_->BindReal(parameter++, text.height);
+    binding_.BindText(*insert_, parameter++, font ? font->name : "");
+    insert_->BindText(parameter, kJustify[static_cast<std::size_t>(text.justify)]);
+}
+
+LayerSummary ExistingLayer::Finish() {
+    insert_.reset();
+    std::string set = "last_change = strftime('%Y-%m-%dT%H:%M:%fZ','now')";
+    if (!extent_.IsEmpty()) {
+        set += ", min_x = min(coalesce(min_x, ?1), ?1), min_y = min(coalesce(min_y, ?2), ?2), "
+               "max_x = max(coalesce(max_x, ?3), ?3), max_y = max(coalesce(max_y, ?4), ?4)";
+    }
+    SqliteStatement update(database_, "UPDATE gpkg_contents SET " + set + " WHERE table_name = ?5");
+    if (!extent_.IsEmpty()) {
+        update.BindReal(1, extent_.minX);
+        update.BindReal(2, extent_.minY);
+        update.BindReal(3, extent_.maxX);
+        update.BindReal(4, extent_.maxY);
+    }
+    update.BindText(5, layer_.name);
+    static_cast<void>(update.Step());  // a change has no rows
+    for (const TableColumn& column : columns_) {
+        if (column.mismatchCount > 0) {
+            summary_.mismatches.push_back({column.name, column.mismatchCount});
+        }
+    }
+    return summary_;
+}
+
+}  // namespace app
