@@ -1,14 +1,13 @@
 #include "app/batch/AbandonedFolders.h"
 
+#include "app/base/Paths.h"
 #include "app/base/TempFolder.h"
+#include "app/batch/ChildProcesses.h"
 
-#include <cerrno>
 #include <charconv>
-#include <csignal>
+#include <cstdint>
 #include <string>
 #include <vector>
-
-#include <sys/types.h>
 
 namespace app {
 namespace {
@@ -20,11 +19,11 @@ bool IsAbandoned(const std::string& name) {
     if (!name.starts_with(prefix)) {
         return false;
     }
-    pid_t process = 0;
+    std::uint64_t process = 0;
     const char* const end = name.data() + name.size();
     const auto result = std::from_chars(name.data() + prefix.size(), end, process);
-    return result.ec == std::errc{} && result.ptr != end && *result.ptr == '-' && process > 0 &&
-           kill(process, 0) != 0 && errno == ESRCH;
+    return result.ec == std::errc{} && result.ptr != end && *result.ptr == '-' &&
+           IsProcessGone(process);
 }
 
 }  // namespace
@@ -36,7 +35,7 @@ void RemoveAbandonedFolders(const std::filesystem::path& folder) {
     for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
         std::error_code unknown;
         if (entries->symlink_status(unknown).type() == std::filesystem::file_type::directory &&
-            IsAbandoned(entries->path().filename().string())) {
+            IsAbandoned(ArgumentFromPath(entries->path().filename()))) {
             abandoned.push_back(entries->path());
         }
     }

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <iterator>
 #include <new>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -81,7 +82,7 @@ void ReportEnd(const BatchItem& item, const ChildResult& result, Reporter& repor
     }
     ++tally.failed;
     if (result.signal != 0) {
-        error = "ended by signal " + std::to_string(result.signal);
+        error = "ended by " + SignalText(result.signal);
         RemoveAbandonedFolders(FolderOf(item.output));
     } else if (error.empty()) {
         error = "ended with exit code " + std::to_string(result.exitCode);
@@ -103,6 +104,16 @@ std::string Summary(const Tally& tally, std::size_t total) {
     return text;
 }
 
+// What TaskOfThisProcess says in the process of an item. No path of Windows has a line feed.
+std::string TaskText(const BatchItem& item) {
+    return ArgumentFromPath(item.input) + "\n" + ArgumentFromPath(item.output);
+}
+
+BatchItem ItemOfTask(const std::string& task) {
+    const std::size_t end = std::min(task.find('\n'), task.size() - 1);
+    return {PathFromArgument(task.substr(0, end)), PathFromArgument(task.substr(end + 1))};
+}
+
 std::vector<BatchItem> ItemsToDo(const BatchOptions& options) {
     std::vector<BatchItem> items;
     std::copy_if(options.items.begin(), options.items.end(), std::back_inserter(items),
@@ -120,6 +131,11 @@ void RemoveAbandoned(const std::vector<BatchItem>& items) {
 
 }  // namespace
 
+std::optional<int> RunBatchTask(const BatchOptions& options) {
+    const std::optional<std::string> task = TaskOfThisProcess();
+    return task ? std::optional(ConvertItem(options, ItemOfTask(*task))) : std::nullopt;
+}
+
 int RunBatch(const BatchOptions& options, Reporter& reporter) {
     if (options.resume) {
         RemoveAbandoned(options.items);
@@ -135,6 +151,7 @@ int RunBatch(const BatchOptions& options, Reporter& reporter) {
     const int signalNumber = RunChildren(
         items.size(), options.jobs == 0 ? processors : options.jobs,
         [&](std::size_t number) { return ConvertItem(options, items[number]); },
+        [&](std::size_t number) { return TaskText(items[number]); },
         [&](std::size_t number, const ChildResult& result) {
             ReportEnd(items[number], result, reporter, tally);
             reporter.Progress(static_cast<double>(tally.converted + tally.failed) /

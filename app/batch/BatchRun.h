@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace app {
@@ -22,6 +23,10 @@ struct BatchOptions {
     // counts as that file's error.
     std::function<int(const BatchItem& item, IfExists ifExists, Reporter& reporter)> convert;
 };
+
+// In a process that RunBatch has started by running the command line anew, does its one item, of
+// which `options.items` needs to know nothing, and returns the exit code. Absent in any other.
+std::optional<int> RunBatchTask(const BatchOptions& options);
 
 // Makes the folders of the outputs and converts the items. A file that fails gives one line on the
 // reporter, and the others go on; a note at the end counts them. Returns 0 when all were converted,

@@ -16,18 +16,21 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
     CheckStyles(options, format);
     const std::string_view extension = format.extensions.front();
     BatchOptions batch;
-    batch.items = PlanBatch(options.paths, PathFromArgument(options.outputFolder),
-                            std::string(extension.substr(1)), FormatOfName("mif").extensions);
     batch.jobs = options.jobs;
     batch.resume = options.resume;
     batch.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
     batch.convert = [&options](const BatchItem& item, IfExists ifExists, Reporter& itemReporter) {
         ConvertOptions one = options;
-        one.paths = {item.input.string(), item.output.string()};
+        one.paths = {ArgumentFromPath(item.input), ArgumentFromPath(item.output)};
         one.outputFolder.clear();
         one.overwrite = ifExists == IfExists::Overwrite;
         return RunConvert(one, itemReporter);
     };
+    if (const std::optional<int> exitCode = RunBatchTask(batch)) {
+        return *exitCode;
+    }
+    batch.items = PlanBatch(options.paths, PathFromArgument(options.outputFolder),
+                            std::string(extension.substr(1)), FormatOfName("mif").extensions);
     return RunBatch(batch, reporter);
 }
 
