@@ -2,6 +2,7 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/base/platform/System.h"
 #include "host/platform/Stdio.h"
 
 #include <cerrno>
@@ -139,9 +140,8 @@ void OutputFile::OpenStream() {
         stream_ = stdout;
         return;
     }
-    // Text mode differs on Windows only, where other programs write CR LF, too.
     stream_ =
-        platform::OpenFile(WidePath(folder_ ? workPath_ : path_), platform::OpenMode::WriteText);
+        platform::OpenFile(WidePath(folder_ ? workPath_ : path_), platform::OpenMode::WriteBinary);
     if (stream_ == nullptr) {
         throw Failure(PathText(path_) + ": can't write: " + std::strerror(errno));
     }
@@ -149,7 +149,7 @@ void OutputFile::OpenStream() {
 
 void OutputFile::FailWriting() {
     hasFailed_ = true;
-    if (errno == EPIPE) {
+    if (IsClosedPipe(errno)) {
         throw ClosedPipe();
     }
     throw Failure((path_ == "-" ? "standard output" : PathText(path_)) +

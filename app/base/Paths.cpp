@@ -1,5 +1,6 @@
 #include "app/base/Paths.h"
 
+#include "app/base/platform/System.h"
 #include "host/platform/Stdio.h"
 #include "standalone/Text.h"
 
@@ -22,10 +23,21 @@ std::string LowerAscii(std::string text) {
 }  // namespace
 
 std::filesystem::path PathFromArgument(const std::string& argument) {
+    std::filesystem::path path;
     if constexpr (kWidePaths) {
-        return std::filesystem::path(platform::PathFromBytes(argument));
+        path = platform::PathFromBytes(argument);
     } else {
-        return std::filesystem::path(argument);
+        path = argument;
+    }
+    CheckFileName(path);
+    return path;
+}
+
+std::string ArgumentFromPath(const std::filesystem::path& path) {
+    if constexpr (kWidePaths) {
+        return platform::PathToBytes(path.wstring());
+    } else {
+        return path.string();
     }
 }
 

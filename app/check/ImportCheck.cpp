@@ -1,45 +1,18 @@
 // The part of the pair check that runs the module.
 #include "app/check/PairCheck.h"
 
-#include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/base/Reporter.h"
 #include "app/run/ImportRun.h"
 #include "app/run/Module.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <memory>
+#include <algorithm>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace app {
 namespace {
-
-// What a reporter says, kept in memory.
-class KeptText {
-public:
-    KeptText() : stream_(open_memstream(&text_, &size_)) {
-        if (stream_ == nullptr) {
-            throw Failure("no memory for the messages of the import");
-        }
-    }
-    ~KeptText() {
-        static_cast<void>(std::fclose(stream_));  // memory only: nothing to lose
-        std::free(text_);
-    }
-    KeptText(const KeptText&) = delete;
-    KeptText& operator=(const KeptText&) = delete;
-
-    std::FILE* Stream() { return stream_; }
-    std::string Text() {
-        std::fflush(stream_);
-        return {text_, size_};
-    }
-
-private:
-    char* text_ = nullptr;
-    std::size_t size_ = 0;
-    std::FILE* stream_;
-};
 
 void Pass(FindingCode code, const std::filesystem::path& mif, std::string message,
           FindingSink& sink, FindingCounts& counts) {
@@ -84,8 +57,8 @@ void PassWarnings(std::string_view kept, const std::filesystem::path& mif, Findi
 
 void CheckByImport(const std::filesystem::path& mif, const std::string& modulePath,
                    FindingSink& sink, FindingCounts& counts) {
-    KeptText kept;
-    Reporter reporter(kept.Stream(), false, false);
+    std::string kept;
+    Reporter reporter(kept);
     ImportSettings settings;
     settings.path = mif;
     settings.noStore = true;
@@ -96,7 +69,7 @@ void CheckByImport(const std::filesystem::path& mif, const std::string& modulePa
     } catch (const ImportFailure& failure) {
         error = failure.Reason();
     }
-    PassWarnings(kept.Text(), mif, sink, counts);
+    PassWarnings(kept, mif, sink, counts);
     if (!error.empty()) {
         Pass(FindingCode::ModuleError, mif, WithoutName(error, mif), sink, counts);
     }

@@ -154,7 +154,7 @@ std::vector<std::string> FilesOf(const std::vector<std::string>& paths) {
             throw Failure(path + ": holds no map");
         }
         for (const std::filesystem::path& file : found) {
-            files.push_back(file.string());
+            files.push_back(ArgumentFromPath(file));
         }
     }
     return files;

@@ -1,27 +1,112 @@
 #include "app/base/platform/RemovalList.h"
 
 #include <algorithm>
+#include <array>
 #include <mutex>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
+#include <io.h>
+
 namespace app {
 namespace {
+
+constexpr int kAttempts = 50;
+constexpr DWORD kBetweenAttempts = 20;  // milliseconds
 
 // The system calls a console handler on a thread of its own, so a lock is enough.
 std::mutex listMutex;
 std::vector<std::pair<std::filesystem::path, RemovalKind>> list;
 
+bool IsAtOrBelow(std::wstring_view path, std::wstring_view folder) {
+    return path.starts_with(folder) &&
+           (path.size() == folder.size() || path[folder.size()] == L'\\');
+}
+
+// The name that the system gives a file or folder: a full one. Empty when it has none.
+std::wstring SystemName(HANDLE file) {
+    std::wstring name(32768, L'\0');
+    const DWORD length =
+        GetFinalPathNameByHandleW(file, name.data(), static_cast<DWORD>(name.size()), 0);
+    name.resize(length < name.size() ? length : 0);
+    return name;
+}
+
+std::vector<std::wstring> ListedFolders() {
+    std::vector<std::wstring> folders;
+    for (const auto& [path, kind] : list) {
+        if (kind != RemovalKind::Folder) {
+            continue;
+        }
+        const HANDLE folder =
+            CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+        if (folder != INVALID_HANDLE_VALUE) {
+            folders.push_back(SystemName(folder));
+            CloseHandle(folder);
+        }
+    }
+    std::erase(folders, L"");
+    return folders;
+}
+
+// An open file can't be removed here. So the files in these folders are closed under the program,
+// whoever has opened them: the module, a library or the C runtime. Handles are multiples of 4.
+void CloseFilesBelow(const std::vector<std::wstring>& folders) {
+    DWORD left = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &left);
+    constexpr std::uintptr_t kMost = 1 << 16;
+    for (std::uintptr_t value = 4; value < kMost && left > 0; value += 4) {
+        const HANDLE handle = reinterpret_cast<HANDLE>(value);
+        DWORD flags = 0;
+        if (GetHandleInformation(handle, &flags) == 0) {
+            continue;
+        }
+        --left;
+        if (GetFileType(handle) != FILE_TYPE_DISK) {
+            continue;
+        }
+        const std::wstring name = SystemName(handle);
+        if (std::ranges::any_of(
+                folders, [&](const std::wstring& folder) { return IsAtOrBelow(name, folder); })) {
+            CloseHandle(handle);
+        }
+    }
+}
+
+// Returns whether all is gone.
+bool RemoveAll() {
+    bool isGone = true;
+    std::error_code error;
+    for (auto entry = list.rbegin(); entry != list.rend(); ++entry) {
+        std::filesystem::remove_all(entry->first, error);
+        isGone = isGone && !std::filesystem::exists(entry->first, error);
+    }
+    return isGone;
+}
+
 BOOL WINAPI RemoveListed(DWORD) {
     const std::lock_guard lock(listMutex);
-    std::error_code ignored;
-    for (auto entry = list.rbegin(); entry != list.rend(); ++entry) {
-        std::filesystem::remove(entry->first, ignored);
+    if (!list.empty()) {
+        // What the program says of its files now is of no use to anybody.
+        _close(_fileno(stderr));
     }
-    return FALSE;  // the default handler then ends the program
+    const std::vector<std::wstring> folders = ListedFolders();
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        CloseFilesBelow(folders);
+        if (RemoveAll()) {
+            break;
+        }
+        Sleep(kBetweenAttempts);
+    }
+    // As the default handler does, but at once, and with the same code on every Windows.
+    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(STATUS_CONTROL_C_EXIT));
+    return TRUE;
 }
 
 }  // namespace

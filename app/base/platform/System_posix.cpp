@@ -78,7 +78,18 @@ void IgnoreClosedPipes() {
     std::signal(SIGPIPE, SIG_IGN);
 }
 
-void UseBinaryStandardStreams() {}
+bool IsClosedPipe(int error) {
+    return error == EPIPE;
+}
+
+void PrepareStandardStreams() {}
+
+std::string EnvironmentVariable(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+void CheckFileName(const std::filesystem::path& /*path*/) {}
 
 std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason,
                                         SymbolBinding binding) {

@@ -5,7 +5,12 @@
 #include "app/base/TempFolder.h"
 #include "host/platform/Stdio.h"
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
 #include <fstream>
+#include <string_view>
 
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
@@ -16,12 +21,82 @@
 
 namespace app {
 
+namespace {
+
+UINT consoleEncoding = 0;  // as it was before this program
+
+void RestoreConsole() {
+    SetConsoleOutputCP(consoleEncoding);
+}
+
+// Turns on escape sequences. False for what is no console, and for one that doesn't know them.
+bool UnderstandsEscapes(HANDLE console) {
+    DWORD mode = 0;
+    return GetConsoleMode(console, &mode) != 0 &&
+           SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+}
+
+// Appends the files that a pattern stands for in the order of their names; the pattern itself when
+// there is none, or when it names no files.
+void AppendMatches(const std::wstring& pattern, std::vector<std::string>& arguments) {
+    const std::size_t name = pattern.find_last_of(L"/\\:") + 1;  // 0 when there is no folder
+    std::vector<std::string> found;
+    WIN32_FIND_DATAW entry;
+    const HANDLE search =
+        pattern.starts_with(L'-') || pattern.find_first_of(L"*?", name) == pattern.npos
+            ? INVALID_HANDLE_VALUE
+            : FindFirstFileW(pattern.c_str(), &entry);
+    for (BOOL more = search != INVALID_HANDLE_VALUE; more != FALSE;
+         more = FindNextFileW(search, &entry)) {
+        if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+            found.push_back(platform::PathToBytes(pattern.substr(0, name) + entry.cFileName));
+        }
+    }
+    if (search != INVALID_HANDLE_VALUE) {
+        FindClose(search);
+    }
+    if (found.empty()) {
+        found.push_back(platform::PathToBytes(pattern));
+    }
+    std::sort(found.begin(), found.end());
+    arguments.insert(arguments.end(), found.begin(), found.end());
+}
+
+// Whether Windows keeps the name for a device, whatever extension it has.
+bool IsDeviceName(std::wstring name) {
+    constexpr std::array<std::wstring_view, 4> kDevices{L"CON", L"PRN", L"AUX", L"NUL"};
+    constexpr std::array<std::wstring_view, 2> kNumbered{L"COM", L"LPT"};
+    name.resize(std::min(name.find(L'.'), name.size()));
+    while (name.ends_with(L' ')) {
+        name.pop_back();
+    }
+    CharUpperW(name.data());
+    return std::ranges::find(kDevices, name) != kDevices.end() ||
+           (name.size() == 4 && name[3] >= L'1' && name[3] <= L'9' &&
+            std::ranges::find(kNumbered, name.substr(0, 3)) != kNumbered.end());
+}
+
+// The system's words for an error, without its line end.
+std::string ErrorText(DWORD error) {
+    std::wstring text(512, L'\0');
+    const DWORD length = FormatMessageW(
+        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
+        nullptr, error, 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
+    text.resize(length);
+    while (text.ends_with(L' ') || text.ends_with(L'.')) {
+        text.pop_back();
+    }
+    return text.empty() ? "error " + std::to_string(error) : platform::PathToBytes(text);
+}
+
+}  // namespace
+
 std::vector<std::string> ProgramArguments(int, char**) {
     int count = 0;
     LPWSTR* wide = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> arguments;
     for (int i = 0; wide != nullptr && i < count; ++i) {
-        arguments.push_back(platform::PathToBytes(wide[i]));
+        AppendMatches(wide[i], arguments);
     }
     LocalFree(wide);
     return arguments;
@@ -29,9 +104,33 @@ std::vector<std::string> ProgramArguments(int, char**) {
 
 void IgnoreClosedPipes() {}
 
-void UseBinaryStandardStreams() {
+// The runtime knows one of the system's two errors and takes the other for a wrong argument.
+bool IsClosedPipe(int error) {
+    return error == EPIPE || error == EINVAL;
+}
+
+void PrepareStandardStreams() {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+    consoleEncoding = GetConsoleOutputCP();
+    if (consoleEncoding != 0 && consoleEncoding != CP_UTF8 && SetConsoleOutputCP(CP_UTF8) != 0) {
+        std::atexit(RestoreConsole);
+    }
+}
+
+std::string EnvironmentVariable(const char* name) {
+    const wchar_t* value = _wgetenv(platform::PathFromBytes(name).c_str());
+    return value != nullptr ? platform::PathToBytes(value) : "";
+}
+
+void CheckFileName(const std::filesystem::path& path) {
+    const std::filesystem::path name = path.filename();
+    // Without an extension a device may be meant: NUL takes what nobody wants.
+    if (name.has_extension() && IsDeviceName(name.wstring())) {
+        throw Failure(PathText(path) + ": Windows keeps the name " + PathText(name.stem()) +
+                      " for a device, with any extension; name the file differently");
+    }
 }
 
 std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason,
@@ -39,7 +138,7 @@ std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::
     HMODULE library = LoadLibraryExW(std::filesystem::absolute(path).c_str(), nullptr,
                                      LOAD_WITH_ALTERED_SEARCH_PATH);
     if (library == nullptr) {
-        reason = "error " + std::to_string(GetLastError());
+        reason = ErrorText(GetLastError());
         return nullptr;
     }
     return {static_cast<void*>(library),
@@ -62,7 +161,8 @@ std::filesystem::path ProgramFolder() {
 }
 
 bool IsTerminal(std::FILE* stream) {
-    return _isatty(_fileno(stream)) != 0;
+    const auto handle = _get_osfhandle(_fileno(stream));
+    return UnderstandsEscapes(reinterpret_cast<HANDLE>(handle));
 }
 
 void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,
