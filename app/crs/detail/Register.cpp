@@ -1,5 +1,6 @@
 #include "app/crs/detail/Register.h"
 
+#include "app/base/Paths.h"
 #include "app/crs/ProjText.h"
 #include "app/crs/detail/Frames.h"
 
@@ -25,7 +26,7 @@ constexpr std::array kOriginLongitudes = {8802, 8812, 8822, 8833};
 
 std::filesystem::path DatabasePath(PJ_CONTEXT* context) {
     const char* path = proj_context_get_database_path(context);
-    return path != nullptr ? path : "";
+    return path != nullptr ? PathFromArgument(path) : std::filesystem::path();
 }
 
 double FromSexagesimal(double value) {
