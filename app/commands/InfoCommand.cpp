@@ -29,12 +29,10 @@ void AddInfoCommand(CLI::App& program, CommandContext& context) {
                      "Encoding of the texts, whatever the header says")
         ->type_name("NAME");
     const auto assumedCrs = std::make_shared<std::string>();
-    if (context.systemOfOption) {
-        command
-            ->add_option("--assume-crs", *assumedCrs,
-                         "Coordinate system of the files, whatever their headers say")
-            ->type_name("SYSTEM");
-    }
+    command
+        ->add_option("--assume-crs", *assumedCrs,
+                     "Coordinate system of the files, whatever their headers say")
+        ->type_name("SYSTEM");
     command->footer(kInfoFooter);
     command->callback([options, assumedCrs, &context] {
         context.run = [options, assumedCrs, &context] {
