@@ -8,11 +8,12 @@
 
 namespace support {
 
-TemporaryFolder::TemporaryFolder() {
+TemporaryFolder::TemporaryFolder() : TemporaryFolder(std::filesystem::temp_directory_path()) {}
+
+TemporaryFolder::TemporaryFolder(const std::filesystem::path& parent) {
     std::random_device random;
     for (int attempt = 0; attempt < 100; ++attempt) {
-        path_ = std::filesystem::temp_directory_path() /
-                ("qolf-test-" + std::to_string(random()) + std::to_string(random()));
+        path_ = parent / ("qolf-test-" + std::to_string(random()) + std::to_string(random()));
         if (std::filesystem::create_directory(path_)) {
             return;
         }
@@ -43,7 +44,10 @@ std::wstring TemporaryFolder::Write(const std::string& name, std::string_view by
 }
 
 std::string TemporaryFolder::Read(const std::string& name) const {
-    std::ifstream stream(path_ / name, std::ios::binary);
+    // In text mode, since a pair has the line ends of its system.
+    const std::filesystem::path path = path_ / name;
+    const bool isText = path.extension() == ".mif" || path.extension() == ".mid";
+    std::ifstream stream(path, isText ? std::ios::in : std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 

@@ -9,7 +9,9 @@ namespace support {
 
 class TemporaryFolder {
 public:
+    // Below the system's folder of temporary files.
     TemporaryFolder();
+    explicit TemporaryFolder(const std::filesystem::path& parent);
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -22,7 +24,7 @@ public:
     // Writes a file, byte for byte, and returns its path.
     std::wstring Write(const std::string& name, std::string_view bytes) const;
 
-    // The bytes of a file; empty when there is none.
+    // The bytes of a file, of a .mif or .mid file the lines with LF; empty when there is none.
     std::string Read(const std::string& name) const;
 
     bool Has(const std::string& name) const;
