@@ -5,6 +5,7 @@
 
 #include "app/commands/Command.h"
 #include "app/crs/CrsIdentity.h"
+#include "app/stats/StatsRun.h"
 
 #include <span>
 
@@ -18,6 +19,10 @@ struct CommandLibrary {
     CrsIdentity (*identify)(const CoordinateSystem& system);
     SystemPtr (*systemOfOption)(const std::string& option, const std::string& definition,
                                 Reporter& reporter);
+    int (*runStats)(const StatsOptions& options, Reporter& reporter);
+    Inputs (*resolveInputs)(const std::vector<std::string>& arguments, InputRule rule,
+                            const ArchiveLimits& limits, Reporter& reporter);
+    SourceWithFormat (*openUnlessPair)(const std::string& argument, const SourceOptions& options);
 };
 
 inline constexpr const char* kCommandLibraryFileName = "qolf-commands.so";

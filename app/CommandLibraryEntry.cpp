@@ -3,7 +3,8 @@
 #include "app/crs/Definitions.h"
 
 extern "C" __attribute__((visibility("default"))) const app::CommandLibrary* QolfCommands() {
-    static const app::CommandLibrary library{QOLF_VERSION, app::Commands(), app::Identify,
-                                             app::SystemOfOption};
+    static const app::CommandLibrary library{
+        QOLF_VERSION,  app::Commands(),    app::Identify,      app::SystemOfOption,
+        app::RunStats, app::ResolveInputs, app::OpenUnlessPair};
     return &library;
 }

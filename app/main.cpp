@@ -48,6 +48,11 @@ void AddGlobalOptions(CLI::App& program, GlobalOptions& options, app::CommandCon
     program.add_flag("--no-progress", options.noProgress, "Never show progress");
     program.add_option("--module", context.modulePath, "The filter module to load")
         ->type_name("FILE");
+    program
+        .add_option("--max-size", context.archiveLimits.mostBytes,
+                    "The largest file to take from an archive: 500M, 100G (64G)")
+        ->transform(CLI::AsSizeValue(/*kb_is_1000=*/false))
+        ->type_name("SIZE");
     program.set_version_flag("--version", std::string("qolf ") + QOLF_VERSION);
 }
 
@@ -200,7 +205,7 @@ int main(int argc, char** argv) {
     program.fallthrough();
     const std::string command = NamedCommand(program, arguments);
     try {
-        app::AddCommands(program, context, command);
+        app::AddCommands(program, context, command, arguments);
     } catch (const app::Failure& failure) {
         context.reporter.Error(failure.what());
         return kDataError;

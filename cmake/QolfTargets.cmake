@@ -38,8 +38,11 @@ function(qolf_compile_together)
   if(NOT QOLF_FAST_BUILD)
     return()
   endif()
-  set_target_properties(${ARGN} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
   foreach(target IN LISTS ARGN)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+    # g++ takes the sources for headers, in which types of one file alone would be a fault.
+    target_compile_options(${target} PRIVATE
+      $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     get_target_property(sources ${target} SOURCES)
     list(FILTER sources INCLUDE REGEX "_windows\\.cpp$")
     if(sources)

@@ -376,13 +376,7 @@ void ExportSession::Ask(Bytes& bytes) {
 
 // Deletes the filter, at whatever point of a run, and makes a new one.
 void ExportSession::Restart(const Fault& fault) {
-    const CallResult result = RunCall(host_, fault, [&] {
-        filter_.reset();
-        return 0;
-    });
-    Require(result.outcome == Outcome::Returned, "a filter lets no exception out when it goes");
-    Require(MemoryFiles::Get().openStreams() == 0, "a filter that goes closes its files");
-    Require(!host_.isProgressShown(), "a filter that goes ends its progress");
+    DestroyFilter(host_, fault, filter_);
     isExact_ = isExact_ && !MemoryFiles::Get().faults.hasRemovalFailed;
     Require(!isExact_ || created_.empty(), "a filter that goes deletes what it has not finished");
     filter_ = std::make_unique<mif::MifExportFilter>(manager_);

@@ -7,6 +7,7 @@
 #include "host/zeio/Errors.h"
 #include "tests/faults/FailingAllocations.h"
 
+#include <memory>
 #include <new>
 
 namespace fuzz {
@@ -74,6 +75,19 @@ template <class Call> CallResult RunCall(UnwillingHost& host, const Fault& fault
     host.ThrowAt(0);
     files.opens = files.seeks = files.removals = false;
     return result;
+}
+
+// Destroys the filter with the fault in force: it must let no exception out, leave no file open and
+// end its progress.
+template <class Filter>
+void DestroyFilter(UnwillingHost& host, const Fault& fault, std::unique_ptr<Filter>& filter) {
+    const CallResult result = RunCall(host, fault, [&] {
+        filter.reset();
+        return 0;
+    });
+    Require(result.outcome == Outcome::Returned, "a filter lets no exception out when it goes");
+    Require(MemoryFiles::Get().openStreams() == 0, "a filter that goes closes its files");
+    Require(!host.isProgressShown(), "a filter that goes ends its progress");
 }
 
 }  // namespace fuzz

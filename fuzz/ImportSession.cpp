@@ -164,13 +164,7 @@ void ImportSession::Ask(const Fault& fault) {
 }
 
 void ImportSession::Restart(const Fault& fault) {
-    const CallResult result = RunCall(host_, fault, [&] {
-        filter_.reset();
-        return 0;
-    });
-    Require(result.outcome == Outcome::Returned, "a filter lets no exception out when it goes");
-    Require(MemoryFiles::Get().openStreams() == 0, "a filter that goes closes its files");
-    Require(!host_.isProgressShown(), "a filter that goes ends its progress");
+    DestroyFilter(host_, fault, filter_);
     filter_ = std::make_unique<mif::MifImportFilter>(manager_);
     hasFileOpen_ = false;
 }

@@ -26,7 +26,7 @@ constexpr ErrorOrigin kBadVersion{L"CMifReader", 986};
 constexpr const wchar_t* kOutOfOrder =
     L"Internal Error:  Member functions called in improper order.";
 
-// A header that has not ended here is none: the file is something else.
+// A file whose header has not ended here is something else.
 constexpr std::uint64_t kHeaderLimitBytes = 65536;
 
 constexpr int kDefaultVersion = 300;

@@ -6,7 +6,7 @@
 
 namespace app {
 
-// In cells: characters of East Asia and emoji take two, marks that stand over others none.
+// In cells: characters of East Asia and emoji take two, marks over other characters none.
 std::size_t DisplayWidth(std::string_view utf8);
 
 }  // namespace app

@@ -167,7 +167,7 @@ void OutputFile::Write(std::string_view bytes) {
     if (stream_ == nullptr) {
         OpenStream();
     }
-    if (std::fwrite(buffer_.data(), 1, buffer_.size(), stream_) != buffer_.size()) {
+    if (!WriteToStream(stream_, buffer_)) {
         FailWriting();
     }
     buffer_.clear();
@@ -177,8 +177,7 @@ void OutputFile::Flush() {
     if (stream_ == nullptr) {
         OpenStream();
     }
-    if (std::fwrite(buffer_.data(), 1, buffer_.size(), stream_) != buffer_.size() ||
-        std::fflush(stream_) != 0) {
+    if (!WriteToStream(stream_, buffer_) || std::fflush(stream_) != 0) {
         FailWriting();
     }
     buffer_.clear();

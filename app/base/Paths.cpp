@@ -1,5 +1,6 @@
 #include "app/base/Paths.h"
 
+#include "app/base/ShownPlace.h"
 #include "app/base/platform/System.h"
 #include "host/platform/Stdio.h"
 #include "standalone/Text.h"
@@ -49,8 +50,16 @@ std::wstring WidePath(const std::filesystem::path& path) {
     }
 }
 
+std::string ArgumentOfPath(const std::filesystem::path& path) {
+    if constexpr (kWidePaths) {
+        return standalone::Narrow(path.wstring());
+    } else {
+        return path.string();
+    }
+}
+
 std::string PathText(const std::filesystem::path& path) {
-    return standalone::Narrow(WidePath(path));
+    return WithShownPlaces(standalone::Narrow(WidePath(path)));
 }
 
 std::string LowerExtension(const std::filesystem::path& path) {

@@ -18,7 +18,11 @@ std::string ArgumentFromPath(const std::filesystem::path& path);
 // there and back.
 std::wstring WidePath(const std::filesystem::path& path);
 
-// Returns the path as UTF-8, for messages and JSON.
+// Returns what PathFromArgument makes this path of.
+std::string ArgumentOfPath(const std::filesystem::path& path);
+
+// Returns the path as UTF-8, for messages and JSON. Of a file that was unpacked it is the place in
+// the archive (app/base/ShownPlace.h).
 std::string PathText(const std::filesystem::path& path);
 
 // Returns the extension in lower case with its full stop (".mif"); "" when there is none.

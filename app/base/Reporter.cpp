@@ -1,5 +1,7 @@
 #include "app/base/Reporter.h"
 
+#include "app/base/platform/System.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -127,7 +129,7 @@ void Reporter::Put(const std::string& text) {
     if (kept_ != nullptr) {
         *kept_ += text;
     } else {
-        std::fputs(text.c_str(), stream_);
+        static_cast<void>(WriteToStream(stream_, text));  // there is no other place to say so
         std::fflush(stream_);
     }
 }

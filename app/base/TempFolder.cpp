@@ -23,7 +23,7 @@ std::filesystem::path ParentOrSystemFolder(const std::filesystem::path& parent) 
 
 TempFolder::TempFolder(const std::filesystem::path& parent)
     : path_(MakePrivateFolder(ParentOrSystemFolder(parent))) {
-    RemoveOnSignal(path_, RemovalKind::Folder);
+    RemoveOnSignal(path_);
 }
 
 TempFolder::~TempFolder() {
@@ -33,9 +33,7 @@ TempFolder::~TempFolder() {
 }
 
 std::filesystem::path TempFolder::File(const std::filesystem::path& name) const {
-    std::filesystem::path file = path_ / name;
-    RemoveOnSignal(file, RemovalKind::File);
-    return file;
+    return path_ / name;
 }
 
 }  // namespace app

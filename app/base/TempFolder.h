@@ -11,11 +11,10 @@ namespace app {
 inline constexpr const char* kPrivateFolderPrefix = ".qolf-";
 
 // A new folder that only this user can use, removed with everything in it at the end of the
-// object's life. The folder and the files that were named with File are also removed when an
-// interrupt, a hang-up or a request to terminate ends the program.
+// object's life, and also when an interrupt, a hang-up or a request to terminate ends the program.
 class TempFolder {
 public:
-    // Makes the folder below `parent`; an empty `parent` stands for the system's folder of
+    // Makes the folder below `parent`; an empty `parent` means the system's folder of
     // temporary files. Throws Failure.
     explicit TempFolder(const std::filesystem::path& parent = {});
     ~TempFolder();
@@ -24,8 +23,7 @@ public:
 
     const std::filesystem::path& Path() const { return path_; }
 
-    // Returns the path of a file that will be made in the folder. Call it before making the file,
-    // so that a signal removes it.
+    // Returns the path of a file in the folder.
     std::filesystem::path File(const std::filesystem::path& name) const;
 
 private:

@@ -29,6 +29,27 @@ bool IsForbidden(char32_t codePoint, std::size_t length) {
            (codePoint >= 0xD800 && codePoint <= 0xDFFF) || codePoint > 0x10FFFF;
 }
 
+char32_t Small(char32_t letter) {
+    const auto isFrom = [letter](char32_t first, char32_t last) {
+        return letter >= first && letter <= last;
+    };
+    if (isFrom('A', 'Z') || (isFrom(0xC0, 0xDE) && letter != 0xD7) || isFrom(0x391, 0x3A9) ||
+        isFrom(0x410, 0x42F)) {
+        return letter + 0x20;
+    }
+    if (isFrom(0x400, 0x40F)) {
+        return letter + 0x50;
+    }
+    // Here small letters follow their capitals, from an even code point or from an odd one.
+    if (isFrom(0x100, 0x12F) || isFrom(0x132, 0x137) || isFrom(0x14A, 0x177)) {
+        return letter | 1U;
+    }
+    if (isFrom(0x139, 0x148) || isFrom(0x179, 0x17E)) {
+        return letter + (letter & 1U);
+    }
+    return letter;
+}
+
 }  // namespace
 
 char32_t TakeCodePoint(std::string_view& utf8) {
@@ -65,6 +86,14 @@ bool IsUtf8(std::string_view bytes) {
         }
     }
     return true;
+}
+
+std::u32string FoldedCase(std::string_view utf8) {
+    std::u32string folded;
+    while (!utf8.empty()) {
+        folded += Small(TakeCodePoint(utf8));
+    }
+    return folded;
 }
 
 std::string Utf8FromNarrow(std::string narrow) {

@@ -15,7 +15,7 @@ struct BatchItem {
 };
 
 // Returns the inputs with their outputs, in order; makes no file yet. A file's output is
-// `folder`/stem.`extension`. An input that is a folder stands for all files below it that have one
+// `folder`/stem.`extension`. An input that is a folder means all files below it that have one
 // of `inputExtensions` (".mif", in any case), sorted. These keep their places in it: for the input
 // maps, the output of maps/north/roads.mif is `folder`/north/roads.`extension`. An input that is
 // named twice is taken once.

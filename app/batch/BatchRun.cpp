@@ -2,6 +2,7 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/base/ShownPlace.h"
 #include "app/batch/AbandonedFolders.h"
 #include "app/batch/ChildProcesses.h"
 
@@ -75,7 +76,7 @@ std::string ForwardMessages(std::string_view messages, Reporter& reporter) {
 }
 
 void ReportEnd(const BatchItem& item, const ChildResult& result, Reporter& reporter, Tally& tally) {
-    std::string error = ForwardMessages(result.messages, reporter);
+    std::string error = ForwardMessages(WithShownPlaces(result.messages), reporter);
     if (result.exitCode == 0 && result.signal == 0) {
         ++tally.converted;
         return;

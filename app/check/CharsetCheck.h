@@ -22,14 +22,18 @@ enum class CharsetVerdict {
     NotTested,
 };
 
+// Tests lines against one charset. Holds an open conversion of the system's, where one is needed.
 class CharsetTester {
 public:
+    // `declaredName` is the name as in the header, in any case; empty when there is none.
     explicit CharsetTester(std::string_view declaredName);
 
     CharsetKind Kind() const { return kind_; }
-    // bytes is a whole line. Lines of ASCII always fit.
+    // `bytes` is a whole line: characters of several bytes do not reach over line ends. Lines of
+    // ASCII always fit.
     CharsetVerdict Test(std::string_view bytes) const;
-    // The number of characters, for column widths: of UTF-8 text its characters, else its bytes.
+    // Returns the number of characters, for column widths: of UTF-8 text its characters, else its
+    // bytes.
     std::size_t CountCharacters(std::string_view bytes) const;
 
 private:

@@ -5,8 +5,10 @@
 #include "app/base/Reporter.h"
 #include "app/base/Utf8.h"
 #include "app/check/GatheredFindings.h"
+#include "app/check/LayerCheck.h"
 #include "app/check/PairCheck.h"
 #include "app/check/RepairMif.h"
+#include "app/formats/Formats.h"
 #include "app/json/JsonText.h"
 #include "app/mif/Charsets.h"
 #include "app/run/CodePage.h"
@@ -135,8 +137,17 @@ private:
     bool isBelieved_;  // the bytes are of the code page that is set, whatever they look like
 };
 
+// Null for pairs, and for files of no format, which are checked as such.
+const Format* OtherFormatOf(const std::filesystem::path& file) {
+    const Format* const format = FindFormatOfFile(file);
+    return format != nullptr && format->mainFile == nullptr ? format : nullptr;
+}
+
 FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& options,
                         FindingSink& sink) {
+    if (const Format* const format = OtherFormatOf(file)) {
+        return CheckLayers(file, *format, options.maxPerCode, sink);
+    }
     MifHeader header;
     if (std::error_code error; std::filesystem::is_regular_file(AsOnDisk(file), error)) {
         header = ScanHeader(file);
@@ -251,13 +262,16 @@ CheckOptions CheckedCheckOptions(const CheckArguments& arguments) {
     for (const std::string& file : arguments.files) {
         if (file == "-") {
             throw UsageError(
-                "a MIF file can't come from standard input: its .mid stands beside it");
+                "a MIF file can't come from standard input: its .mid is a file beside it");
         }
         options.files.push_back(PathFromArgument(file));
     }
     if (!arguments.fix.empty()) {
         if (options.files.size() != 1) {
             throw UsageError("--fix writes one copy, so it takes one file");
+        }
+        if (OtherFormatOf(options.files.front()) != nullptr) {
+            throw UsageError(PathText(options.files.front()) + ": --fix repairs MIF files only");
         }
         CheckMifOutput(arguments.fix);
         options.fix = PathFromArgument(arguments.fix);

@@ -11,7 +11,7 @@
 
 namespace app {
 
-// The options as they stand on the command line.
+// The options as given on the command line.
 struct CheckArguments {
     std::vector<std::string> files;
     bool json = false;

@@ -1,4 +1,4 @@
-// Findings of one pair, kept until all of it is read: one that hits every object is said once.
+// Findings of one pair, kept until all of it is read: a finding of every object is reported once.
 #pragma once
 
 #include "app/check/PairCheck.h"
@@ -12,8 +12,9 @@ class GatheredFindings : public FindingSink {
 public:
     void Add(const Finding& finding) override { findings_.push_back(finding); }
 
-    // Passes them on in their order. Of those that hit all objects of some kinds, or all rows, only
-    // the first goes on, with the number of all; the counts take the others for reported, too.
+    // Passes them on in their order. When a finding holds for all objects of some kinds, or for all
+    // rows, only the first one is passed on, with the number of all (Finding::count); in the
+    // counts of `pair` the others are reported, too.
     void PassOn(FindingSink& sink, CheckedPair& pair) const;
 
 private:

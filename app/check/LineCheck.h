@@ -11,6 +11,8 @@
 
 namespace app {
 
+// Looks at each line of one file once, before it is read as something. Reports lone carriage
+// returns, a missing last line end, NUL bytes, and characters that the charset does not have.
 class LineCheck {
 public:
     // All must outlive the check. The charset may become known while the lines come; `object` is
@@ -19,9 +21,10 @@ public:
               const std::uint64_t& object)
         : file_(file), report_(report), charset_(charset), object_(object) {}
 
+    // Called once per line, in the file's order.
     void See(const MifLine& line);
 
-    // Of the charset as it is now.
+    // Returns the tester of the charset as it is known by now.
     CharsetTester& Tester();
 
 private:

@@ -15,17 +15,16 @@ namespace app {
 struct PairCheckOptions {
     std::uint64_t maxPerCode = 100;  // findings of one code that are passed on; 0: all
     TabRewriting tabRewriting = TabRewriting::Off;
-    std::string charset =
-        {};  // in place of the header's, by its name in headers; empty: the header's
+    std::string charset = {};  // in place of the header's, by its name in headers; empty: its own
 };
 
-// What there is in a pair.
+// What was found in a pair.
 struct CheckedPair {
     bool isReadable = false;  // the .mif file was read as far as it goes
     FindingCounts findings{};
     MifHeader header;
     MifCounts objects;
-    std::uint64_t rows = 0;
+    std::uint64_t rows = 0;  // of the .mid file
 };
 
 // Passes the findings on to the sink, those of the .mif file first. Never fails on contents: a file

@@ -33,7 +33,7 @@ public:
 
     void Add(const Edit& edit) { pending_.push_back(edit); }
 
-    // Applies all edits that begin before offset and copies what stands before the next one.
+    // Applies all edits that begin before offset and copies what is before the next one.
     void Settle(std::uint64_t offset) {
         const auto later =
             std::stable_partition(pending_.begin(), pending_.end(),
@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    // Insertions stand before replacements at the same place, larger edits before smaller ones.
+    // Insertions come before replacements at the same place, larger edits before smaller ones.
     static bool ComesFirst(const Edit& left, const Edit& right) {
         if (left.begin != right.begin) {
             return left.begin < right.begin;

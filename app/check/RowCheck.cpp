@@ -150,7 +150,7 @@ std::uint64_t RowChecker::SkipBlankLines(std::uint64_t rows) {
         return 0;
     }
     report_.Add(FindingCode::RowEmpty, {FileOfPair::Mid, first, rows + 1},
-                Counted(blanks, "empty line stands", "empty lines stand") +
+                Counted(blanks, "empty line is", "empty lines are") +
                     " between the rows; the reader takes each for a row");
     return blanks;
 }

@@ -10,8 +10,8 @@
 
 namespace app {
 
-// Reads all lines and answers how many rows there are; empty lines at the end are none. row is kept
-// at the number of the row under check.
+// Reads all lines and returns how many rows there are; empty lines at the end do not count. `row`
+// is kept at the number of the row under check.
 std::uint64_t CheckRows(LineReader& lines, FindingCounter& report, const MifHeader& header,
                         const CharsetTester& charset, TabRewriting rewriting, std::uint64_t& row);
 

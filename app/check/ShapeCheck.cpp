@@ -19,10 +19,6 @@ bool Holds(const shr::Box2d& box, const shr::Vec2d& point) {
            point.y >= box.minY - slack && point.y <= box.maxY + slack;
 }
 
-std::string PointText(const shr::Vec2d& point) {
-    return "(" + NumberAsText(point.x) + ", " + NumberAsText(point.y) + ")";
-}
-
 std::uint64_t LineOf(const ObjectPart& part, std::size_t point) {
     return part.lines.empty() ? part.firstLine + (part.shape == PartShape::Corners ? 0 : point)
                               : part.lines[point];
@@ -34,6 +30,33 @@ bool HoldsAll(const std::optional<shr::Box2d>& box, std::span<const shr::Vec2d> 
 }
 
 }  // namespace
+
+std::string PointText(const shr::Vec2d& point) {
+    return "(" + NumberAsText(point.x) + ", " + NumberAsText(point.y) + ")";
+}
+
+void CheckRing(std::span<const shr::Vec2d> ring, RingTester& tester, const RingSink& sink) {
+    if (!HasArea(ring)) {
+        sink(FindingCode::RingTooSmall, "the ring has fewer than three different vertices");
+        return;
+    }
+    if (!(ring.front() == ring.back())) {
+        sink(FindingCode::RingNotClosed, "the last vertex is not the first one");
+    }
+    const std::optional<Crossing> crossing = tester.Test(ring);
+    if (!crossing) {
+        return;
+    }
+    const std::string where = " at " + PointText(crossing->where);
+    if (crossing->kind == CrossingKind::NotTested) {
+        sink(FindingCode::RingNotTested,
+             "the ring was not tested for self-crossing: " + crossing->reason);
+    } else if (crossing->kind == CrossingKind::Touches) {
+        sink(FindingCode::RingTouchesItself, "the ring touches itself" + where);
+    } else {
+        sink(FindingCode::RingCrossesItself, "the ring crosses itself" + where);
+    }
+}
 
 ShapeCheck::ShapeCheck(const MifHeader& header, FindingCounter& report)
     : header_(header), bounds_(header.bounds), report_(report) {
@@ -58,7 +81,9 @@ void ShapeCheck::TakePoints(const ObjectPart& part) {
                     "a line of one vertex; the reader drops it");
     }
     if (part.shape == PartShape::Outline && !part.points.empty()) {
-        CheckRing(part);
+        CheckRing(part.points, rings_, [&](FindingCode code, const std::string& message) {
+            report_.Add(code, PlaceOf(part), message);
+        });
     }
 }
 
@@ -88,31 +113,6 @@ bool ShapeCheck::CheckPlace(const shr::Vec2d& point, const Place& place) {
         return true;
     }
     return false;
-}
-
-void ShapeCheck::CheckRing(const ObjectPart& part) {
-    const Place place = PlaceOf(part);
-    if (!HasArea(part.points)) {
-        report_.Add(FindingCode::RingTooSmall, place,
-                    "the ring has fewer than three different vertices");
-        return;
-    }
-    if (!(part.points.front() == part.points.back())) {
-        report_.Add(FindingCode::RingNotClosed, place, "the last vertex is not the first one");
-    }
-    const std::optional<Crossing> crossing = rings_.Test(part.points);
-    if (!crossing) {
-        return;
-    }
-    const std::string where = " at " + PointText(crossing->where);
-    if (crossing->kind == CrossingKind::NotTested) {
-        report_.Add(FindingCode::RingNotTested, place,
-                    "the ring was not tested for self-crossing: " + crossing->reason);
-    } else if (crossing->kind == CrossingKind::Touches) {
-        report_.Add(FindingCode::RingTouchesItself, place, "the ring touches itself" + where);
-    } else {
-        report_.Add(FindingCode::RingCrossesItself, place, "the ring crosses itself" + where);
-    }
 }
 
 }  // namespace app

@@ -7,9 +7,21 @@
 #include "app/mif/PassSink.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <span>
+#include <string>
 
 namespace app {
+
+// "(24.5, 59.3)".
+std::string PointText(const shr::Vec2d& point);
+
+// Receives what is wrong with a ring.
+using RingSink = std::function<void(FindingCode code, const std::string& message)>;
+
+// Checks one ring of a region, which is not empty.
+void CheckRing(std::span<const shr::Vec2d> ring, RingTester& tester, const RingSink& sink);
 
 class ShapeCheck : public PassSink {
 public:
@@ -22,7 +34,6 @@ public:
 private:
     void CheckPlaces(const ObjectPart& part);
     bool CheckPlace(const shr::Vec2d& point, const Place& place);
-    void CheckRing(const ObjectPart& part);
     static Place PlaceOf(const ObjectPart& part) {
         return {FileOfPair::Mif, part.line, part.object};
     }

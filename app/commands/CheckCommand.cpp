@@ -20,6 +20,7 @@ Exit status: 0 nothing wrong (warnings and notes allowed), 1 errors,
 Examples:
   qolf check roads.mif
   qolf check --strict --json *.mif > findings.json
+  qolf check GEOFLA.zip places.gpkg roads.geojson
   qolf check roads.mif --fix repaired.mif)";
 
 }  // namespace
@@ -27,8 +28,9 @@ Examples:
 void AddCheckCommand(CLI::App& program, CommandContext& context) {
     const auto arguments = std::make_shared<CheckArguments>();
     CLI::App* command =
-        program.add_subcommand("check", "Find what is wrong with MIF files, and repair it");
-    command->add_option("files", arguments->files, "MIF files to check")->type_name("FILE");
+        program.add_subcommand("check", "Find what is wrong with files, and repair it");
+    command->add_option("files", arguments->files, "Files, folders and archives to check")
+        ->type_name("FILE");
     command->add_flag("--json", arguments->json, "Print one JSON document");
     command->add_flag("--strict", arguments->strict, "Exit with 3 when there are warnings");
     command->add_option("--fix", arguments->fix, "Write a repaired copy of the pair")
@@ -52,6 +54,8 @@ void AddCheckCommand(CLI::App& program, CommandContext& context) {
             if (arguments->codes) {
                 return PrintCodes();
             }
+            const Inputs inputs = context.Resolve(arguments->files, InputRule::Files);
+            arguments->files = inputs.arguments;
             CheckOptions options = CheckedCheckOptions(*arguments);
             options.modulePath = context.modulePath;
             return RunCheck(options, context.reporter);

@@ -4,16 +4,20 @@
 
 #include "app/base/Reporter.h"
 #include "app/crs/CrsIdentity.h"
+#include "app/inputs/Inputs.h"
 
 #include <functional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
 }
 
 namespace app {
+
+struct StatsOptions;
 
 // What a subcommand shares with main(). Parsing opens no file: it only sets `run`.
 struct CommandContext {
@@ -32,6 +36,25 @@ struct CommandContext {
     // Loads the command library; throws Failure when there is none.
     std::function<SystemPtr(const std::string& option, const std::string& definition, Reporter&)>
         systemOfOption;
+
+    // Runs qolf info --stats (app/stats/StatsRun.h). Loads the command library; throws Failure when
+    // there is none. Empty where there are no formats but MIF.
+    std::function<int(const StatsOptions&, Reporter&)> runStats;
+    // What --max-size allows.
+    ArchiveLimits archiveLimits;
+
+    // ResolveInputs and OpenUnlessPair of app/inputs/Inputs.h. Empty in a program that reads pairs
+    // alone: nothing else was named then, or the system has no more.
+    std::function<Inputs(const std::vector<std::string>&, InputRule, const ArchiveLimits&,
+                         Reporter&)>
+        resolveInputs;
+    std::function<SourceWithFormat(const std::string&, const SourceOptions&)> openUnlessPair;
+
+    // Returns the files behind what the user named.
+    Inputs Resolve(const std::vector<std::string>& arguments, InputRule rule) {
+        return resolveInputs ? resolveInputs(arguments, rule, archiveLimits, reporter)
+                             : Inputs{arguments};
+    }
 };
 
 // A row of the list of subcommands.

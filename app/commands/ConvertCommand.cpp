@@ -1,4 +1,5 @@
 // The options of qolf convert.
+#include "app/batch/ChildProcesses.h"
 #include "app/commands/Command.h"
 #include "app/convert/BatchConvert.h"
 #include "app/convert/ConvertRun.h"
@@ -18,8 +19,10 @@ constexpr const char* kConvertExamples = R"(
 Examples:
   qolf convert roads.mif roads.geojson
   qolf convert roads.mif places.mif maps.gpkg       a layer for each file
+  qolf convert GEOFLA.zip maps.gpkg                 the same for those in an archive
   qolf convert --crs EPSG:3301 in.geojson out.mif
   qolf convert --bbox 24,58,26,60 --select id,name roads.mif - | jq .
+  qolf convert --where "pop > 1000 and name like 'A%'" places.mif a.geojson
   qolf convert --jobs 2 --to gpkg --output-dir out/ maps/)";
 
 std::vector<std::string> Split(const std::string& text) {
@@ -56,10 +59,21 @@ void AddSelection(CLI::App& command, ConvertOptions& options) {
     command.add_option("--layer", options.layer, "Name of the layer to write, or to read")
         ->type_name("NAME");
     command
-        .add_option_function<std::string>(
-            "--select", [&options](const std::string& text) { options.select = Split(text); },
-            "Columns to keep, in this order")
-        ->type_name("NAME,...");
+        .add_option_function<std::vector<std::string>>(
+            "--select",
+            [&options](const std::vector<std::string>& texts) {
+                for (const std::string& text : texts) {
+                    const std::vector<std::string> names = Split(text);
+                    options.select.insert(options.select.end(), names.begin(), names.end());
+                }
+            },
+            "Columns to keep, in this order; may be given several times")
+        ->type_name("NAME,...")
+        ->allow_extra_args(false);
+    command
+        .add_option("--where", options.where,
+                    "Keep the objects of which this SQL expression over their columns is true")
+        ->type_name("EXPRESSION");
     command
         .add_option_function<std::string>(
             "--bbox", [&options](const std::string& text) { options.box = BoxOf(text); },
@@ -131,6 +145,17 @@ void AddBatch(CLI::App& command, ConvertOptions& options) {
         ->needs(folder);
 }
 
+// Puts the files behind the inputs in their place. The result keeps what was unpacked.
+Inputs ResolveInputsOf(ConvertOptions& options, CommandContext& context) {
+    const bool hasOutput = options.outputFolder.empty();
+    const auto end = options.paths.end() - (hasOutput ? 1 : 0);
+    Inputs inputs = context.Resolve({options.paths.begin(), end},
+                                    hasOutput ? InputRule::Archives : InputRule::Folders);
+    options.paths.erase(options.paths.begin(), end);
+    options.paths.insert(options.paths.begin(), inputs.arguments.begin(), inputs.arguments.end());
+    return inputs;
+}
+
 }  // namespace
 
 void AddConvertCommand(CLI::App& program, CommandContext& context) {
@@ -149,6 +174,9 @@ void AddConvertCommand(CLI::App& program, CommandContext& context) {
     command->callback([options, &context] {
         context.run = [options, &context] {
             options->modulePath = context.modulePath;
+            // A process of a batch has its one file, which the first process has unpacked.
+            const Inputs inputs =
+                TaskOfThisProcess() ? Inputs() : ResolveInputsOf(*options, context);
             return options->outputFolder.empty() ? RunConvert(*options, context.reporter)
                                                  : ConvertMany(*options, context.reporter);
         };

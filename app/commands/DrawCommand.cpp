@@ -10,13 +10,13 @@ namespace app {
 namespace {
 
 constexpr const char* kDrawFooter = R"(
-Inputs are MIF files, GeoJSON and GeoPackages; a folder stands for the files in
-it and below. The picture is SVG, PNG or PDF by the extension of OUT. Files are
-drawn in their order, the last one on top. Pens, brushes, symbols and fonts are
-those of the file; what it says nothing about, and everything with
---ignore-styles, has a colour of its own for each layer. Layers of other
-coordinate systems are moved into that of the first, or into the one that --crs
-names.
+Inputs are MIF files, GeoJSON and GeoPackages; a folder means the files in
+it and below, and so does an archive. The picture is SVG, PNG or PDF by the
+extension of OUT. Files are drawn in their order, the last one on top. Pens,
+brushes, symbols and fonts are those of the file; what it says nothing about,
+and everything with --ignore-styles, has a colour of its own for each layer.
+Layers of other coordinate systems are moved into that of the first, or into
+the one that --crs names.
 
 Examples:
   qolf draw roads.mif roads.png
@@ -65,6 +65,10 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
                      "Label the objects with this column; more than one --label may be given")
         ->type_name("[LAYER:]COLUMN")
         ->allow_extra_args(false);
+    command
+        ->add_option("--where", arguments->where,
+                     "Draw the objects of which this SQL expression over their columns is true")
+        ->type_name("EXPRESSION");
     command->add_flag("--legend", arguments->legend, "Show the styles of each layer");
     command->add_flag("--scale-bar", arguments->scaleBar, "Show how long a kilometre is");
     command->add_option("--title", arguments->title, "Words at the top of the picture")
@@ -80,6 +84,8 @@ void AddDrawCommand(CLI::App& program, CommandContext& context) {
         context.run = [arguments, &context] {
             DrawOptions options = CheckedDrawOptions(*arguments);
             options.map.modulePath = context.modulePath;
+            const Inputs inputs = context.Resolve(options.map.paths, InputRule::Files);
+            options.map.paths = inputs.arguments;
             return RunDraw(options, context.reporter);
         };
     });

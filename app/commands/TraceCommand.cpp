@@ -36,6 +36,8 @@ void AddTraceCommand(CLI::App& program, CommandContext& context) {
     command->callback([options, &context] {
         context.run = [options, &context] {
             options->modulePath = context.modulePath;
+            const Inputs inputs = context.Resolve({options->file}, InputRule::OneFile);
+            options->file = inputs.arguments.front();
             return RunTrace(*options, context.reporter);
         };
     });

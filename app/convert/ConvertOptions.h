@@ -34,6 +34,7 @@ struct ConvertOptions {
         precision;  // --precision: decimals of coordinates; absent: all that they have
     std::string layer;
     std::vector<std::string> select;
+    std::string where;        // empty: every feature
     std::vector<double> box;  // empty, or four numbers
     std::optional<std::uint64_t> limit;
 

@@ -38,7 +38,8 @@ NamedFile OutputOf(const ConvertOptions& options) {
 NamedFile InputOf(const std::string& argument) {
     const Format& format = FormatOfPath(argument);
     const bool isOneFile = format.mainFile == nullptr;
-    return {isOneFile ? argument : PathText(format.mainFile(PathFromArgument(argument))), format};
+    return {isOneFile ? argument : ArgumentOfPath(format.mainFile(PathFromArgument(argument))),
+            format};
 }
 
 void CheckNoFolder(const std::string& input) {
@@ -88,8 +89,8 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
 bool IsCopy(const ConvertOptions& options, const Conversion& conversion) {
     const Format& format = conversion.output.format;
     return options.asIs && format.copy != nullptr && &conversion.inputs.front().format == &format &&
-           options.select.empty() && options.box.empty() && !options.limit &&
-           (options.crs.empty() || options.crs == "keep");
+           options.select.empty() && options.where.empty() && options.box.empty() &&
+           !options.limit && (options.crs.empty() || options.crs == "keep");
 }
 
 void ConvertInput(const ConvertOptions& options, const NamedFile& input,

@@ -1,24 +1,21 @@
 #include "app/convert/FeatureFilter.h"
 
 #include "app/base/Errors.h"
+#include "app/query/ColumnNames.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace app {
 
-namespace {
-
-[[noreturn]] void FailForColumn(const std::string& subject, const std::string& wanted,
-                                const std::vector<LayerColumn>& columns) {
-    std::string names;
-    for (const LayerColumn& column : columns) {
-        names.append(names.empty() ? "" : ", ").append(column.name);
+std::vector<LayerColumn> FeatureFilter::BeginLayer(const std::vector<LayerColumn>& columns,
+                                                   const std::string& subject) {
+    question_.reset();
+    if (!settings_.where.empty()) {
+        question_.emplace(settings_.where, columns, subject);
     }
-    throw Failure(subject + ": there is no column \"" + wanted + "\"; the columns are: " + names);
+    return SelectColumns(columns, subject);
 }
-
-}  // namespace
 
 std::vector<LayerColumn> FeatureFilter::SelectColumns(const std::vector<LayerColumn>& columns,
                                                       const std::string& subject) {
@@ -28,14 +25,12 @@ std::vector<LayerColumn> FeatureFilter::SelectColumns(const std::vector<LayerCol
     std::vector<LayerColumn> left;
     selected_.clear();
     for (const std::string& wanted : settings_.columns) {
-        const auto at =
-            std::find_if(columns.begin(), columns.end(),
-                         [&](const LayerColumn& column) { return column.name == wanted; });
-        if (at == columns.end()) {
-            FailForColumn(subject, wanted, columns);
+        const std::optional<std::size_t> at = FindColumn(columns, wanted);
+        if (!at) {
+            throw Failure(subject + ": --select: " + NoSuchColumn(columns, wanted));
         }
-        selected_.push_back(static_cast<std::size_t>(at - columns.begin()));
-        left.push_back(*at);
+        selected_.push_back(*at);
+        left.push_back(columns[*at]);
     }
     return left;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/feature/Feature.h"
+#include "app/query/Question.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -13,20 +14,23 @@ namespace app {
 
 struct FilterSettings {
     std::vector<std::string> columns;    // --select, in this order; empty: all
+    std::string where;                   // --where; empty: no question is asked
     std::optional<shr::Box2d> box;       // --bbox, in the coordinates of the output
     std::optional<std::uint64_t> limit;  // --limit
-
-    bool IsEmpty() const { return columns.empty() && !box && !limit; }
 };
 
 class FeatureFilter {
 public:
     explicit FeatureFilter(FilterSettings settings) : settings_(std::move(settings)) {}
 
-    // Returns those of a layer's columns that are selected, and remembers their places. Throws
-    // Failure, with `subject` and the names there are, for a selected column that the layer lacks.
-    std::vector<LayerColumn> SelectColumns(const std::vector<LayerColumn>& columns,
-                                           const std::string& subject);
+    // Prepares the selection and the question for a layer with these columns, and returns those
+    // that are selected. Throws Failure, with `subject` and the names there are, for a column that
+    // the layer lacks; UsageError for a question that is no expression.
+    std::vector<LayerColumn> BeginLayer(const std::vector<LayerColumn>& columns,
+                                        const std::string& subject);
+
+    // Returns whether the question holds for the feature, which has the values of all columns.
+    bool Answers(const Feature& feature) { return !question_ || question_->Holds(feature); }
 
     // Returns whether the box of the feature, or of one of its members, touches the wanted box. A
     // feature without geometry touches no box.
@@ -42,7 +46,11 @@ public:
     bool IsEmpty() const { return settings_.limit && *settings_.limit == 0; }
 
 private:
+    std::vector<LayerColumn> SelectColumns(const std::vector<LayerColumn>& columns,
+                                           const std::string& subject);
+
     FilterSettings settings_;
+    std::optional<Question> question_;   // absent: every feature will do
     std::vector<std::size_t> selected_;  // positions in the layer's columns; unused without columns
     std::uint64_t count_ = 0;
 };

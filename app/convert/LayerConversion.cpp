@@ -11,6 +11,7 @@ namespace {
 FilterSettings FilterSettingsOf(const ConvertOptions& options) {
     FilterSettings settings;
     settings.columns = options.select;
+    settings.where = options.where;
     if (!options.box.empty()) {
         settings.box = shr::Box2d{options.box[0], options.box[1], options.box[2], options.box[3]};
     }
@@ -35,12 +36,16 @@ bool LayerConversion::Begin(LayerFacts facts, const std::string& subject) {
         }
     }
     facts.system = plan_.output;
-    facts.columns = filter_.SelectColumns(facts.columns, subject);
+    facts.columns = filter_.BeginLayer(facts.columns, subject);
     target_.BeginLayer(facts);
     return !filter_.IsEmpty();
 }
 
 bool LayerConversion::Take(Feature& feature) {
+    if (!filter_.Answers(feature)) {
+        ++unaskedCount_;
+        return true;
+    }
     if (plan_.reprojection || !format_.holds.curves) {
         FlattenCurves(feature, options_.segments);
     }
@@ -84,10 +89,13 @@ void LayerConversion::SayUnplaced() const {
 }
 
 void LayerConversion::End() {
-    if (outsideCount_ > 0 && !isAnyWritten_) {
+    if (outsideCount_ + unaskedCount_ > 0 && !isAnyWritten_) {
         reporter_.Warning(
-            subject_ + ": no object meets --bbox, whose numbers are coordinates of the output; " +
-            (format_.holds.emptyLayers && !options_.asIs ? "an empty layer" : "nothing") +
+            subject_ + ": no object meets " +
+            (outsideCount_ == 0   ? "--where"
+             : unaskedCount_ == 0 ? "--bbox, whose numbers are coordinates of the output"
+                                  : "both --where and --bbox") +
+            "; " + (format_.holds.emptyLayers && !options_.asIs ? "an empty layer" : "nothing") +
             " is written");
     }
     if (unplacedCount_ > 0) {

@@ -21,14 +21,15 @@ public:
                     Reporter& reporter);
 
     // Begins the target's layer. `facts` are the source's, and `subject` is its name. False when no
-    // feature is wanted. Throws Failure; UsageError for a system that the format can't have.
+    // feature is wanted. Throws Failure; UsageError for a system that the format can't have and for
+    // a question that is no expression.
     bool Begin(LayerFacts facts, const std::string& subject);
 
-    // Writes the feature, unless it lies outside --bbox. False when that was the last one.
+    // Writes the feature, unless --where or --bbox keeps it out. False when that was the last one.
     bool Take(Feature& feature);
 
-    // Warns when the box has kept everything out, and of objects that have no place in the output's
-    // system. Throws Failure when no object has one.
+    // Warns when --where and --bbox have kept everything out, and of objects that have no place in
+    // the output's system. Throws Failure when no object has one.
     void End();
 
 private:
@@ -42,6 +43,7 @@ private:
     FeatureFilter filter_;
     SystemPlan plan_;
     std::string subject_;
+    std::uint64_t unaskedCount_ = 0;   // features that --where has kept out
     std::uint64_t outsideCount_ = 0;   // features that --bbox has kept out
     std::uint64_t unplacedCount_ = 0;  // features with a point that can't be reprojected
     bool isAnyPlaced_ = false;

@@ -1,5 +1,6 @@
 #include "app/crs/ClauseForExport.h"
 
+#include "app/base/Angles.h"
 #include "app/crs/detail/CrsDatum.h"
 #include "app/crs/detail/PlainNumber.h"
 #include "app/crs/detail/ProjHandles.h"
@@ -7,7 +8,6 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <numbers>
 #include <optional>
 #include <string_view>
 
@@ -19,7 +19,6 @@ using detail::PjHandle;
 using detail::PlainNumber;
 using enum ProjectionParameter;
 
-constexpr double kDegree = std::numbers::pi / 180.0;
 constexpr double kSurveyFoot = 1200.0 / 3937.0;
 
 // Parameter codes of the EPSG register.
@@ -318,7 +317,7 @@ constexpr MethodRow kMethods[] = {
 
 constexpr int kPseudoMercatorMethod = 1024;
 
-// The projection that stands for all that do the same with other parameters or another name.
+// The projection that is written for all that do the same with other parameters or another name.
 std::int64_t FamilyOf(std::int64_t projection) {
     switch (projection) {
     case 4:

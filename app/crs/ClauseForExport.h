@@ -29,8 +29,8 @@ struct ClauseForExport {
 // Coordinates go easting first, whatever axis order the system has.
 ClauseForExport ClauseOf(const CoordinateSystem& system);
 
-// Returns the EPSG codes of the methods whose conversions a clause with this projection, or one
-// that does the same, can stand for.
+// Returns the EPSG codes of the methods whose conversions can be expressed by a clause with this
+// projection, or with one that does the same.
 std::vector<int> EpsgMethodsOf(const Projection& projection);
 
 }  // namespace app

@@ -1,5 +1,6 @@
 #include "app/crs/CrsIdentity.h"
 
+#include "app/base/Angles.h"
 #include "app/base/Errors.h"
 #include "app/crs/ClauseForExport.h"
 #include "app/crs/Datums.h"
@@ -69,7 +70,6 @@ std::string WktOfClause(PJ_CONTEXT* context, const Clause& clause, const PJ* fra
 }
 
 bool HasDegrees(PJ_CONTEXT* context, const PJ* frame) {
-    constexpr double kDegree = 0.017453292519943295;
     return std::fabs(detail::AxesOf(context, frame).unit / kDegree - 1.0) < 1e-9;
 }
 

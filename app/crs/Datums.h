@@ -43,7 +43,7 @@ struct RegisteredDatum {
     bool isAmbiguous = false;  // other known datums with other numbers have the code too
 };
 
-// Returns the first known datum of an EPSG geographic code. Where one code stands for several sets
+// Returns the first known datum of an EPSG geographic code. Where one code means several sets
 // of numbers (regional shifts of one datum), the first is the mean or most general one.
 RegisteredDatum DatumOfEpsgCode(int epsgGeographicCode);
 

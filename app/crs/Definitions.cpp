@@ -32,7 +32,7 @@ std::string DefinitionForProj(const std::string& definition) {
 struct Horizontal {
     PjHandle crs;  // null when there is none
     bool hasHeight = false;
-    bool isWhole = true;  // the definition as given stands for it
+    bool isWhole = true;  // the definition as given describes it fully
 };
 
 // The flat system of one with heights has a code of its own but the same name. Null for a system

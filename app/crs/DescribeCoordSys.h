@@ -19,14 +19,14 @@ struct CoordSysDescription {
     std::vector<std::string> notes;  // notes, warnings, and why there is no definition
 };
 
-// Tells how a system is known elsewhere: Identify, or what stands in for it.
+// Tells how a system is known elsewhere: Identify, or what comes closest.
 using CrsIdentifier = std::function<CrsIdentity(const CoordinateSystem& system)>;
 
-// Null stands for a file that names no system. Only a system of the Earth is identified.
+// Null means a file that names no system. Only a system of the Earth is identified.
 CoordSysDescription DescribeCoordSys(const CoordinateSystem* system, const CrsIdentifier& identify);
 
 // The description on several lines "Label: text", each ended by a line feed; labels without a text
-// are left out, WKT stands on lines of its own.
+// are left out, WKT gets lines of its own.
 std::string TextOf(const CoordSysDescription& description);
 
 }  // namespace app

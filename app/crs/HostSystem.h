@@ -14,7 +14,7 @@ namespace app {
 //   easting (4). The false northing (5) is what followed the clause, and is ignored.
 // - New Zealand Map Grid (29): 173 and -41 in 4 and 5. Both are ignored; the grid has constants.
 // - Azimuthal equidistant (4) and equal-area (17): the latitude of origin in 10.
-// Null stands for no system at all.
+// Null means no system at all.
 CoordinateSystem FromHost(const gcs::CSDef* system);
 
 // Returns the system as the module writes it, with the parameters in the places above, and the

@@ -1,5 +1,6 @@
 #include "app/crs/ProjText.h"
 
+#include "app/base/Angles.h"
 #include "app/crs/detail/PlainNumber.h"
 
 #include <algorithm>
@@ -36,7 +37,6 @@ constexpr std::array kProjNames = {
 };
 
 constexpr std::int64_t kMiller = 11;
-constexpr std::int64_t kMapGrid = 18;
 constexpr std::int64_t kBelgianCone = 19;
 
 constexpr double kSurveyFoot = 1200.0 / 3937.0;
@@ -86,7 +86,6 @@ std::string EllipsoidText(const gcs::EllipsoidDef& ellipsoid) {
 // another central meridian.
 double BelgianMeridian(const Clause& clause) {
     constexpr double kTurnDegrees = 29.2985 / 3600.0;
-    constexpr double kDegree = std::numbers::pi / 180.0;
     const gcs::EllipsoidDef ellipsoid = DatumOf(clause).GetEllipsoid();
     const double flattening = ellipsoid.GetFlattening();
     const double e = std::sqrt(flattening * (2.0 - flattening));
@@ -137,7 +136,7 @@ void AddOrigin(std::string& text, const Clause& clause) {
 std::string ProjectionText(const Clause& clause) {
     const Projection& projection = *clause.projection;
     std::string text = std::string("+proj=") + ProjName(projection);
-    if (projection.code == kMapGrid) {
+    if (projection.code == kNewZealandMapGrid) {
         return text + " +lat_0=-41 +lon_0=173 +x_0=2510000 +y_0=6023150";
     }
     AddOrigin(text, clause);
@@ -158,7 +157,7 @@ std::string ProjectionText(const Clause& clause) {
     return text;
 }
 
-std::string UnitText(double metresPerUnit) {
+std::string UnitOption(double metresPerUnit) {
     if (metresPerUnit == 1.0) {
         return " +units=m";
     }
@@ -178,7 +177,7 @@ std::string PrimeMeridianText(const gcs::DatumParameters& datum) {
     return text;
 }
 
-// A sphere without a shift stands for the ellipsoid: latitudes are taken over as they are.
+// A sphere without a shift replaces the ellipsoid: latitudes are taken over as they are.
 bool KeepsLatitudes(const gcs::DatumParameters& datum) {
     return datum.kind == DatumMethod::None || datum.kind == DatumMethod::Unknown;
 }
@@ -229,7 +228,7 @@ std::string CrsText(const Clause& clause, bool withShift) {
         text += ToWgs84Text(parameters);
     }
     if (!clause.IsGeographic()) {
-        text += UnitText(clause.metresPerUnit);
+        text += UnitOption(clause.metresPerUnit);
     }
     return text + " +no_defs +type=crs";
 }
@@ -271,7 +270,7 @@ std::string StepsToGeographic(const Clause& clause) {
     std::string text = clause.affine ? AffineSteps(clause) : "";
     if (!clause.IsGeographic()) {
         return text + " +step +inv " + ProjectionText(clause) + frame +
-               UnitText(clause.metresPerUnit);
+               UnitOption(clause.metresPerUnit);
     }
     text += " +step +proj=unitconvert +xy_in=deg +xy_out=rad";
     if (datum.primeMeridian != 0.0) {

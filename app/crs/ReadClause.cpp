@@ -67,7 +67,7 @@ private:
     std::vector<std::string> warnings_;
 };
 
-// A minus that stands alone belongs to the number behind it.
+// A minus between blanks belongs to the number behind it.
 bool Reader::AtNumber() const {
     if (AtEnd()) {
         return false;
@@ -251,10 +251,8 @@ std::optional<double> Reader::UnitOf(const MifToken& word) {
 }
 
 void Reader::ReadParameters() {
-    constexpr std::int64_t kAlbers = 9;
-    constexpr std::int64_t kMapGrid = 18;
     const Projection& projection = *clause_.projection;
-    if (projection.code == kMapGrid) {
+    if (projection.code == kNewZealandMapGrid) {
         ReadMapGrid();
         return;
     }

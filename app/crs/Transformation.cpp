@@ -1,5 +1,6 @@
 #include "app/crs/Transformation.h"
 
+#include "app/base/Angles.h"
 #include "app/crs/ProjText.h"
 #include "app/crs/detail/Frames.h"
 #include "app/crs/detail/ProjHandles.h"
@@ -70,7 +71,6 @@ Pole PoleOf(PJ_CONTEXT* context, const CoordinateSystem& system) {
     if (system.clause || IsWgs84(system)) {
         return kPoleDegrees;
     }
-    constexpr double kDegree = 0.017453292519943295;
     const PjHandle crs(proj_create(context, system.definition.c_str()));
     const double unit = crs ? detail::AxesOf(context, crs.get()).unit : kDegree;
     return kPoleDegrees * kDegree / unit;

@@ -23,7 +23,7 @@ std::optional<double> NumberIn(std::string_view text) {
     return value;
 }
 
-// The numbers between the commas; nothing when one of them is none.
+// The numbers between the commas; empty when a part is no number.
 std::vector<double> NumbersIn(std::string_view text) {
     std::vector<double> numbers;
     for (std::size_t begin = 0; begin <= text.size();) {
@@ -110,6 +110,7 @@ DrawOptions CheckedDrawOptions(const DrawArguments& arguments) {
     options.map.encoding = arguments.encoding;
     options.styleSource = arguments.ignoreStyles ? StyleSource::Layers : StyleSource::Objects;
     options.map.labels = arguments.labels;
+    options.map.where = arguments.where;
     options.furniture = {arguments.title, arguments.legend, arguments.scaleBar};
     options.ifExists = arguments.overwrite ? IfExists::Overwrite : IfExists::Refuse;
     return options;

@@ -9,7 +9,7 @@
 
 namespace app {
 
-// The options as they stand on the command line.
+// The options as given on the command line.
 struct DrawArguments {
     std::vector<std::string> files;  // the inputs, then the output
     std::string format;              // empty: by the output's extension
@@ -22,6 +22,7 @@ struct DrawArguments {
     std::string assumedCrs;  // empty: the files' own
     bool ignoreStyles = false;
     std::vector<std::string> labels;
+    std::string where;  // empty: every object
     bool legend = false;
     bool scaleBar = false;
     std::string title;

@@ -131,7 +131,7 @@ void PaintMap(const DrawOptions& options, PictureMap& map, const Viewport& viewp
 int RunDraw(const DrawOptions& options, Reporter& reporter) {
     MapReader reader(options.map, WantedSystem(options, reporter));
     if (options.output != "-") {
-        for (const std::string& file : reader.Files()) {
+        for (const std::string& file : options.map.paths) {
             CheckNotInput(PathFromArgument(file), PathFromArgument(options.output));
         }
     }

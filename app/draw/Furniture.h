@@ -1,4 +1,4 @@
-// What stands on a picture beside its map: a title above, a legend to the right, a scale bar below.
+// What a picture shows beside its map: a title above, a legend to the right, a scale bar below.
 // Nothing of the map is covered: it gets the rest of the page.
 #pragma once
 
@@ -46,7 +46,7 @@ public:
     PageSize PageAround(PageSize map) const;
     PagePoint MapCorner() const { return {0.0, static_cast<double>(top_)}; }
 
-    // `ground` is the colour of the page, from which the letters are to stand out.
+    // `ground` is the colour of the page, from which the letters must differ.
     void Draw(cairo_t* context, PageSize map, const ScaleBar& bar,
               const shr::Color4b& ground) const;
 

@@ -105,7 +105,7 @@ double UprightAngle(const PagePoint& from, const PagePoint& to) {
     return angle < -std::numbers::pi / 2.0 ? angle + std::numbers::pi : angle;
 }
 
-// Squares as high as the label, one beside the other, that stand for its turned box.
+// Squares as high as the label, one beside the other, that together cover its turned box.
 std::vector<PageBox> SquaresOf(const LabelPlace& place, LabelSize size) {
     constexpr int kMostSquares = 1000;
     const PagePoint along{std::cos(place.angle), std::sin(place.angle)};

@@ -37,7 +37,7 @@ public:
 
     // For a layer of this system, null when nothing is known of its coordinates. The first system
     // settles the picture's when none was named. `problem` becomes the reason why the layer can't
-    // be moved, for the end of a sentence: it is then drawn as it stands.
+    // be moved, for the end of a sentence: it is then drawn with its coordinates unchanged.
     LayerTransform TransformFrom(const SystemPtr& system, std::string& problem);
 
     // The picture's system; null when it has none (yet).

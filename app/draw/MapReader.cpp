@@ -1,35 +1,20 @@
 #include "app/draw/MapReader.h"
 
 #include "app/base/Errors.h"
-#include "app/base/Paths.h"
-#include "app/batch/BatchPlan.h"
 #include "app/crs/Definitions.h"
 #include "app/crs/SystemNotes.h"
 #include "app/draw/TextFrame.h"
 #include "app/formats/Formats.h"
-#include "app/json/ShortestNumber.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace app {
 
 namespace {
 
-constexpr std::string_view kManifold = ".json";
-
 // Edges of a full turn when curves are moved into another system.
 constexpr int kSegments = 180;
-
-std::vector<std::string_view> MapExtensions() {
-    std::vector<std::string_view> extensions;
-    for (const Format& format : Formats()) {
-        extensions.insert(extensions.end(), format.extensions.begin(), format.extensions.end());
-    }
-    std::erase(extensions, kManifold);
-    return extensions;
-}
 
 // "LAYER:COLUMN" for a layer, or "COLUMN" for any: the column's place in the layer.
 std::optional<std::size_t> ColumnOfLabel(const std::string& label, const LayerFacts& layer) {
@@ -55,20 +40,21 @@ void Place(Geometry& geometry, LayerTransform& transform) {
 }  // namespace
 
 MapReader::MapReader(const MapInput& input, SystemPtr target)
-    : input_(input), files_(FilesOf(input.paths)), systems_(std::move(target)),
-      isAnyPlaced_(systems_.Target() != nullptr), isLabelFound_(input.labels.size(), false) {
-    for (const std::string& file : files_) {
+    : input_(input), systems_(std::move(target)), isAnyPlaced_(systems_.Target() != nullptr),
+      isLabelFound_(input.labels.size(), false) {
+    for (const std::string& file : input_.paths) {
         static_cast<void>(FormatOfPath(file));  // throws for one of no format
     }
 }
 
 void MapReader::Read(MapSink& sink, Reporter& reporter) {
-    for (const std::string& file : files_) {
+    for (const std::string& file : input_.paths) {
         ReadFile(file, sink, reporter);
     }
     CheckLabels();
+    CheckQuestion(reporter);
     for (const std::string& layer : isAnyPlaced_ ? unplaced_ : std::vector<std::string>()) {
-        reporter.Warning(layer + "; drawn as it stands");
+        reporter.Warning(layer + "; drawn unchanged");
     }
 }
 
@@ -91,7 +77,7 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
         LayerTransform transform = systems_.TransformFrom(facts.system, problem);
         isAnyPlaced_ = isAnyPlaced_ || problem.empty();
         if (facts.system != nullptr && !facts.system->problem.empty()) {
-            reporter.Warning(subject + ": " + facts.system->problem + "; drawn as it stands");
+            reporter.Warning(subject + ": " + facts.system->problem + "; drawn unchanged");
         } else if (!problem.empty()) {
             unplaced_.push_back(subject + ": " + problem);
         }
@@ -99,7 +85,11 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
             SayNotes(*facts.system, subject + ": ", reporter);
         }
         sink.BeginLayer(LayerOf(facts));
+        std::optional<Question> question = QuestionTo(facts, subject);
         source->Read(reporter, [&](Feature& feature) {
+            if (question && !question->Holds(feature)) {
+                return true;
+            }
             Place(feature.geometry, transform);
             for (Geometry& member : feature.members) {
                 Place(member, transform);
@@ -107,6 +97,30 @@ void MapReader::ReadFile(const std::string& file, MapSink& sink, Reporter& repor
             sink.Take(feature);
             return true;
         });
+    }
+}
+
+std::optional<Question> MapReader::QuestionTo(const LayerFacts& facts, const std::string& subject) {
+    if (input_.where.empty()) {
+        return std::nullopt;
+    }
+    try {
+        Question question(input_.where, facts.columns, subject);
+        isAnswered_ = true;
+        return question;
+    } catch (const Failure& failure) {
+        questionProblem_ = failure.what();
+        whole_.push_back(subject);
+        return std::nullopt;
+    }
+}
+
+void MapReader::CheckQuestion(Reporter& reporter) const {
+    if (!whole_.empty() && !isAnswered_) {
+        throw Failure(questionProblem_);
+    }
+    for (const std::string& layer : whole_) {
+        reporter.Note(layer + ": lacks a column of --where; drawn whole");
     }
 }
 
@@ -138,40 +152,6 @@ void MapReader::CheckLabels() const {
     throw Failure("--label " +
                   input_.labels[static_cast<std::size_t>(missing - isLabelFound_.begin())] +
                   ": no layer has such a column; the columns are: " + names);
-}
-
-std::vector<std::string> FilesOf(const std::vector<std::string>& paths) {
-    std::vector<std::string> files;
-    for (const std::string& path : paths) {
-        std::error_code error;
-        if (path == "-" || !std::filesystem::is_directory(PathFromArgument(path), error)) {
-            files.push_back(path);
-            continue;
-        }
-        const std::vector<std::filesystem::path> found =
-            FilesBelow(PathFromArgument(path), MapExtensions());
-        if (found.empty()) {
-            throw Failure(path + ": holds no map");
-        }
-        for (const std::filesystem::path& file : found) {
-            files.push_back(ArgumentFromPath(file));
-        }
-    }
-    return files;
-}
-
-std::string TextOf(const Value& value) {
-    struct Writer {
-        std::string operator()(std::monostate) const { return ""; }
-        std::string operator()(const std::string& text) const { return text; }
-        std::string operator()(std::int64_t number) const { return std::to_string(number); }
-        std::string operator()(bool isTrue) const { return isTrue ? "true" : "false"; }
-        std::string operator()(double number) const {
-            std::array<char, kShortestNumberSize> digits{};
-            return {digits.data(), WritePlain(digits.data(), number)};
-        }
-    };
-    return std::visit(Writer(), value);
 }
 
 }  // namespace app

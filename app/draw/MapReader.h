@@ -5,6 +5,7 @@
 #include "app/draw/LayerSystems.h"
 #include "app/feature/Feature.h"
 #include "app/feature/LayerFacts.h"
+#include "app/query/Question.h"
 
 #include <cstddef>
 #include <optional>
@@ -14,13 +15,14 @@
 namespace app {
 
 struct MapInput {
-    std::vector<std::string> paths;  // files, and folders for the files in them; the top one last
+    std::vector<std::string> paths;  // the top one last
     std::string crs;                 // of the map: a definition; empty: that of the first layer
     std::string assumedCrs;          // of MIF files, whatever their headers say; empty: their own
     std::string encoding;            // of the texts of MIF files; empty: by their headers
     bool asIs = false;
     std::string modulePath;
     std::vector<std::string> labels;  // "COLUMN" or "LAYER:COLUMN"
+    std::string where;                // objects to draw, in SQL; empty: all
 };
 
 struct MapLayer {
@@ -45,14 +47,13 @@ public:
 class MapReader {
 public:
     // `target` is the map's system, null to leave it to the first layer that has one. Throws
-    // Failure for an input of which there is none; UsageError for one of no known format.
+    // UsageError for an input of an unknown format.
     MapReader(const MapInput& input, SystemPtr target);
 
-    // The files, in their order; a folder has become those in it.
-    const std::vector<std::string>& Files() const { return files_; }
-
-    // Hands over everything. Layers that have no place in the map's system are handed over as they
-    // stand, with a warning. Throws Failure, also for a label's column that no layer has.
+    // Hands over everything. Layers that have no place in the map's system are handed over with
+    // their coordinates unchanged, with a warning, and those that lack a column of the question
+    // whole, with a note. Throws Failure, also for a column of a label or of the question that no
+    // layer has.
     void Read(MapSink& sink, Reporter& reporter);
 
     // After Read: the map's system.
@@ -62,21 +63,18 @@ private:
     void ReadFile(const std::string& file, MapSink& sink, Reporter& reporter);
     MapLayer LayerOf(const LayerFacts& facts);
     void CheckLabels() const;
+    std::optional<Question> QuestionTo(const LayerFacts& facts, const std::string& subject);
+    void CheckQuestion(Reporter& reporter) const;
 
     const MapInput& input_;
-    std::vector<std::string> files_;
     LayerSystems systems_;
     bool isAnyPlaced_;
     std::vector<std::string> unplaced_;    // what to say of layers that are nowhere on the Earth
     std::vector<bool> isLabelFound_;       // by the labels of the input
     std::vector<std::string> labelNames_;  // that there are, for a message
+    bool isAnswered_ = false;              // whether any layer has the columns of the question
+    std::string questionProblem_;          // of the last layer that lacks one
+    std::vector<std::string> whole_;       // the layers that lack one
 };
-
-// The files of an input: a folder stands for those in it and below, sorted, that have an extension
-// of a format; .json files, which hold all sorts of things, must be named. Throws Failure.
-std::vector<std::string> FilesOf(const std::vector<std::string>& paths);
-
-// A value as people read it; empty for null.
-std::string TextOf(const Value& value);
 
 }  // namespace app

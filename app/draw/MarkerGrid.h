@@ -1,4 +1,4 @@
-// Remembers where symbols of one look stand, so that a million points do not become a million
+// Remembers where symbols of one look were drawn, so that a million points do not become a million
 // symbols on top of each other.
 #pragma once
 
@@ -12,7 +12,7 @@ namespace app {
 
 class MarkerGrid {
 public:
-    // True when no symbol of this look stands within about a quarter of its diameter, since the
+    // True when no symbol of this look was drawn within about a quarter of its diameter, since the
     // last one of another look or the last Forget; it does from now on. Places off the page are
     // always free.
     bool Take(const Marker& look, const PagePoint& at, PageSize page);

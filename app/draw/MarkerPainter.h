@@ -20,7 +20,7 @@ public:
     // (app/draw/MarkerGrid.h).
     void Draw(const Marker& marker, std::span<const PagePoint> places);
 
-    // Something else was drawn: symbols from now on stand on top of it.
+    // Something else was drawn: symbols from now on lie on top of it.
     void Forget() { grid_.Forget(); }
 
 private:

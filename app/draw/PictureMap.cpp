@@ -5,6 +5,7 @@
 #include "app/draw/PagePath.h"
 #include "app/draw/TextFrame.h"
 #include "app/feature/LabelText.h"
+#include "app/query/ValueText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -32,19 +32,19 @@ const std::array<DashRow, 4>& DashRows() {
     return kRows;
 }
 
-using Fill = zeio::TrBrush::Pattern;
+using ObjectFill = zeio::TrBrush::Pattern;
 struct FillRow {
     int pattern;
-    Fill fill;
+    ObjectFill fill;
 };
-constexpr std::array<FillRow, 8> kFills{{{1, Fill::None},
-                                         {2, Fill::Solid},
-                                         {3, Fill::Horizontal},
-                                         {4, Fill::Vertical},
-                                         {5, Fill::ForwardDiagonal},
-                                         {6, Fill::BackwardDiagonal},
-                                         {7, Fill::Cross},
-                                         {8, Fill::DiagonalCross}}};
+constexpr std::array<FillRow, 8> kFills{{{1, ObjectFill::None},
+                                         {2, ObjectFill::Solid},
+                                         {3, ObjectFill::Horizontal},
+                                         {4, ObjectFill::Vertical},
+                                         {5, ObjectFill::ForwardDiagonal},
+                                         {6, ObjectFill::BackwardDiagonal},
+                                         {7, ObjectFill::Cross},
+                                         {8, ObjectFill::DiagonalCross}}};
 
 int WidthCode(const zeio::TrPen& pen, double diagonal) {
     if (!pen.isRelative) {
@@ -126,7 +126,7 @@ Brush BrushOf(const zeio::TrBrush& brush) {
 
 zeio::TrBrush ObjectOf(const Brush& brush) {
     const auto* const row = std::ranges::find(kFills, brush.pattern, &FillRow::pattern);
-    zeio::TrBrush object(row != kFills.end() ? row->fill : Fill::Solid);
+    zeio::TrBrush object(row != kFills.end() ? row->fill : ObjectFill::Solid);
     object.fore = ObjectColorOf(brush.fore);
     if (brush.back) {
         object.back = ObjectColorOf(*brush.back);

@@ -6,6 +6,7 @@
 #include "app/feature/LayerFacts.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -14,6 +15,21 @@
 
 namespace app {
 
+enum class DamageKind {
+    Geometry,  // can't be read
+    Text,      // is not UTF-8
+    Bytes,     // a value of bytes that are neither text nor number
+};
+
+// What can't be read of a feature.
+struct FeatureDamage {
+    std::uint64_t feature = 0;  // its number
+    DamageKind kind = DamageKind::Geometry;
+    std::string problem;  // in words
+};
+
+using DamageSink = std::function<void(const FeatureDamage& damage)>;
+
 // What a user may ask of the reading. A format leaves alone what it has no use for.
 struct SourceOptions {
     bool asIs = false;     // --as-is: the module gets a MIF file without any care
@@ -21,6 +37,10 @@ struct SourceOptions {
     std::string encoding;  // --encoding, of a MIF file's texts; empty: by its header
     std::shared_ptr<const CoordinateSystem> assumedSystem;  // --assume-crs; null: the source's own
     std::string modulePath;                                 // as in Module
+
+    // Called for what can't be read of a feature, which then goes on without it. Empty: the reading
+    // ends at a geometry with a Failure. For GeoJSON and packages.
+    DamageSink onDamage = {};
 };
 
 // Receives features one at a time; may change and move them. False ends the reading.
@@ -44,7 +64,7 @@ public:
     // reporter, once for each call.
     virtual LayerFacts Begin(std::size_t layer, Reporter& reporter) = 0;
 
-    // Hands the features of the layer that was begun last to the sink, in their order. Values stand
+    // Hands the features of the layer that was begun last to the sink, in their order. Values come
     // in the order of the layer's columns. Progress and warnings go to the reporter. What the sink
     // throws passes unchanged.
     virtual void Read(Reporter& reporter, const FeatureSink& sink) = 0;
@@ -58,6 +78,13 @@ protected:
 
 private:
     std::string name_;
+};
+
+// A source with the format of its file.
+struct SourceWithFormat {
+    std::unique_ptr<Source> source;
+    std::string format;  // its name: "gpkg"
+    std::string words;   // for people: "GeoPackage"
 };
 
 }  // namespace app

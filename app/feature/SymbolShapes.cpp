@@ -68,7 +68,7 @@ constexpr std::array<Point, count> Opposite(const std::array<Point, count>& outl
     return opposite;
 }
 
-constexpr std::array<Point, 12> kCross = Turned(kPlus);
+constexpr std::array<Point, 12> kSlantingCross = Turned(kPlus);
 constexpr std::array<Point, 7> kArrow{{{0.0, -1.0},
                                        {0.5, -0.5},
                                        {0.25, -0.5},
@@ -103,7 +103,7 @@ constexpr std::array<Row, 19> kRows{{
     {47, {"arrow up right",       kArrowUpRight,  false, "arrow",      1.0, 45.0}},
     {48, {"arrow down left",      kArrowDownLeft, false, "arrow",      1.0, 225.0}},
     {49, {"upright cross",        kPlus,          false, "cross_fill"}},
-    {50, {"slanting cross",       kCross,         false, "cross_fill", 1.0, 45.0}},
+    {50, {"slanting cross",       kSlantingCross,         false, "cross_fill", 1.0, 45.0}},
 }};
 // clang-format on
 

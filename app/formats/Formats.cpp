@@ -45,8 +45,8 @@ bool CopyMif(const std::string& input, const SourceOptions& sourceOptions,
                     reporter);
 }
 
-std::unique_ptr<Source> OpenGeoJson(const std::string& argument, const SourceOptions& /*options*/) {
-    return std::make_unique<GeoJsonReader>(PathFromArgument(argument));
+std::unique_ptr<Source> OpenGeoJson(const std::string& argument, const SourceOptions& options) {
+    return std::make_unique<GeoJsonReader>(PathFromArgument(argument), options.onDamage);
 }
 
 template <GeoJsonForm form>
@@ -56,8 +56,8 @@ std::unique_ptr<Target> WriteGeoJson(const std::string& argument, const TargetOp
                                            options.withStyles, reporter);
 }
 
-std::unique_ptr<Source> OpenPackage(const std::string& argument, const SourceOptions& /*options*/) {
-    return std::make_unique<GeoPackageReader>(PathFromArgument(argument));
+std::unique_ptr<Source> OpenPackage(const std::string& argument, const SourceOptions& options) {
+    return std::make_unique<GeoPackageReader>(PathFromArgument(argument), options.onDamage);
 }
 
 std::unique_ptr<Target> WritePackage(const std::string& argument, const TargetOptions& options,
@@ -168,6 +168,10 @@ const Format& FormatOfPath(const std::string& argument) {
     }
     throw UsageError(argument + ": the format follows from the extension, which must be " +
                      Listed(extensions, "or"));
+}
+
+const Format* FindFormatOfFile(const std::filesystem::path& file) {
+    return FindFormat(LowerExtension(file));
 }
 
 std::string FormatNames() {

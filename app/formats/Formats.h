@@ -46,7 +46,7 @@ struct Format {
     // Throws UsageError for a name that a file of the format can't have.
     void (*checkTarget)(const std::string& argument) = nullptr;  // null: every name will do
 
-    // The extension of a file that stands beside each; who names that one as an input means both.
+    // The extension of the file beside each; who names that one as an input means both.
     std::string_view companion = {};  // none
     std::filesystem::path (*mainFile)(const std::filesystem::path& named) = nullptr;
 
@@ -67,6 +67,9 @@ const Format& FormatOfName(const std::string& name);
 // By the extension of what the user named, in any case; "-" is GeoJSON. Throws UsageError, with the
 // choices, for others.
 const Format& FormatOfPath(const std::string& argument);
+
+// By the extension of a file, which is not the companion of another; null for others.
+const Format* FindFormatOfFile(const std::filesystem::path& file);
 
 // "mif, geojson, geojsonl, geojsons, gpkg": one name per format.
 std::string FormatNames();

@@ -150,4 +150,29 @@ FileFacts CollectFacts(const std::filesystem::path& path, const SourceOptions& o
     return facts;
 }
 
+FileFacts CollectLayerFacts(const SourceWithFormat& input, std::size_t layer,
+                            const std::filesystem::path& path, bool count, Reporter& reporter) {
+    const LayerFacts begun = input.source->Begin(layer, reporter);
+    FileFacts facts;
+    facts.path = path;
+    facts.format = input.format;
+    facts.words = input.words;
+    facts.layer = begun.name;
+    facts.fileSize = static_cast<std::uintmax_t>(SizeOfFile(path));
+    facts.columns = begun.columns;
+    facts.coordinateSystem = begun.system;
+    facts.isEarth = begun.system != nullptr && begun.system->IsOnEarth();
+    facts.bounds = begun.knownExtent;
+    if (count) {
+        FeatureCounter counter;
+        input.source->Read(reporter, [&](const Feature& feature) {
+            counter.Take(feature);
+            return true;
+        });
+        facts.counts = counter.Counts();
+        facts.counts->rows = facts.counts->Objects();
+    }
+    return facts;
+}
+
 }  // namespace app

@@ -142,7 +142,9 @@ void AddCoordSysRows(Table& table, const FileFacts& facts, const CrsIdentifier& 
     for (const std::string& note : description.notes) {
         table.Row("Note", note);
     }
-    table.Row("Clause", facts.coordSysLine.empty() ? "none" : facts.coordSysLine);
+    if (facts.format.empty()) {
+        table.Row("Clause", facts.coordSysLine.empty() ? "none" : facts.coordSysLine);
+    }
 }
 
 std::string BoundsInWords(const FileFacts& facts) {
@@ -153,16 +155,28 @@ std::string BoundsInWords(const FileFacts& facts) {
            (facts.areBoundsOfCoordSys ? " (of the CoordSys clause)" : "");
 }
 
-std::string InfoText(const FileFacts& facts, const CrsIdentifier& identify) {
-    Table table;
+void AddHeaderRows(Table& table, const FileFacts& facts) {
     table.Row("Size", SizeInWords(facts.fileSize) +
                           (facts.hasMid ? ", with a .mid file" : ", without a .mid file"));
     table.Row("Version", std::to_string(facts.version));
     table.Row("Charset", (facts.charset.empty() ? "not given" : facts.charset) + ", read as " +
                              facts.codePage);
     table.Row("Delimiter", DelimiterInWords(facts.delimiter));
+}
+
+std::string InfoText(const FileFacts& facts, const CrsIdentifier& identify) {
+    Table table;
+    if (facts.format.empty()) {
+        AddHeaderRows(table, facts);
+    } else {
+        table.Row("Size", SizeInWords(facts.fileSize));
+        table.Row("Format", facts.words);
+        table.Row("Layer", facts.layer);
+    }
     AddCoordSysRows(table, facts, identify);
-    table.Row("Bounds", BoundsInWords(facts));
+    if (facts.format.empty() || facts.bounds) {
+        table.Row("Bounds", BoundsInWords(facts));
+    }
     if (facts.counts) {
         AddCountRows(table, *facts.counts);
     }
@@ -261,7 +275,9 @@ void AddCounts(std::string& out, const ObjectCounts& counts) {
 }
 
 void AddCoordSys(std::string& out, const FileFacts& facts, const CrsIdentifier& identify) {
-    AddText(out, "coordSys", facts.coordSysText);
+    if (facts.format.empty()) {
+        AddText(out, "coordSys", facts.coordSysText);
+    }
     const CoordSysDescription description =
         DescribeCoordSys(facts.coordinateSystem.get(), identify);
     AddText(out, "crsName", description.name);
@@ -276,17 +292,24 @@ std::string InfoJson(const FileFacts& facts, const CrsIdentifier& identify) {
     std::string out = "{";
     AddText(out, "file", PathText(facts.path));
     AddInteger(out, "fileSize", static_cast<std::int64_t>(facts.fileSize));
-    AddFlag(out, "canImport", facts.canImport);
-    AddInteger(out, "version", facts.version);
-    AddText(out, "charset", facts.charset);
-    AddText(out, "codePage", facts.codePage);
-    AddText(out, "delimiter", facts.delimiter);
+    if (facts.format.empty()) {
+        AddFlag(out, "canImport", facts.canImport);
+        AddInteger(out, "version", facts.version);
+        AddText(out, "charset", facts.charset);
+        AddText(out, "codePage", facts.codePage);
+        AddText(out, "delimiter", facts.delimiter);
+    } else {
+        AddText(out, "format", facts.format);
+        AddText(out, "layer", facts.layer);
+    }
     AddFlag(out, "earth", facts.isEarth);
     AddCoordSys(out, facts, identify);
     AddBox(out, "bounds", facts.bounds);
-    AddFlag(out, "mid", facts.hasMid);
-    AddFlag(out, "careTaken", facts.isCareTaken);
-    AddCares(out, facts.cares);
+    if (facts.format.empty()) {
+        AddFlag(out, "mid", facts.hasMid);
+        AddFlag(out, "careTaken", facts.isCareTaken);
+        AddCares(out, facts.cares);
+    }
     AddColumns(out, facts.columns);
     if (facts.counts) {
         AddCounts(out, *facts.counts);
@@ -303,6 +326,26 @@ std::string ErrorJson(const std::filesystem::path& path, const std::string& erro
     AddText(out, "file", PathText(path));
     AddText(out, "error", error);
     return out + "}";
+}
+
+// What there is to say of one file: of a pair once, of another format for each layer.
+template <typename Sink>
+void CollectAll(const std::string& file, const InfoOptions& options,
+                const SourceOptions& sourceOptions, Reporter& reporter, const Sink& sink) {
+    const std::filesystem::path path = PathFromArgument(file);
+    const SourceWithFormat other =
+        options.openUnlessPair ? options.openUnlessPair(file, sourceOptions) : SourceWithFormat{};
+    if (other.source == nullptr) {
+        sink(CollectFacts(path, sourceOptions, options.count, reporter));
+        return;
+    }
+    const std::size_t layers = other.source->LayerNames().size();
+    if (layers == 0) {
+        throw Failure(other.source->Name() + ": holds no layer with features");
+    }
+    for (std::size_t layer = 0; layer < layers; ++layer) {
+        sink(CollectLayerFacts(other, layer, path, options.count, reporter));
+    }
 }
 
 }  // namespace
@@ -328,12 +371,13 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
     for (const std::string& file : options.files) {
         const std::filesystem::path path = PathFromArgument(file);
         try {
-            const FileFacts facts = CollectFacts(path, sourceOptions, options.count, reporter);
-            write(options.json ? InfoJson(facts, options.identify)
-                               : InfoText(facts, options.identify));
-            if (!facts.problem.empty()) {
-                reporter.Warning(PathText(facts.path) + ": " + facts.problem);
-            }
+            CollectAll(file, options, sourceOptions, reporter, [&](const FileFacts& facts) {
+                write(options.json ? InfoJson(facts, options.identify)
+                                   : InfoText(facts, options.identify));
+                if (!facts.problem.empty()) {
+                    reporter.Warning(PathText(facts.path) + ": " + facts.problem);
+                }
+            });
         } catch (const Failure& failure) {
             if (options.json) {
                 write(ErrorJson(path, failure.what()));

@@ -10,6 +10,7 @@
 
 namespace app {
 
+// How many objects a file has, by kind.
 struct ObjectCounts {
     std::uint64_t points = 0;  // also those of several positions, which are counted as vertices
     std::uint64_t lines = 0;
@@ -18,10 +19,10 @@ struct ObjectCounts {
     std::uint64_t ellipses = 0;
     std::uint64_t arcs = 0;
     std::uint64_t texts = 0;
-    std::uint64_t collections = 0;  // with all that they hold
-    std::uint64_t withoutPlace = 0;
-    std::uint64_t vertices = 0;  // of points, lines, regions and texts
-    std::optional<shr::Box2d> extent;
+    std::uint64_t collections = 0;      // with all that they hold
+    std::uint64_t withoutPlace = 0;     // None objects
+    std::uint64_t vertices = 0;         // of points, lines, regions and texts
+    std::optional<shr::Box2d> extent;   // of all vertices and boxes; absent without any
     std::optional<std::uint64_t> rows;  // of the .mid file; absent without one
 
     std::uint64_t Objects() const {
@@ -30,7 +31,7 @@ struct ObjectCounts {
     }
 };
 
-// Counts what stands in the file.
+// Counts what is in the file: the sink of a pass over it (PairPass.h).
 class ObjectCounter : public PassSink {
 public:
     void TakeHeader(const MifHeader& header) override { transform_ = header.transform; }
@@ -38,6 +39,7 @@ public:
     bool WantsPoints() const override { return true; }
     void TakePoints(const ObjectPart& part) override;
 
+    // After the pass; without the rows, which the pass itself returns.
     ObjectCounts Counts() const;
 
 private:
@@ -47,7 +49,7 @@ private:
     ObjectCounts counts_;
 };
 
-// Counts what the module hands over.
+// Counts what the module hands over, for --as-is.
 class FeatureCounter {
 public:
     void Take(const Feature& feature);

@@ -10,7 +10,7 @@
 namespace app {
 namespace {
 
-// The value without the last digits, in which only the noise of the functions stands.
+// The value without the last digits, which are only the noise of the functions.
 std::string CoordinateText(double value) {
     std::array<char, 64> text{};
     const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,

@@ -16,7 +16,7 @@ struct Charset {
     bool isMultiByte = false;    // two of its bytes may look like UTF-8 by chance
 };
 
-// What code page 0 of the host stands for unless a file says otherwise.
+// The code page that the host's 0 means unless a file says otherwise.
 inline constexpr std::string_view kDefaultCodePage = "CP1252";
 
 // By the name in the header, in any ASCII case; null for an unknown name and for "Neutral".

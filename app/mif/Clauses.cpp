@@ -47,7 +47,7 @@ bool IsValue(const MifToken& token) {
            !token.text.empty();
 }
 
-// How many values, parted by at most one comma each, stand from `at` on.
+// Returns how many values, with at most one comma between two, begin at `at`.
 std::size_t CountValues(const std::vector<MifToken>& tokens, std::size_t at) {
     std::size_t count = 0;
     while (at < tokens.size() && IsValue(tokens[at])) {
@@ -118,7 +118,7 @@ bool IsSafeClause(std::string_view line) {
         return true;
     }
     const std::size_t at = tokens.size() > 1 && tokens[1].IsMark('(') ? 2 : 1;
-    // These take the tokens that they need from wherever they stand.
+    // These take the tokens that they need wherever they are.
     if (tokens[0].Is("pen")) {
         return CountValues(tokens, at) >= 3;
     }

@@ -38,6 +38,10 @@ struct Projection {
     bool Takes(ProjectionParameter parameter) const;
 };
 
+// The projections whose clauses have another layout in the module than in files.
+inline constexpr std::int64_t kAlbers = 9;
+inline constexpr std::int64_t kNewZealandMapGrid = 18;
+
 // Returns the row of a code between 1 and 999 whose layout is known; null for others.
 const Projection* KnownProjection(std::int64_t code);
 
@@ -57,7 +61,7 @@ ProjectionCode SplitProjectionCode(std::int64_t code);
 bool IsKnownDatum(std::int64_t code);
 bool IsKnownEllipsoid(std::int64_t code);
 
-// What a code stands for, in words; never empty.
+// What a code means, in words; never empty.
 std::string ProjectionInWords(std::int64_t code);
 
 // The code with exactly the same meaning that the module knows: n for 2000 + n, 8 for 34.

@@ -128,7 +128,7 @@ std::size_t Clause::CountBlankLinesBehind(std::size_t most) {
 }
 
 double Clause::TakeNumber() {
-    // A minus that stands alone belongs to the number behind it.
+    // A minus between blanks belongs to the number behind it.
     std::string text = Take();
     if (text == "-" && !AtEnd() && IsDecimalNumber(tokens_[next_].text)) {
         text += Take();
@@ -290,7 +290,7 @@ void Clause::CheckUnits(std::int64_t code) {
         return;
     }
     if (code == 1) {
-        return;  // degrees, whatever stands there
+        return;  // degrees, whatever the clause names
     }
     report_.Add(FindingCode::UnitIgnored, place_,
                 "the reader does not know the unit " + Quoted(token.text) +
@@ -315,7 +315,7 @@ void Clause::CheckParameters(const Projection& projection) {
         static_cast<void>(TakeNumber());
         ++taken;
     }
-    if (projection.code == 9 && taken == 6) {
+    if (projection.code == kAlbers && taken == 6) {
         report_.Add(FindingCode::AlbersDisplaced, place_,
                     "the reader expects an azimuth before the false easting and takes the "
                     "false easting for it");
@@ -337,7 +337,8 @@ void Clause::CheckRest(const Projection* projection) {
         static_cast<void>(TakeNumber());
         report_.Add(FindingCode::RangeIgnored, place_, "the reader ignores the range " + range);
     }
-    if (projection != nullptr && projection->code == 18 && !AtEnd() && !At("Bounds")) {
+    if (projection != nullptr && projection->code == kNewZealandMapGrid && !AtEnd() &&
+        !At("Bounds")) {
         report_.Add(FindingCode::NzmgDisplaced, place_,
                     "the reader takes the origin for the false easting and northing");
         return;
@@ -370,8 +371,7 @@ void Clause::CheckBlanksInBounds(std::size_t first) {
     for (std::size_t i = first; i + 1 < tokens_.size(); ++i) {
         if (tokens_[i].text == "-" && IsDecimalNumber(tokens_[i + 1].text)) {
             report_.Add(FindingCode::BlankInIgnoredBounds, place_,
-                        "a blank stands between a minus sign and " +
-                            std::string(tokens_[i + 1].text));
+                        "a blank is between a minus sign and " + std::string(tokens_[i + 1].text));
             report_.Change(FileOfPair::Mif, {.begin = tokens_[i].end,
                                              .end = tokens_[i + 1].begin,
                                              .text = {},

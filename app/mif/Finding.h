@@ -21,7 +21,7 @@ struct Finding {
     std::uint64_t object = 0;  // 1-based number of the object or row; 0 outside the data
     std::string message;       // what was found and what the reader makes of it
     std::string advice;        // what to do
-    std::uint64_t count = 1;   // of findings that this one stands for
+    std::uint64_t count = 1;   // how many findings this one sums up
 };
 
 // Replaces the bytes [begin, end) of one file of the pair.

@@ -38,13 +38,13 @@ constexpr std::array kCodes = {
              "The last line has no line end.", "Add one; --fix does."},
 
     FindingInfo{FindingCode::HeaderLineSkipped, "MIF-H001", "header-line-skipped", W, kNoFix, kNotRead,
-             "A header line begins with a word that is no clause. The reader skips the line.",
+             "A header line begins with an unknown word. The reader skips the line.",
              "Correct the spelling or remove the line."},
     FindingInfo{FindingCode::VersionMissing, "MIF-H002", "version-missing", E, kNoFix, kRead,
              "The header has no Version clause; the import stops.",
              "Add the line \"Version 300\" at the top."},
     FindingInfo{FindingCode::VersionInvalid, "MIF-H003", "version-invalid", E, kNoFix, kRead,
-             "The version number is none that the reader takes (1, 2, 300 to 2999); the import stops.",
+             "The reader does not take the version number (it takes 1, 2 and 300 to 2999); the import stops.",
              "Write the version of the program that made the file, or 300."},
     FindingInfo{FindingCode::VersionUnsupported, "MIF-H004", "version-unsupported", W, kNoFix, kRead,
              "The version lies between 1101 and 2999. The reader warns and goes on.",
@@ -57,12 +57,12 @@ constexpr std::array kCodes = {
              "Add the line \"Data\" after the header; if there is no header, this is no .mif file."},
     FindingInfo{FindingCode::HeaderTooLong, "MIF-H007", "header-too-long", E, kNoFix, kRead,
              "The Data line does not come within the first 65,536 bytes; the import stops.",
-             "Remove what stands before or inside the header."},
+             "Remove what is before or inside the header."},
     FindingInfo{FindingCode::CharsetMissing, "MIF-H008", "charset-missing", N, kNoFix, kNotRead,
              "The header has no Charset clause, so nothing says how to read letters beyond ASCII.",
              "Add a Charset line, for example: Charset \"WindowsLatin1\"."},
     FindingInfo{FindingCode::CharsetUnknown, "MIF-H009", "charset-unknown", W, kNoFix, kNotRead,
-             "The name after Charset is none that is known, so the characters cannot be checked.",
+             "The name after Charset is unknown, so the characters cannot be checked.",
              "Correct the name."},
     FindingInfo{FindingCode::DelimiterIgnored, "MIF-H010", "delimiter-ignored", W, kNoFix, kRead,
              "The delimiter has three or more characters. The reader ignores it and splits rows at tabs, or at the delimiter named before.",
@@ -83,7 +83,7 @@ constexpr std::array kCodes = {
              "Two columns have the same name. The value of the later one replaces that of the earlier one.",
              "Rename one of them."},
     FindingInfo{FindingCode::ClauseRepeated, "MIF-H016", "clause-repeated", W, kNoFix, kRead,
-             "A header clause stands twice. The reader keeps the last one; of Columns it adds the names of both.",
+             "A header clause occurs twice. The reader keeps the last one; of Columns it adds the names of both.",
              "Remove one of them."},
     FindingInfo{FindingCode::UniqueClause, "MIF-H017", "unique-clause", W, kNoFix, kNotRead,
              "The header has a Unique clause. The reader warns that it does not support related tables, and goes on.",
@@ -156,14 +156,14 @@ constexpr std::array kCodes = {
              "The CoordSys clause ends early, and the reader takes the Data line as its continuation, which would stop the import; the other subcommands take care of it, as long as --as-is is not given.",
              "Put an empty line after the clause; --fix does."},
     FindingInfo{FindingCode::BlankInIgnoredBounds, "MIF-C018", "blank-in-ignored-bounds", N, kFix, kNotRead,
-             "A blank stands between a minus sign and its digits in the Bounds of the CoordSys line. The reader ignores these; other programs may not.",
+             "A blank is between a minus sign and its digits in the Bounds of the CoordSys line. The reader ignores these; other programs may not.",
              "Remove the blank; --fix does."},
     FindingInfo{FindingCode::LineLost, "MIF-C019", "line-lost", W, kFix, kRead,
              "The reader looks for more of the CoordSys clause in the next header line and loses that line: a Columns line with all names of the columns, or the Data line, without which the import stops. This happens when nothing follows Earth, and when an Albers clause has no azimuth and nothing behind its parameters. The other subcommands take care of it, as long as --as-is is not given.",
              "Put an empty line after the clause for other programs that use the reader; --fix does."},
 
     FindingInfo{FindingCode::ObjectUnknown, "MIF-O001", "object-unknown", E, kNoFix, kNotRead,
-             "A line begins with a word that is no object; the import stops there. The check goes on at the next object.",
+             "A line begins with a word that names no object; the import stops there. The check goes on at the next object.",
              "Correct or remove the line."},
     FindingInfo{FindingCode::CountMismatch, "MIF-O002", "count-mismatch", E, kFix, kRead,
              "The count differs from what follows it. The reader takes other lines for vertices, or vertices for other lines.",
@@ -172,10 +172,10 @@ constexpr std::array kCodes = {
              "The count is no whole number of 1 or more. The reader takes it as the number it begins with, or 0; below 1 the import stops (a Collection is taken to have 3 parts).",
              "Write the number of vertices or parts that follow."},
     FindingInfo{FindingCode::CountOnNextLine, "MIF-O004", "count-on-next-line", E, kFix, kRead,
-             "The count stands on the line after its keyword. The reader takes it as 0, and the import stops.",
+             "The count is on the line after its keyword. The reader takes it as 0, and the import stops.",
              "Put it on the line of the keyword; --fix does."},
     FindingInfo{FindingCode::EmptyLineInObject, "MIF-O005", "empty-line-in-object", E, kFix, kRead,
-             "An empty line stands inside an object. The reader takes it as a vertex or a count of 0.",
+             "An empty line is inside an object. The reader takes it as a vertex or a count of 0.",
              "Remove the line; --fix does."},
     FindingInfo{FindingCode::NumberUnreadable, "MIF-O006", "number-unreadable", E, kNoFix, kNotRead,
              "A coordinate is no number, or one too large to hold. The reader takes it as the number it begins with, or 0.",
@@ -187,10 +187,10 @@ constexpr std::array kCodes = {
              "Numbers have decimal commas. The reader cuts them at the comma.",
              "Use full stops; --fix does."},
     FindingInfo{FindingCode::BlankAfterMinus, "MIF-O009", "blank-after-minus", E, kFix, kRead,
-             "A blank stands between a minus sign and its digits. The reader takes the sign as a number of its own, 0.",
+             "A blank is between a minus sign and its digits. The reader takes the sign as a number of its own, 0.",
              "Remove the blank; --fix does."},
     FindingInfo{FindingCode::CommaInNumbers, "MIF-O010", "comma-in-numbers", E, kNoFix, kRead,
-             "Commas stand between the numbers, and they can be separators or decimal commas. The reader takes each as 0.",
+             "Commas are between the numbers, and they can be separators or decimal commas. The reader takes each as 0.",
              "Separate coordinates by blanks and use full stops."},
     FindingInfo{FindingCode::RestIgnored, "MIF-O011", "rest-ignored", W, kNoFix, kNotRead,
              "A line holds more than the object needs. The reader skips the rest.",
@@ -228,10 +228,10 @@ constexpr std::array kCodes = {
              "The file ends right after a keyword without a line end. The reader takes that as the end and drops the last object with its row.",
              "Add a line end; --fix does."},
     FindingInfo{FindingCode::ClauseOnObjectLine, "MIF-O023", "clause-on-object-line", W, kNoFix, kRead,
-             "A style clause stands on the line of its object. The reader skips it.",
+             "A style clause is on the line of its object. The reader skips it.",
              "Put each clause on a line of its own."},
     FindingInfo{FindingCode::NumbersOnNextLine, "MIF-O024", "numbers-on-next-line", E, kNoFix, kRead,
-             "The coordinates of an object stand on the line after its keyword. The reader takes them as 0, and the import stops at their line.",
+             "The coordinates of an object are on the line after its keyword. The reader takes them as 0, and the import stops at their line.",
              "Put them on the line of the keyword."},
 
     FindingInfo{FindingCode::RingNotClosed, "MIF-G001", "ring-not-closed", W, kNoFix, kNotRead,
@@ -247,7 +247,7 @@ constexpr std::array kCodes = {
              "A ring has fewer than three different vertices, so it has no area.",
              "Remove the ring."},
     FindingInfo{FindingCode::DuplicateVertices, "MIF-G005", "duplicate-vertices", N, kNoFix, kNotRead,
-             "The same point stands twice in a row.", "Nothing to do; remove one if a program refuses it."},
+             "The same point comes twice in a row.", "Nothing to do; remove one if a program refuses it."},
     FindingInfo{FindingCode::OutsideBounds, "MIF-G006", "outside-bounds", W, kNoFix, kNotRead,
              "A coordinate lies outside the bounds that the header declares.",
              "Check the coordinate, or enlarge the bounds."},
@@ -274,12 +274,12 @@ constexpr std::array kCodes = {
              "A row has fewer values than there are columns. The reader leaves the others empty.",
              "Check the delimiter, and the quotes of the row."},
     FindingInfo{FindingCode::RowTooLong, "MIF-R006", "row-too-long", E, kNoFix, kNotRead,
-             "A row has more values than there are columns. The reader drops the rest; values may stand in wrong columns.",
+             "A row has more values than there are columns. The reader drops the rest; values may be in wrong columns.",
              "Put values that hold the delimiter in quotes."},
     FindingInfo{FindingCode::RowTrailingDelimiter, "MIF-R007", "row-trailing-delimiter", N, kNoFix, kRead,
              "A row ends with one delimiter too many. The reader ignores it.", "Nothing to do."},
     FindingInfo{FindingCode::RowEmpty, "MIF-R008", "row-empty", W, kNoFix, kNotRead,
-             "An empty line stands between the rows. The reader gives it to an object, which then has no attributes.",
+             "An empty line is between the rows. The reader gives it to an object, which then has no attributes.",
              "Remove the line if no object belongs to it."},
     FindingInfo{FindingCode::LineBreakInValue, "MIF-R009", "line-break-in-value", E, kFix, kRead,
              "A quoted value holds a line break. The reader ends the row there, and all later rows are shifted.",
@@ -314,6 +314,29 @@ constexpr std::array kCodes = {
     FindingInfo{FindingCode::NeutralBytes, "MIF-T003", "neutral-bytes", N, kNoFix, kNotRead,
              "The charset is Neutral, which says nothing of letters beyond ASCII, and there are such letters.",
              "Name the charset."},
+
+    FindingInfo{FindingCode::GeometryUnreadable, "LYR-001", "geometry-unreadable", E, kNoFix, kNotRead,
+             "The geometry of a feature is not as its format asks: its bytes, its nesting or its numbers are wrong. A conversion stops there.",
+             "Write the feature again with the program that made it, or remove it."},
+    FindingInfo{FindingCode::CoordinateNotFinite, "LYR-002", "coordinate-not-finite", E, kNoFix, kNotRead,
+             "A coordinate is infinite or not a number, so the feature has no place there.",
+             "Correct the coordinate, or remove the feature."},
+    FindingInfo{FindingCode::OutsideArea, "LYR-003", "outside-area", W, kNoFix, kNotRead,
+             "A coordinate lies outside the area that the coordinate system is made for by more than a tenth of that area.",
+             "Check the coordinate, the order of x and y, and whether the coordinate system is the right one."},
+    FindingInfo{FindingCode::GeometryMissing, "LYR-004", "geometry-missing", N, kNoFix, kNotRead,
+             "Features have no geometry.", "Nothing to do if they are rows without a place."},
+    FindingInfo{FindingCode::TextNotUtf8, "LYR-005", "text-not-utf-8", W, kNoFix, kNotRead,
+             "A text in a GeoPackage is not UTF-8. Each wrong byte is read as U+FFFD.",
+             "Write the text again, in UTF-8."},
+    FindingInfo{FindingCode::NumberNotFinite, "LYR-006", "number-not-finite", W, kNoFix, kNotRead,
+             "A value is infinite. Other formats have no such number.", "Correct the value."},
+    FindingInfo{FindingCode::ValueLeftOut, "LYR-007", "value-left-out", W, kNoFix, kNotRead,
+             "A value consists of bytes that are neither text nor number. Conversions leave it out.",
+             "Store it as a text or a number if it matters."},
+    FindingInfo{FindingCode::ColumnOfSeveralTypes, "LYR-008", "column-of-several-types", N, kNoFix, kNotRead,
+             "The values of a property have several types. They become a column of texts.",
+             "Nothing to do if texts will do."},
 
     FindingInfo{FindingCode::ModuleWarning, "MIF-M001", "module-warning", W, kNoFix, kNotRead,
              "The import gave this warning.", "See the other findings for its place."},
@@ -363,15 +386,16 @@ std::string FindingsAsMarkdown() {
         "Each finding has a code that does not change between releases.\n\n"
         "- **error**: the import stops, or the files contradict themselves, so that values come "
         "out wrong.\n"
-        "- **warning**: the import goes on, but something is taken otherwise than it says, or "
-        "looks wrong.\n"
+        "- **warning**: the import goes on, but something is read differently from what the file "
+        "says, "
+        "or looks wrong.\n"
         "- **note**: nothing is wrong, but worth knowing.\n\n"
-        "\"The reader\" is the import filter of the host application, and `--as-is`. \"qolf\" "
-        "stands "
-        "at those that `qolf convert`, `draw` and `info` read as they were meant: they matter for "
-        "other programs only.\n\n"
-        "`--fix` stands at those that `qolf check --fix OUT.mif` repairs, at least in the cases "
-        "that have one right repair.\n\n"
+        "\"The reader\" is the import filter of the host application, and `--as-is`. Under \"Read "
+        "by\", \"qolf\" marks the findings that `qolf convert`, `draw` and `info` read as they "
+        "were "
+        "meant: they matter for other programs only.\n\n"
+        "`--fix` marks the findings that `qolf check --fix OUT.mif` repairs, at least where there "
+        "is one right repair.\n\n"
         "This page is printed by `qolf check --codes`.\n\n"
         "| Code | Name | Severity | Repair | Read by | What it means | What to do |\n"
         "|---|---|---|---|---|---|---|\n";

@@ -122,6 +122,15 @@ enum class FindingCode {
     OutsideCharset,
     LooksLikeUtf8,
     NeutralBytes,
+    // Layers of other formats
+    GeometryUnreadable,
+    CoordinateNotFinite,
+    OutsideArea,
+    GeometryMissing,
+    TextNotUtf8,
+    NumberNotFinite,
+    ValueLeftOut,
+    ColumnOfSeveralTypes,
     // The module's own run
     ModuleWarning,
     ModuleError,

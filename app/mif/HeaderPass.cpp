@@ -226,7 +226,7 @@ void HeaderPass::TakeDelimiter(const HeaderLine& line) {
     }
 }
 
-// The numbers among the tokens from `first` on; a minus that stands alone belongs to the number
+// The numbers among the tokens from `first` on; a minus between blanks belongs to the number
 // behind it.
 std::vector<double> NumbersIn(const std::vector<MifToken>& tokens, std::size_t first) {
     std::vector<double> numbers;
@@ -280,7 +280,7 @@ void HeaderPass::TakeTransform(const HeaderLine& line) {
                   {numbers[2], numbers[3]}};
 }
 
-// Whether a type's widths stand from `at` on and nothing else: nothing, or "(10)", "(6, 2)".
+// Whether from `at` on there are a type's widths and nothing else: nothing, or "(10)", "(6, 2)".
 bool AreWidths(const std::vector<MifToken>& tokens, std::size_t at) {
     if (at == tokens.size()) {
         return true;
@@ -291,8 +291,8 @@ bool AreWidths(const std::vector<MifToken>& tokens, std::size_t at) {
                [](const MifToken& token) { return token.IsMark(',') || IsDigits(token.text); });
 }
 
-// Where the type of a column stands. A name without quotes may have blanks, so the type is looked
-// for from the end.
+// Returns where the type of a column is. A name without quotes may have blanks, so the type is
+// looked for from the end.
 std::size_t PlaceOfType(const std::vector<MifToken>& tokens) {
     if (tokens.front().IsQuoted()) {
         return 1;
@@ -339,7 +339,7 @@ Column ColumnOf(const HeaderLine& line) {
     return column;
 }
 
-// Takes the columns that really stand there; returns how many.
+// Takes the columns that are really there; returns how many.
 std::uint64_t HeaderPass::TakeColumnLines(std::uint64_t declared) {
     std::uint64_t found = 0;
     for (const MifLine* next = lines_.Peek(); next != nullptr; next = lines_.Peek()) {

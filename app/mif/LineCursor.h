@@ -18,7 +18,7 @@ public:
     LineCursor(LineReader& lines, LineReader::AtTheEnd atTheEnd)
         : lines_(lines), atTheEnd_(atTheEnd), view_(lines.Buffered(atTheEnd)) {}
 
-    // The line at the cursor without its line feed, but with what stands before that. False at the
+    // The line at the cursor without its line feed, but with all that comes before. False at the
     // end of the file, on a last line without a line feed, and on one that is too long. The bytes
     // stay valid as those of LineReader::Peek.
     bool Line(std::string_view& line);

@@ -123,7 +123,7 @@ bool LineReader::FindLineEnd(MifLine& line) {
         const std::size_t behind =
             onlyReturns_ ? first + 1 : std::min(all.find_first_not_of('\r', first), all.size());
         if (behind == all.size() && !isAtEnd_) {
-            return false;  // the next byte tells what this is
+            return false;  // what this is depends on the next byte
         }
         if (behind == feed && hasFeed) {
             TakeLine(line, first, feed + 1, LineEnd::CrLf);

@@ -31,7 +31,7 @@ struct MifLine {
     bool isCut = false;    // longer than kMaxLineBytes
     std::string_view raw;  // the bytes without the line end, or their beginning
 
-    // Whether nothing but blanks stands on the line.
+    // Whether the line has nothing but blanks.
     bool IsBlank() const;
 };
 

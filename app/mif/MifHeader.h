@@ -22,7 +22,7 @@ struct Transform {
 
 // A CoordSys clause.
 struct CoordSysClause {
-    std::string text;         // as it stands in the file, without its last line end; "" for none
+    std::string text;         // as in the file, without its last line end; "" for none
     std::uint64_t begin = 0;  // offsets of the text
     std::uint64_t end = 0;
     std::uint64_t line = 0;
@@ -45,7 +45,7 @@ struct MifHeader {
     std::optional<std::int64_t> unknownProjection;  // a code that the module does not know
     std::string unitsText;                          // of the clause, without quotes; "" when absent
 
-    // The corners as they stand in the file: of the last Bounds clause, on a line of its own or in
+    // The corners as in the file: of the last Bounds clause, on a line of its own or in
     // the CoordSys one; and of the last one on a line of its own, which is the module's.
     std::optional<shr::Box2d> bounds;
     std::optional<shr::Box2d> ownBounds;

@@ -11,12 +11,12 @@
 namespace app {
 
 // Returns the number that the text begins with, behind white space and a sign: decimal,
-// hexadecimal, "inf" or "nan". 0 when there is none: the module detects no fault, either. A number
+// hexadecimal, "inf" or "nan". 0 when there is no number: the module detects no fault, either. One
 // that is too large is infinite.
 double ReadDouble(std::string_view text);
 
-// Returns the whole number that the text begins with, behind white space and a sign; 0 when there
-// is none. One that is too large is the nearest std::int64_t.
+// Returns the whole number that the text begins with, behind white space and a sign; 0 when
+// there is no number. One that is too large is the nearest std::int64_t.
 std::int64_t ReadInteger(std::string_view text);
 
 // The same, limited to the range of int, as the module takes counts and codes.

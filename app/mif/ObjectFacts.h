@@ -28,7 +28,7 @@ enum class ObjectKind : std::uint8_t {
     Skipped,  // lines that look like an object of a kind that there is not; no feature
 };
 
-// By the keyword of an object in any case; Skipped for a word that is none.
+// Returns the kind that a keyword names, in any case; Skipped for any other word.
 ObjectKind ObjectKindOf(std::string_view word);
 
 // Most objects are read by the module, which hands over one graphic object for each: then the facts
@@ -40,13 +40,13 @@ struct ObjectFacts {
     bool isOwn = false;            // the geometry is here; the module does not see the object
     std::uint64_t handedOver = 0;  // graphic objects of the module, members' not included
 
-    // The object's clauses as they stand in the file, line by line: Pen, Symbol, Font, Angle, ...
+    // The object's clauses as in the file, line by line: Pen, Symbol, Font, Angle, ...
     std::string clauses;
 
     // Text: its string as the file's bytes, doubled quotes made one.
     std::string text;
 
-    // Text: two corners as they stand in the file. Of an own object also Line, Rect, RoundRect
+    // Text: two corners as in the file. Of an own object also Line, Rect, RoundRect
     // (with the size of its corners), Ellipse, and Arc (with its angles in degrees).
     std::array<double, 6> numbers{};
     bool hasNumbers = false;

@@ -204,7 +204,7 @@ bool ObjectPass::ReadPlainNumbers(LineCursor& cursor, std::string_view rest, uns
     return true;
 }
 
-// The size of the corners stands behind the box, or alone on the next line.
+// The size of the corners follows the box, or alone on the next line.
 bool ObjectPass::ReadPlainRoundRect(LineCursor& cursor, std::string_view rest) {
     if (HoldsNumbers(rest, 5)) {
         rest = WithoutBlanks(rest);
@@ -269,7 +269,7 @@ bool ObjectPass::ReadPlainVertices(LineCursor& cursor, std::uint64_t count, Part
     return true;
 }
 
-// Takes the clauses, and looks at what stands behind them.
+// Takes the clauses, and looks at what follows them.
 ObjectPass::Plain ObjectPass::ReadPlainClauses(LineCursor& cursor) {
     const std::uint64_t begin = cursor.Offset();
     const std::uint64_t firstLine = cursor.LineNumber();

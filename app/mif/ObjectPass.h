@@ -57,7 +57,7 @@ private:
         std::uint64_t firstLine;
     };
 
-    // A count as it stands in the file.
+    // A count as in the file.
     struct Count {
         std::uint64_t declared = 0;  // 0: none that counts
         std::string text;

@@ -61,7 +61,7 @@ JoinedWords JoinMinus(const std::vector<Word>& words) {
 void ReportGaps(const JoinedWords& joined, const Place& place, FindingCounter& report) {
     for (const auto& [begin, end] : joined.gaps) {
         report.Add(FindingCode::BlankAfterMinus, place,
-                   "a blank stands between a minus sign and its digits; the reader takes the sign "
+                   "a blank is between a minus sign and its digits; the reader takes the sign "
                    "as 0");
         report.Change(place.file, {.begin = begin,
                                    .end = end,
@@ -159,7 +159,7 @@ std::vector<double> ReadOddNumbers(std::string_view text, std::uint64_t offset, 
         words, [](const Word& word) { return word.text.find(',') != std::string::npos; });
     if (hasCommas) {
         report.Add(FindingCode::CommaInNumbers, place,
-                   "commas stand between the numbers; the reader takes each as 0");
+                   "commas are between the numbers; the reader takes each as 0");
         words = SplitAtCommas(words);
         words = AreHalves(words, count) ? JoinHalves(words) : words;
     }

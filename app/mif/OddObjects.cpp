@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kDeepestCollection = 32;
 
-// Lines of something else that a clause may stand behind and still be the object's.
+// Lines of something else after which a clause still belongs to the object.
 constexpr std::size_t kMostLinesBeforeClause = 8;
 constexpr std::size_t kMostBlankLines = 64;
 
@@ -226,7 +226,7 @@ void ObjectPass::ReadCollection(ObjectFacts& facts, int depth) {
     }
 }
 
-// The line without a clause that stands on it, which is kept for the object.
+// The line without the clause on it, which is kept for the object.
 std::string_view ObjectPass::WithoutClause(const MifLine& line) {
     MifTokens tokens(line.raw, line.begin);
     tokens.Next();  // the keyword
@@ -236,7 +236,7 @@ std::string_view ObjectPass::WithoutClause(const MifLine& line) {
             lineClause_.append(lineClause_.empty() ? "" : "\n").append(line.raw.substr(at));
             report_.Add(FindingCode::ClauseOnObjectLine, At(line.number),
                         "the clause " + std::string(token.text) +
-                            " stands on the line of the object; the reader skips it");
+                            " is on the line of the object; the reader skips it");
             return line.raw.substr(0, at);
         }
     }
@@ -250,7 +250,7 @@ std::vector<double> ObjectPass::NumbersOf(const MifLine& line, std::uint64_t fro
     return ReadOddNumbers(text.substr(at), line.begin + at, count, At(line.number), report_);
 }
 
-// Point, Line, Rect, Ellipse: everything stands on one line, or the numbers on the next one.
+// Point, Line, Rect, Ellipse: everything is on one line, or the numbers on the next one.
 void ObjectPass::ReadNumberObject(ObjectFacts& facts, std::size_t count) {
     const MifLine keyword = *lines_.Peek();
     const MifToken first = FirstToken(keyword);
@@ -260,7 +260,7 @@ void ObjectPass::ReadNumberObject(ObjectFacts& facts, std::size_t count) {
     if (isOnNextLine) {
         lines_.Skip();
         report_.Add(FindingCode::NumbersOnNextLine, At(keyword.number),
-                    "the coordinates stand on the next line; the reader takes them as 0");
+                    "the coordinates are on the next line; the reader takes them as 0");
     }
     const MifLine line = isOnNextLine ? *next : keyword;
     const std::vector<double> numbers =
@@ -358,7 +358,7 @@ ObjectPass::Count ObjectPass::TakeCount(std::size_t tokenAt, const char* what) {
         count = CountIn(*next, 0);
         report_.Add(FindingCode::CountOnNextLine, At(line.number),
                     std::string("the count of ") + what +
-                        " stands on the next line; the reader takes it as 0");
+                        " is on the next line; the reader takes it as 0");
         report_.Change(FileOfPair::Mif, {.begin = tokens.back().end,
                                          .end = count.begin,
                                          .text = " ",
@@ -394,7 +394,7 @@ bool ObjectPass::SkipBlankLines() {
     for (; blanks > 0; --blanks) {
         const MifLine& blank = *lines_.Peek();
         report_.Add(FindingCode::EmptyLineInObject, At(blank.number),
-                    "an empty line stands inside the object");
+                    "an empty line is inside the object");
         report_.Change(FileOfPair::Mif, {.begin = blank.begin,
                                          .end = blank.next,
                                          .text = {},
@@ -463,7 +463,7 @@ void ObjectPass::ReadSections(ObjectFacts& facts, const Count& sections, const c
     while (SkipBlankLines() && !EndsVertices(*lines_.Peek()) && LooksNumeric(*lines_.Peek())) {
         ++found;
         ReadVertices(facts, TakeCount(0, "vertices"), true);
-        // Clauses may stand between the sections; all are the object's.
+        // Clauses may come between the sections; all are the object's.
         while (found < sections.declared && lines_.Peek() != nullptr &&
                IsClause(FirstToken(*lines_.Peek()))) {
             const MifLine& line = *lines_.Peek();

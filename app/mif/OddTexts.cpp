@@ -66,7 +66,7 @@ std::string PlainText(const ObjectFacts& facts) {
 
 }  // namespace
 
-// Text "string", the corners of its box on the next line. The string may stand on a line of its
+// Text "string", the corners of its box on the next line. The string may be on a line of its
 // own.
 void ObjectPass::ReadText(ObjectFacts& facts) {
     const std::uint64_t begin = lines_.Peek()->begin;
@@ -88,7 +88,7 @@ void ObjectPass::ReadText(ObjectFacts& facts) {
     }
 }
 
-// Takes the line of the string away, and the one before when the string stands alone on its line.
+// Takes the line of the string away, and the one before when the string is alone on its line.
 // True when the module reads the string right.
 bool ObjectPass::ReadTextString(ObjectFacts& facts, std::string_view& rest) {
     MifLine line = *lines_.Peek();
@@ -127,14 +127,14 @@ bool ObjectPass::ReadTextString(ObjectFacts& facts, std::string_view& rest) {
     return string.isPlain && line.lineEnd != LineEnd::LoneCr;
 }
 
-// The box stands on the next line, or behind the string. A clause may stand behind the string, too.
+// The box is on the next line, or behind the string. A clause may follow the string, too.
 bool ObjectPass::ReadTextBox(ObjectFacts& facts, const MifLine& line, std::string_view rest) {
     const MifToken first = MifTokens(rest).Next();
     if (first.kind == TokenKind::Word && IsClauseKeyword(first.text)) {
         lineClause_ = rest;
         report_.Add(FindingCode::ClauseOnObjectLine, At(line.number),
                     "the clause " + std::string(first.text) +
-                        " stands on the line of the object; the reader skips it");
+                        " is on the line of the object; the reader skips it");
         rest = {};
     }
     const MifLine* const next = lines_.Peek();

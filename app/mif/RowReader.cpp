@@ -119,7 +119,7 @@ std::size_t RowReader::SplitQuoted(std::size_t at, RowField& field, bool& isOpen
             at = quote + 1;
             break;
         }
-        // A doubled quote, or one that stands alone inside.
+        // A doubled quote, or a single one inside the value.
         value += '"';
         field.hasDoubledQuote = true;
         at = quote + (row[quote + 1] == '"' ? 2 : 1);
@@ -131,7 +131,7 @@ std::size_t RowReader::SplitQuoted(std::size_t at, RowField& field, bool& isOpen
     return isOpen ? row.size() : std::min(row.find(delimiter_, at), row.size());
 }
 
-// Whether nothing but blanks stands before the next delimiter or the row's end.
+// Whether only blanks come before the next delimiter or the row's end.
 bool RowReader::IsFieldEnd(std::size_t at) const {
     const std::string_view row = row_.text;
     while (at < row.size() && row[at] != delimiter_ &&

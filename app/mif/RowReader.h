@@ -40,7 +40,7 @@ struct RowField {
     bool hasDoubledQuote = false;
 };
 
-// A row as it stands in the file.
+// A row as in the file.
 struct Row {
     struct Break {
         std::uint64_t line = 0;   // the number of the line that ends there

@@ -108,9 +108,8 @@ std::string ImportRun::ShownName() const {
 
 std::wstring ImportRun::WithShownPath(std::wstring text) const {
     const std::wstring read = WidePath(settings_.path);
-    const std::wstring shown = WidePath(settings_.shownPath);
-    for (std::size_t at = text.find(read); !shown.empty() && at != std::wstring::npos;
-         at = text.find(read, at)) {
+    const std::wstring shown = standalone::Widen(ShownName());
+    for (std::size_t at = text.find(read); at != std::wstring::npos; at = text.find(read, at)) {
         text.replace(at, read.size(), shown);
         at += shown.size();
     }

@@ -22,7 +22,7 @@ struct ImportSettings {
     std::filesystem::path path;       // that the module is given
     std::filesystem::path shownPath;  // in messages, when `path` is a copy; empty: `path` itself
     bool noStore = false;             // --no-store: an empty store that is not written
-    std::optional<std::string> optionString;  // --option-string, handed to slot 3 as it stands
+    std::optional<std::string> optionString;  // --option-string, handed to slot 3 unchanged
     std::string codePage;                     // code page 0 of the run; empty: the one that is set
     std::string modulePath;
 };

@@ -31,7 +31,7 @@ using ExportFilterPtr = std::unique_ptr<zeio::IoExportFilter, FilterDeleter<zeio
 
 class Module {
 public:
-    // Loads the module. An empty `path` stands for the first of these that exists: $QOLF_MODULE,
+    // Loads the module. An empty `path` means the first of these that exists: $QOLF_MODULE,
     // qolf.so (Windows: qolf.dll) beside the program, qolf.so in ../lib/qolf/ seen from the
     // program. Throws Failure with the places, or with the loader's own reason.
     explicit Module(const std::string& path);

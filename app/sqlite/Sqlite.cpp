@@ -124,7 +124,8 @@ void SqliteDatabase::CloseHandle::operator()(sqlite3* handle) const {
 }
 
 SqliteDatabase::SqliteDatabase(const std::filesystem::path& path, Mode mode, std::string subject)
-    : subject_(std::move(subject)), mode_(mode) {
+    : subject_(std::move(subject)),
+      action_(mode == Mode::Create ? ": can't write" : ": can't read") {
     const int flags =
         mode == Mode::Create ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY;
     sqlite3* handle = nullptr;
@@ -142,6 +143,16 @@ SqliteDatabase::SqliteDatabase(const std::filesystem::path& path, Mode mode, std
     Execute("PRAGMA locking_mode = EXCLUSIVE");
 }
 
+SqliteDatabase::SqliteDatabase(std::string subject) : subject_(std::move(subject)) {
+    sqlite3* handle = nullptr;
+    const int result =
+        sqlite3_open_v2(":memory:", &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY, nullptr);
+    handle_.reset(handle);
+    if (result != SQLITE_OK) {
+        Fail();
+    }
+}
+
 void SqliteDatabase::Execute(const std::string& sql) {
     if (sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
         Fail();
@@ -157,8 +168,7 @@ void SqliteDatabase::Close() {
 
 void SqliteDatabase::Fail() const {
     const char* reason = handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(SQLITE_NOMEM);
-    throw Failure(subject_ + (mode_ == Mode::Create ? ": can't write: " : ": can't read: ") +
-                  reason);
+    throw Failure(subject_ + action_ + ": " + reason);
 }
 
 }  // namespace app

@@ -50,6 +50,8 @@ public:
     std::string_view Text(int column) const;
     std::string_view Blob(int column) const;
 
+    sqlite3_stmt* Handle() const { return statement_.get(); }
+
 private:
     struct Finalize {
         void operator()(sqlite3_stmt* statement) const;
@@ -70,6 +72,9 @@ public:
     // subject names the file in messages. Throws Failure.
     SqliteDatabase(const std::filesystem::path& path, Mode mode, std::string subject);
 
+    // An empty database in memory.
+    explicit SqliteDatabase(std::string subject);
+
     void Execute(const std::string& sql);
 
     // Closes the file; what can't be written is reported here at the latest.
@@ -87,7 +92,7 @@ private:
     };
 
     std::string subject_;
-    Mode mode_;
+    std::string action_;  // that a failure prevents: ": can't read"; "" in memory
     std::unique_ptr<sqlite3, CloseHandle> handle_;  // null once closed
 };
 

@@ -3,12 +3,24 @@
 #include "app/base/Errors.h"
 #include "app/base/Output.h"
 #include "app/base/Paths.h"
+#include "app/base/ShownPlace.h"
 #include "app/run/CodePage.h"
 #include "app/run/ImportRun.h"
 #include "app/trace/TraceHost.h"
 #include "standalone/Text.h"
 
 namespace app {
+namespace {
+
+// A text of the module with the place of an unpacked file in its archive; others stay to the
+// letter.
+std::wstring AsShown(const std::wstring& text) {
+    const std::string utf8 = standalone::Narrow(text);
+    const std::string shown = WithShownPlaces(utf8);
+    return shown == utf8 ? text : standalone::Widen(shown);
+}
+
+}  // namespace
 
 int RunTrace(const TraceOptions& options, Reporter& reporter) {
     if (!options.encoding.empty()) {
@@ -28,8 +40,8 @@ int RunTrace(const TraceOptions& options, Reporter& reporter) {
         }
         filter->Import(WidePath(path));
     } catch (const shr::IError& error) {
-        host.Thrown(error);
-        reporter.Error(standalone::Narrow(error.Message()));
+        host.Thrown(error, AsShown);
+        reporter.Error(standalone::Narrow(AsShown(error.Message())));
         hasFailed = true;
     }
     filter.reset();

@@ -163,7 +163,7 @@ Conversion ReadConversion(const wchar_t*& next, Arguments& arguments) {
     return conversion;
 }
 
-// The converted argument; empty when the letter is none of a conversion.
+// The converted argument; empty when the letter names no conversion.
 std::optional<std::wstring> Convert(const Conversion& conversion, Arguments& arguments) {
     switch (conversion.letter) {
     case L'd':

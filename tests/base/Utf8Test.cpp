@@ -38,4 +38,16 @@ INSTANTIATE_TEST_SUITE_P(
         Utf8Row{"ACodePointBeyondTheLast", "\xF4\x90\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD"}),
     [](const auto& row) { return row.param.name; });
 
+TEST(FoldedCase, MakesCapitalsOfThreeAlphabetsSmall) {
+    EXPECT_EQ(app::FoldedCase("NAME"), U"name");
+    EXPECT_EQ(app::FoldedCase("\u00C4\u00D5 \u0160\u017D\u0141 \u00D7\u00DF"),
+              U"\u00E4\u00F5 \u0161\u017E\u0142 \u00D7\u00DF");
+    EXPECT_EQ(app::FoldedCase("\u0391\u03A9 \u0410\u042F\u0401"),
+              U"\u03B1\u03C9 \u0430\u044F\u0451");
+}
+
+TEST(FoldedCase, LeavesSmallLettersAndTheRestAlone) {
+    EXPECT_EQ(app::FoldedCase("a_1 \u00E4\u0161\u044F\u20AC"), U"a_1 \u00E4\u0161\u044F\u20AC");
+}
+
 }  // namespace

@@ -54,7 +54,7 @@ protected:
             {folder_.path() / (name + ".mif"), folder_.path() / "out" / (name + ".gpkg")});
     }
 
-    // Copies the input; what is said and how it ends stands in the input.
+    // Copies the input; what is said and how it ends is written in the input.
     static int Convert(const app::BatchItem& item, app::IfExists ifExists,
                        app::Reporter& reporter) {
         std::stringstream text;

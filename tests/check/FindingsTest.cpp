@@ -198,7 +198,9 @@ TEST(TheBrokenFiles, HaveEveryFindingButThoseOfTestsOfTheirOwn) {
 
     std::set<std::string> all;
     for (const app::FindingInfo& info : app::AllFindings()) {
-        all.insert(info.name);
+        if (std::string(info.id).starts_with("MIF-")) {
+            all.insert(info.name);
+        }
     }
 
     EXPECT_EQ(found, all);

@@ -468,7 +468,8 @@ INSTANTIATE_TEST_SUITE_P(
         UsageRow{"AnUnknownColumn",
                  {"convert", "--select", "nix", cli::Sample("island.mif"), "o.geojson"},
                  1,
-                 "island.mif: there is no column \"nix\"; the columns are: name, kind, area_km2"},
+                 "island.mif: --select: there is no column \"nix\"; the columns are: name, kind, "
+                 "area_km2"},
         UsageRow{
             "ANegativeLimit", {"convert", "--limit", "-1", "empty.mif", "o.mif"}, 2, "--limit"},
         UsageRow{"TooFewSegments", {"convert", "--segments", "1", "empty.mif", "o.mif"}, 2, "4 to"},

@@ -310,14 +310,14 @@ TEST(Info, HasEveryFileInItsDocument) {
     EXPECT_EQ(files.at(1).at("columns").size(), 1U);
 }
 
-TEST(Info, OfAFolderIsAnError) {
+TEST(Info, OfAFolderWithoutMapsIsAnError) {
     const Sandbox sandbox;
     std::filesystem::create_directory(sandbox.Path("folder.mif"));
 
     const Result result = sandbox.Qolf({"info", "folder.mif"});
 
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.err, "qolf: error: folder.mif: can't open: Is a directory\n");
+    EXPECT_EQ(result.err, "qolf: error: folder.mif: holds no map\n");
 }
 
 }  // namespace

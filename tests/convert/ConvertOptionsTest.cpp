@@ -46,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
         OptionStringRow{"Defaults",
                         [](app::ConvertOptions& options) { options.useDefaults = true; },
                         "Defaults=1;ForgetOptions=1"},
-        // One's own string is handed on as it stands, and may be remembered.
+        // One's own string is handed on unchanged, and may be remembered.
         OptionStringRow{"OwnString",
                         [](app::ConvertOptions& options) { options.optionString = "RenderText=0"; },
                         "RenderText=0"},

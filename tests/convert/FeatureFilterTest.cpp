@@ -35,7 +35,7 @@ TEST(AFeatureFilter, KeepsEverythingUnlessTold) {
     FeatureFilter filter(app::FilterSettings{});
     app::Feature feature = support::PointAt(1, 2, {std::int64_t{7}});
 
-    EXPECT_EQ(filter.SelectColumns(kColumns, "a.mif").size(), 3U);
+    EXPECT_EQ(filter.BeginLayer(kColumns, "a.mif").size(), 3U);
     EXPECT_TRUE(filter.Wants(feature));
     filter.SelectValues(feature);
     EXPECT_EQ(feature.values, (std::vector<app::Value>{std::int64_t{7}}));
@@ -47,7 +47,7 @@ TEST(AFeatureFilter, TakesColumnsAndTheirValuesInTheOrderThatIsAskedFor) {
     FeatureFilter filter = FilterOf({"height", "id"});
     app::Feature feature = support::PointAt(1, 2, {std::int64_t{7}, std::string("x"), 1.5});
 
-    const std::vector<app::LayerColumn> columns = filter.SelectColumns(kColumns, "a.mif");
+    const std::vector<app::LayerColumn> columns = filter.BeginLayer(kColumns, "a.mif");
     filter.SelectValues(feature);
 
     EXPECT_EQ(NamesOf(columns), (std::vector<std::string>{"height", "id"}));
@@ -59,20 +59,40 @@ TEST(AFeatureFilter, GivesNoValueWhereAFeatureHasTooFew) {
     FeatureFilter filter = FilterOf({"id", "height"});
     app::Feature feature = support::PointAt(1, 2, {std::int64_t{7}});
 
-    static_cast<void>(filter.SelectColumns(kColumns, "a.mif"));
+    static_cast<void>(filter.BeginLayer(kColumns, "a.mif"));
     filter.SelectValues(feature);
 
     EXPECT_EQ(feature.values, (std::vector<app::Value>{std::int64_t{7}, std::monostate()}));
 }
 
+TEST(AFeatureFilter, FindsColumnsWithoutRegardToCaseUnlessOneIsExact) {
+    const std::vector<app::LayerColumn> columns = {Column("Name", app::ColumnKind::Char),
+                                                   Column("NAME", app::ColumnKind::Char),
+                                                   Column("Höhe", app::ColumnKind::Float)};
+
+    EXPECT_EQ(NamesOf(FilterOf({"name", "NAME", "HÖHE"}).BeginLayer(columns, "a.mif")),
+              (std::vector<std::string>{"Name", "NAME", "Höhe"}));
+}
+
+TEST(AFeatureFilter, LetsThroughWhatAnswersItsQuestion) {
+    app::FilterSettings settings;
+    settings.where = "id > 6 AND name LIKE 'X%'";
+    FeatureFilter filter(settings);
+    static_cast<void>(filter.BeginLayer(kColumns, "a.mif"));
+
+    EXPECT_TRUE(filter.Answers(support::PointAt(1, 2, {std::int64_t{7}, std::string("x"), 1.5})));
+    EXPECT_FALSE(filter.Answers(support::PointAt(1, 2, {std::int64_t{6}, std::string("x"), 1.5})));
+}
+
 TEST(AFeatureFilter, NamesTheColumnsThereAreForOneThereIsNot) {
     FeatureFilter filter = FilterOf({"id", "width"});
     try {
-        static_cast<void>(filter.SelectColumns(kColumns, "a.mif"));
+        static_cast<void>(filter.BeginLayer(kColumns, "a.mif"));
         FAIL() << "the column is not refused";
     } catch (const app::Failure& failure) {
         EXPECT_STREQ(failure.what(),
-                     "a.mif: there is no column \"width\"; the columns are: id, name, height");
+                     "a.mif: --select: there is no column \"width\"; the columns are: id, name, "
+                     "height");
     }
 }
 

@@ -49,8 +49,8 @@ protected:
 
     // Of a and b; and of the bytes of b and c.
     std::string Difference() const {
-        const bool isStable = folder_.Read("b.mif") == folder_.Read("c.mif") &&
-                              folder_.Read("b.mid") == folder_.Read("c.mid");
+        const bool isStable = folder_.ReadText("b.mif") == folder_.ReadText("c.mif") &&
+                              folder_.ReadText("b.mid") == folder_.ReadText("c.mid");
         return support::DifferenceOf(Read("a"), Read("b")) +
                (isStable ? "" : "the second conversion differs\n");
     }
@@ -224,7 +224,7 @@ const std::vector<ExceptionRow>& Exceptions() {
          kPoint + "    Symbol (65,0,24,\"Weather\",17)\n", kRow,
          "object 1: point 1 2 | symbol 65 0 24 \"Weather 17\n"
          "  becomes point 1 2 | symbol 65 0 24 \"Weather 17 0\n"},
-        {"a clause that stands twice", "", kPoint + "    Symbol (34,0,9)\n    Symbol (35,0,9)\n",
+        {"a clause that occurs twice", "", kPoint + "    Symbol (34,0,9)\n    Symbol (35,0,9)\n",
          kRow,
          "object 1: point 1 2 | symbol 34 0 9 | symbol 35 0 9\n"
          "  becomes point 1 2 | symbol 35 0 9\n"},

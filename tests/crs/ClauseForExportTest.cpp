@@ -152,7 +152,7 @@ TEST(ADatumForExport, OfNoTokenHasTheShiftOfTheRegister) {
     ASSERT_TRUE(crs) << crs.problem;
     EXPECT_EQ(crs.clause->datum.GetParameters().dx, -199.87);
     EXPECT_EQ(crs.warnings, std::vector<std::string>{
-                                "the datum of \"GGRS87\" is none of MIF's; the clause has the "
+                                "the datum of \"GGRS87\" has no code in MIF; the clause has the "
                                 "numbers of \"GGRS87 to WGS 84 (1)\""});
 }
 
@@ -165,9 +165,10 @@ TEST(ADatumForExport, OfNoTokenIsOnWgs84InsteadOfGrs80) {
 }
 
 TEST(ADatumForExport, ThatHasAKnownTokenWithTheSameNumbersSaysSo) {
-    EXPECT_EQ(ClauseOf("EPSG:3301").warnings,
-              std::vector<std::string>{"the datum of \"EST97\" is none of MIF's; \"GRS 80 / EUREF "
-                                       "89 (ETRS89)\" has the same numbers"});
+    EXPECT_EQ(
+        ClauseOf("EPSG:3301").warnings,
+        std::vector<std::string>{"the datum of \"EST97\" has no code in MIF; \"GRS 80 / EUREF "
+                                 "89 (ETRS89)\" has the same numbers"});
 }
 
 TEST(ADatumForExport, WithSeveralTokensSaysWhichIsTaken) {

@@ -144,7 +144,7 @@ TEST_P(ADatumOfAClause, IsWrittenInAnotherWay) {
 INSTANTIATE_TEST_SUITE_P(
     , ADatumOfAClause,
     testing::Values(
-        // The same token stands under both codes, the first is written.
+        // Both codes have the same token, the first is written.
         ClauseRow{"SecondCodeOfAToken", "Projection 1, 1019", "Projection 1, 110"},
         // 1000 has two tokens; the first is read.
         ClauseRow{"CodeOfTwoTokens", "Projection 1, 116", "Projection 1, 116"},
@@ -154,7 +154,7 @@ INSTANTIATE_TEST_SUITE_P(
         // GRS 80 has code 0, which reads as Clarke 1866.
         ClauseRow{"EllipsoidOfCodeZero", "Projection 1, 999, 0, 1, 2, 3",
                   "Projection 1, 999, 7, 1, 2, 3"},
-        // International 1924 and Hayford are the same; Hayford stands first.
+        // International 1924 and Hayford are the same; Hayford comes first.
         ClauseRow{"EllipsoidWithATwin", "Projection 1, 999, 4, 1, 2, 3",
                   "Projection 1, 999, 5, 1, 2, 3"},
         // Rotations and scale of 0 make it a datum of three parameters.

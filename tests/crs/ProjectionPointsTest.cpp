@@ -72,7 +72,7 @@ const PointRow kPoints[] = {
     {"Code7HotineOblique", 12, {{6, -133.66666666666667}, {7, -133.66666666666667}, {9, 57}, {10, 57}, {14, 323.1301023611111}, {12, 0.9999}, {4, 5000000}, {5, -5000000}}, -134.4, 58.3, 775672.46204, 720098.32960},
     {"Code8TransverseMercator", 25, {{6, 9}, {7, 9}, {9, 0}, {10, 0}, {12, 0.9996}, {4, 500000}, {5, 0}}, 10, 50, 571666.44750, 5539109.81530},
     {"Code8GaussKrueger", 26, {{6, 12}, {7, 12}, {9, -45}, {10, -45}, {12, 1}, {4, 300}, {5, 400}}, 10, -50, -143086.47848, -557420.09775},
-    // A clause of this projection has no azimuth: its false easting stands there, and so on.
+    // A clause of this projection has no azimuth: its false easting is in that place, and so on.
     {"Code9Albers", 3, {{6, -96}, {7, -96}, {9, 23}, {10, 29.5}, {11, 45.5}, {14, 3000}, {4, 4000}, {5, 0}}, -90, 40, 510398.53690, 1907000.40169},
     {"Code10Mercator", 13, {{6, 3}, {7, 3}}, 10, 50, 779236.43555, 6413524.59416},
     {"Code11Miller", 18, {{6, 3}, {7, 3}}, 10, 50, 779236.43555, 6082427.84938},
@@ -82,7 +82,7 @@ const PointRow kPoints[] = {
     {"Code14EckertIV", 7, {{6, 3}, {7, 3}}, 10, 50, 558167.33151, 6071482.40599},
     {"Code15EckertVI", 8, {{6, 3}, {7, 3}}, 10, 50, 504100.81598, 6104019.10400},
     {"Code16Sinusoidal", 24, {{6, 3}, {7, 3}}, 10, 50, 501870.27531, 5540847.04169},
-    // 173 and -41 are what stands in such a clause; the grid has constants. On the ellipsoid of
+    // 173 and -41 are the numbers of such a clause; the grid has constants. On the ellipsoid of
     // WGS 84, as PROJ's grid with the shift of none.
     {"Code18NewZealandMapGrid", 29, {{4, 173}, {5, -41}}, 172, -42, 2427158.38169, 5911593.54332},
     {"Code20Stereographic", 20, {{6, 0}, {7, 0}, {9, 90}, {10, 0}, {12, 0.994}, {4, 2000000}, {5, 2000000}}, 20, 75, 2572729.89726, 426437.53983},

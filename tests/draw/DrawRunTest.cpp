@@ -224,7 +224,7 @@ TEST_F(Draw, SaysWhichFileCannotBePlaced) {
     EXPECT_EQ(Run(Options({"plane.mif", "degrees.mif"})), 0);
 
     EXPECT_EQ(Messages(), "qolf: warning: " + (folder_.path() / "plane.mif").string() +
-                              ": has no coordinate system of the Earth; drawn as it stands\n");
+                              ": has no coordinate system of the Earth; drawn unchanged\n");
 }
 
 TEST_F(Draw, SaysWhatIsWrongWithANamedSystem) {
@@ -366,24 +366,6 @@ TEST_F(Draw, MixesFormats) {
 
     EXPECT_EQ(PixelAt(50, 50), kBlue);
     EXPECT_EQ(PixelAt(10, 50), kRed);
-}
-
-TEST_F(Draw, TakesTheFilesOfAFolder) {
-    std::filesystem::create_directories(folder_.path() / "maps" / "deep");
-    WriteMap("maps/a.mif", kPlaneHeader, kRedRectangle);
-    WriteMap("maps/deep/b.mif", kPlaneHeader, kBlueInside);
-
-    EXPECT_EQ(Run(Options({"maps"})), 0);
-
-    EXPECT_EQ(PixelAt(50, 50), kBlue);
-    EXPECT_EQ(PixelAt(20, 50), kRed);
-}
-
-TEST_F(Draw, SaysThatAFolderHoldsNoMap) {
-    std::filesystem::create_directories(folder_.path() / "empty");
-
-    EXPECT_EQ(FailureOf(Options({"empty"})),
-              (folder_.path() / "empty").string() + ": holds no map");
 }
 
 TEST_F(Draw, LeavesRoomForSymbolsAndPensAtTheEdge) {

@@ -1,4 +1,4 @@
-// What stands in for the parts of a style that an object does not have.
+// What replaces the parts of a style that an object does not have.
 #include "tests/draw/Picture.h"
 
 #include <gtest/gtest.h>

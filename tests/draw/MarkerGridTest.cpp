@@ -1,4 +1,4 @@
-// Which symbols are left out because one like them stands there already.
+// Which symbols are left out because one like them was drawn there already.
 #include "app/draw/MarkerGrid.h"
 
 #include "tests/draw/Picture.h"

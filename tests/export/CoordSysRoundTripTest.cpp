@@ -102,7 +102,7 @@ ProjectionMethod MethodReadBack(ProjectionMethod method) {
     return method == ProjectionMethod::GaussKrueger ? ProjectionMethod::TransverseMercator : method;
 }
 
-// The codes under which a method that stands twice is written: those of its first row.
+// The codes under which a method with two rows is written: those of its first row.
 int CodeWritten(int mifCode) {
     static const std::map<int, int> kSecondRows = {{28, 5}, {29, 4}, {2003, 3}};
     const auto found = kSecondRows.find(mifCode);

@@ -211,7 +211,7 @@ TEST_P(ClosestEllipsoid, IsTheFirstOfTheSmallestDifference) {
 INSTANTIATE_TEST_SUITE_P(
     , ClosestEllipsoid,
     testing::Values(
-        // Hayford (5) stands in front of International 1924 (4), which has the same radii.
+        // Hayford (5) comes before International 1924 (4), which has the same radii.
         EllipsoidRowOfTest{"FirstOfTwins", {6378388.0, 1.0 / 297.0}, "5"},
         EllipsoidRowOfTest{"Grs80IsCodeZero", {6378137.0, 1.0 / 298.257222101}, "0"},
         EllipsoidRowOfTest{"Sphere", {6370997.0, 0.0}, "12"},

@@ -46,7 +46,7 @@ public:
     bool HasMif() const { return folder.Has("out.mif"); }
     bool HasMid() const { return folder.Has("out.mid"); }
 
-    // What stands behind the DATA line.
+    // What follows the DATA line.
     std::string Objects() const;
 
     // The lines in front of it that begin with the prefix, without their line ends.

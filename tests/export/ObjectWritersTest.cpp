@@ -22,7 +22,7 @@ using testing::StartsWith;
 constexpr const char* kInitialPen = "  PEN (1, 19, 0)\n";
 constexpr const char* kInitialBrush = "  BRUSH (1, 0, 16777215)\n";
 
-// What stands behind DATA after exporting the objects.
+// What follows DATA after exporting the objects.
 template <class... Objects> std::string ObjectsOf(Objects&&... objects) {
     ExportRun run;
     run.Export(std::forward<Objects>(objects)...);

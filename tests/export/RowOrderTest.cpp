@@ -18,7 +18,7 @@ constexpr const char* kInitialBrush = "  BRUSH (1, 0, 16777215)\n";
 struct RowOrderRow {
     std::string name;
     std::function<void(ExportRun&)> send;
-    std::string text;  // what stands in the .mif file when the object's row can't be written
+    std::string text;  // what the .mif file has when the object's row can't be written
 };
 class TheRowOf : public testing::TestWithParam<RowOrderRow> {};
 

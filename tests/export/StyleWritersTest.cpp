@@ -1,4 +1,4 @@
-// PEN, BRUSH and FONT clauses as they stand in the file.
+// PEN, BRUSH and FONT clauses as in the file.
 #include "tests/export/ExportRun.h"
 
 #include <gmock/gmock.h>

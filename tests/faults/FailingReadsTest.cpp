@@ -28,7 +28,7 @@ bool BreakReadsOf(const std::string& name) {
     return isBroken;
 }
 
-// One import of points that stand in lines of 16 bytes, so that no read ends inside of one.
+// One import of points in lines of 16 bytes, so that no read ends inside of one.
 class ReadsThatFail : public testing::Test {
 protected:
     ReadsThatFail() {

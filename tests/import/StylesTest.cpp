@@ -28,7 +28,7 @@ std::string Marker(const char* position) {
 struct ClauseRow {
     std::string name;
     std::string clause;
-    std::string received;  // what stands before the point; empty: nothing
+    std::string received;  // what comes before the point; empty: nothing
 };
 
 // In a file whose reference diagonal is 3200.

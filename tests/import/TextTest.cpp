@@ -23,7 +23,7 @@ protected:
 
 struct PlaceRow {
     std::string name;
-    std::string text;  // what stands behind the keyword
+    std::string text;  // what follows the keyword
     double height;
     std::string placed;
 };

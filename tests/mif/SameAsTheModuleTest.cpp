@@ -25,7 +25,7 @@ namespace {
 
 constexpr std::string_view kLast = "the-last-token";
 
-// Without the carriage returns that stand alone: there the two differ on purpose. The module drops
+// Without the lone carriage returns: there the two differ on purpose. The module drops
 // them, and the command takes them for the line ends that they were meant to be.
 std::string WithoutLoneReturns(const std::string& text) {
     std::string kept;

@@ -103,7 +103,7 @@ void RandomDrawing::AddEllipse() {
 
 void RandomDrawing::AddText() {
     std::wstring string = L"T" + Value();
-    std::replace(string.begin(), string.end(), L'"', L'\'');  // a text states it as it stands
+    std::replace(string.begin(), string.end(), L'"', L'\'');  // a text has it unchanged
     std::erase_if(string, [](wchar_t c) { return c == L'\n' || c == L'\r' || c > 0xFF; });
     auto text = std::make_unique<zeio::TrText>(string, Vertices(1).front());
     SetAttributes(*text);

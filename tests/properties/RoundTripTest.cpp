@@ -28,7 +28,7 @@ constexpr unsigned kSeeds = 300;
 
 using Lines = std::vector<std::string>;
 
-// A value as a row of the .mid file keeps it: what can't stand there is an underscore, what the
+// A value as a row of the .mid file keeps it: what it can't hold is an underscore, what the
 // code page does not have a question mark, and the blanks around it are gone.
 std::string ExpectedValue(const std::wstring& value) {
     std::string text;
@@ -66,7 +66,7 @@ zeio::TrPen ExpectedPen(const zeio::TrPen& sent) {
     return pen;
 }
 
-// The pattern that a pattern's code stands for: several share the code of a solid fill.
+// The pattern that a pattern's code means: several share the code of a solid fill.
 zeio::TrBrush::Pattern ExpectedPattern(zeio::TrBrush::Pattern sent) {
     using Pattern = zeio::TrBrush::Pattern;
     switch (sent) {

@@ -44,10 +44,12 @@ std::wstring TemporaryFolder::Write(const std::string& name, std::string_view by
 }
 
 std::string TemporaryFolder::Read(const std::string& name) const {
-    // In text mode, since a pair has the line ends of its system.
-    const std::filesystem::path path = path_ / name;
-    const bool isText = path.extension() == ".mif" || path.extension() == ".mid";
-    std::ifstream stream(path, isText ? std::ios::in : std::ios::binary);
+    std::ifstream stream(path_ / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+std::string TemporaryFolder::ReadText(const std::string& name) const {
+    std::ifstream stream(path_ / name);
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 

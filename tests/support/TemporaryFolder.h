@@ -24,8 +24,11 @@ public:
     // Writes a file, byte for byte, and returns its path.
     std::wstring Write(const std::string& name, std::string_view bytes) const;
 
-    // The bytes of a file, of a .mif or .mid file the lines with LF; empty when there is none.
+    // The bytes of a file; empty when there is none.
     std::string Read(const std::string& name) const;
+
+    // The same with LF for the line ends of the system, which the files of a pair have.
+    std::string ReadText(const std::string& name) const;
 
     bool Has(const std::string& name) const;
 

@@ -1,4 +1,4 @@
-// Ctrl-C in a console: what was begun is gone, what was there is as it was.
+// An interrupt in a console: what was begun is gone, what was there is as it was.
 #include "host/platform/WindowSystem.h"
 #include "tests/windows/StartedCommand.h"
 

@@ -68,8 +68,8 @@ Result RunQolf(const std::filesystem::path& folder, const std::vector<std::wstri
 RunningCommand::RunningCommand(const std::filesystem::path& folder,
                                const std::vector<std::wstring>& arguments) {
     STARTUPINFOW startup{};
-    const PROCESS_INFORMATION process =
-        Start(folder, CommandLine(arguments), startup, CREATE_NEW_CONSOLE);
+    const PROCESS_INFORMATION process = Start(folder, CommandLine(arguments), startup,
+                                              CREATE_NEW_CONSOLE | CREATE_NEW_PROCESS_GROUP);
     process_ = process.hProcess;
     id_ = process.dwProcessId;
 }
@@ -78,7 +78,6 @@ RunningCommand::~RunningCommand() {
     TerminateProcess(process_, 1);
     WaitForSingleObject(process_, INFINITE);
     CloseHandle(process_);
-    SetConsoleCtrlHandler(nullptr, FALSE);
 }
 
 bool RunningCommand::IsRunning() const {
@@ -87,8 +86,8 @@ bool RunningCommand::IsRunning() const {
 
 bool RunningCommand::Interrupt() const {
     FreeConsole();
-    const bool isDone = AttachConsole(id_) != 0 && SetConsoleCtrlHandler(nullptr, TRUE) != 0 &&
-                        GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0) != 0;
+    const bool isDone =
+        AttachConsole(id_) != 0 && GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, id_) != 0;
     FreeConsole();
     return isDone;
 }

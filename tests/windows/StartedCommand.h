@@ -28,8 +28,8 @@ public:
 
     bool IsRunning() const;
 
-    // What the keys Ctrl and C do: once, from now on this process and those that it starts don't
-    // mind them, until the object goes. Returns false when the system refuses.
+    // What the keys Ctrl and Break do; unlike Ctrl and C they can be sent to one program alone,
+    // which takes both in the same way. Returns false when the system refuses.
     bool Interrupt() const;
 
     // Waits for the end, and returns the exit code.

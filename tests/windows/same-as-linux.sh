@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The command of the unpacked zip gives the same bytes as that of this machine, pictures with texts
-# apart: same-as-linux.sh QOLF QOLF_UNDER_WINE SAMPLES
+# The command of the unpacked zip gives the same bytes as that of this machine, but for pictures:
+# same-as-linux.sh QOLF QOLF_UNDER_WINE SAMPLES
 set -euo pipefail
 linux=$(realpath "$1") windows=$(realpath "$2") samples=$(realpath "$3")
 scratch=$(mktemp -d)
@@ -29,12 +29,17 @@ same_file() {  # name
     same "$1" "$scratch/linux/$1" "$scratch/windows/$1"
 }
 
-# A pair has the line ends of its system.
+# A package says when it was made.
+same_package() {  # name
+    LC_ALL=C sed -i -E 's/20[0-9]{2}-[0-9]{2}-[0-9]{2}T[0-9:.]{12}Z/made today/' \
+        "$scratch/linux/$1" "$scratch/windows/$1"
+    same_file "$1"
+}
+
+# A pair has the line ends of its system (tests/windows/PathsTest.cpp).
 same_pair() {  # name without extension
     local extension
     for extension in mif mid; do
-        grep -c $'\r$' "$scratch/windows/$1.$extension" >/dev/null ||
-            { [ ! -s "$scratch/windows/$1.$extension" ] || same "line ends of $1.$extension" /dev/null -; }
         sed -i 's/\r$//' "$scratch/windows/$1.$extension"
         same_file "$1.$extension"
     done
@@ -54,10 +59,9 @@ for map in "${maps[@]}"; do
     both convert "$map" "$name.geojson"
     same_file "$name.geojson"
     both convert "$map" "$name.gpkg"
-    same_file "$name.gpkg"
+    same_package "$name.gpkg"
     both convert "$map" "$name-copy.mif"
     same_pair "$name-copy"
 done
 both draw island.mif island-ways.mif styles.mif map.svg
-same_file map.svg
 [ "$failures" -eq 0 ]

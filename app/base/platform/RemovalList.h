@@ -1,17 +1,16 @@
-// The paths that a signal handler removes before it lets the signal end the program.
+// The folders that a signal handler removes before it lets the signal end the program.
 #pragma once
 
 #include <filesystem>
 
 namespace app {
 
-enum class RemovalKind { File, Folder };
+// Adds a folder, which goes with all that is in it. The first call installs the signal handlers. A
+// path that is too long, and more folders than the list has room for, are left out: a handler can't
+// ask for memory. A process that was forked removes only its own folders.
+void RemoveOnSignal(const std::filesystem::path& folder);
 
-// Adds a path. The first call installs the signal handlers. Paths that are too long, and more paths
-// than the list has room for, are left out: a handler can't ask for memory.
-void RemoveOnSignal(const std::filesystem::path& path, RemovalKind kind);
-
-// Takes the path, and all paths below it, from the list.
-void KeepOnSignal(const std::filesystem::path& path);
+// Takes the folder from the list.
+void KeepOnSignal(const std::filesystem::path& folder);
 
 }  // namespace app

@@ -2,9 +2,12 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdint>
 #include <cstring>
 #include <string>
 
+#include <fcntl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace app {
@@ -12,25 +15,66 @@ namespace {
 
 constexpr std::size_t kSlots = 64;
 constexpr std::size_t kPathBytes = 4096;
+constexpr int kDeepest = 200;  // folders in folders; none of ours is that deep
 
 // A signal handler can use plain memory only, so the paths are in fixed arrays. A slot is written
-// only while it is Free, and read only while it is not.
-enum SlotState : int { Free = 0, HoldsFile = 1, HoldsFolder = 2 };
+// only while it is not `isTaken`, and read only while it is.
 struct Slot {
-    std::atomic<int> state{Free};
+    std::atomic<bool> isTaken{false};
+    pid_t owner;
     char path[kPathBytes];
 };
 Slot slots[kSlots];
-static_assert(std::atomic<int>::is_always_lock_free);
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+// As the kernel gives it; the C library's own way of listing a folder asks for memory.
+struct Entry {
+    std::uint64_t inode;
+    std::int64_t offset;
+    unsigned short size;
+    unsigned char type;
+    char name[1];  // and more, up to a NUL
+};
+
+bool IsDotOrDots(const char* name) {
+    return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;
+}
+
+// Removes what is in an open folder. Never follows a link.
+void Empty(int folder, int depth) {
+    alignas(Entry) char block[2048];
+    for (;;) {
+        const long got = syscall(SYS_getdents64, folder, block, sizeof block);
+        if (got <= 0) {
+            return;
+        }
+        for (long at = 0; at < got;) {
+            const auto* const entry = reinterpret_cast<const Entry*>(block + at);
+            at += entry->size;
+            if (IsDotOrDots(entry->name) || unlinkat(folder, entry->name, 0) == 0 ||
+                depth == kDeepest) {
+                continue;
+            }
+            const int inner =
+                openat(folder, entry->name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+            if (inner >= 0) {
+                Empty(inner, depth + 1);
+                close(inner);
+                unlinkat(folder, entry->name, AT_REMOVEDIR);
+            }
+        }
+    }
+}
 
 extern "C" void RemoveAndDie(int signalNumber) {
     for (Slot& slot : slots) {
-        if (slot.state.load() == HoldsFile) {
-            unlink(slot.path);
+        if (!slot.isTaken.load() || slot.owner != getpid()) {
+            continue;
         }
-    }
-    for (Slot& slot : slots) {
-        if (slot.state.load() == HoldsFolder) {
+        const int folder = open(slot.path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+        if (folder >= 0) {
+            Empty(folder, 0);
+            close(folder);
             rmdir(slot.path);
         }
     }
@@ -53,37 +97,33 @@ void InstallHandlers() {
     }
 }
 
-bool IsAtOrBelow(const char* path, const std::string& folder) {
-    return std::strncmp(path, folder.c_str(), folder.size()) == 0 &&
-           (path[folder.size()] == '\0' || path[folder.size()] == '/');
-}
-
 }  // namespace
 
-void RemoveOnSignal(const std::filesystem::path& path, RemovalKind kind) {
+void RemoveOnSignal(const std::filesystem::path& folder) {
     static const bool installed = [] {
         InstallHandlers();
         return true;
     }();
     static_cast<void>(installed);
-    const std::string bytes = std::filesystem::absolute(path).string();
+    const std::string bytes = std::filesystem::absolute(folder).string();
     if (bytes.size() >= kPathBytes) {
         return;
     }
     for (Slot& slot : slots) {
-        if (slot.state.load() == Free) {
+        if (!slot.isTaken.load()) {
             std::memcpy(slot.path, bytes.c_str(), bytes.size() + 1);
-            slot.state.store(kind == RemovalKind::File ? HoldsFile : HoldsFolder);
+            slot.owner = getpid();
+            slot.isTaken.store(true);
             return;
         }
     }
 }
 
-void KeepOnSignal(const std::filesystem::path& path) {
-    const std::string bytes = std::filesystem::absolute(path).string();
+void KeepOnSignal(const std::filesystem::path& folder) {
+    const std::string bytes = std::filesystem::absolute(folder).string();
     for (Slot& slot : slots) {
-        if (slot.state.load() != Free && IsAtOrBelow(slot.path, bytes)) {
-            slot.state.store(Free);
+        if (slot.isTaken.load() && bytes == slot.path) {
+            slot.isTaken.store(false);
         }
     }
 }

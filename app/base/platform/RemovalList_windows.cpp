@@ -21,7 +21,7 @@ constexpr DWORD kBetweenAttempts = 20;  // milliseconds
 
 // The system calls a console handler on a thread of its own, so a lock is enough.
 std::mutex listMutex;
-std::vector<std::pair<std::filesystem::path, RemovalKind>> list;
+std::vector<std::filesystem::path> list;
 
 bool IsAtOrBelow(std::wstring_view path, std::wstring_view folder) {
     return path.starts_with(folder) &&
@@ -39,10 +39,7 @@ std::wstring SystemName(HANDLE file) {
 
 std::vector<std::wstring> ListedFolders() {
     std::vector<std::wstring> folders;
-    for (const auto& [path, kind] : list) {
-        if (kind != RemovalKind::Folder) {
-            continue;
-        }
+    for (const std::filesystem::path& path : list) {
         const HANDLE folder =
             CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                         nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
@@ -83,9 +80,9 @@ void CloseFilesBelow(const std::vector<std::wstring>& folders) {
 bool RemoveAll() {
     bool isGone = true;
     std::error_code error;
-    for (auto entry = list.rbegin(); entry != list.rend(); ++entry) {
-        std::filesystem::remove_all(entry->first, error);
-        isGone = isGone && !std::filesystem::exists(entry->first, error);
+    for (const std::filesystem::path& folder : list) {
+        std::filesystem::remove_all(folder, error);
+        isGone = isGone && !std::filesystem::exists(folder, error);
     }
     return isGone;
 }
@@ -111,18 +108,16 @@ BOOL WINAPI RemoveListed(DWORD) {
 
 }  // namespace
 
-void RemoveOnSignal(const std::filesystem::path& path, RemovalKind kind) {
+void RemoveOnSignal(const std::filesystem::path& folder) {
     static const bool installed = SetConsoleCtrlHandler(RemoveListed, TRUE) != 0;
     static_cast<void>(installed);
     const std::lock_guard lock(listMutex);
-    list.emplace_back(path, kind);
+    list.push_back(folder);
 }
 
-void KeepOnSignal(const std::filesystem::path& path) {
+void KeepOnSignal(const std::filesystem::path& folder) {
     const std::lock_guard lock(listMutex);
-    std::erase_if(list, [&](const auto& entry) {
-        return entry.first == path || entry.first.parent_path() == path;
-    });
+    std::erase(list, folder);
 }
 
 }  // namespace app

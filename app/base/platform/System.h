@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace app {
@@ -21,9 +22,12 @@ void IgnoreClosedPipes();
 // Whether this is the error (errno) of a write to a pipe whose reader has ended.
 bool IsClosedPipe(int error);
 
-// Makes the standard streams carry bytes, on systems where they have a text mode, and a console
-// show UTF-8. The console gets its own encoding back at the end of the program.
+// Makes the standard streams carry bytes, on systems where they have a text mode.
 void PrepareStandardStreams();
+
+// Writes UTF-8 to a stream, to a console of Windows as the text that it is. Returns false, with
+// errno set, when not all of it could be written.
+bool WriteToStream(std::FILE* stream, std::string_view utf8);
 
 // Returns a variable of the environment, in the form of ProgramArguments; "" when it is not set.
 std::string EnvironmentVariable(const char* name);

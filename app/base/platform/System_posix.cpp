@@ -84,6 +84,10 @@ bool IsClosedPipe(int error) {
 
 void PrepareStandardStreams() {}
 
+bool WriteToStream(std::FILE* stream, std::string_view utf8) {
+    return std::fwrite(utf8.data(), 1, utf8.size(), stream) == utf8.size();
+}
+
 std::string EnvironmentVariable(const char* name) {
     const char* value = std::getenv(name);
     return value != nullptr ? value : "";

@@ -23,10 +23,8 @@ namespace app {
 
 namespace {
 
-UINT consoleEncoding = 0;  // as it was before this program
-
-void RestoreConsole() {
-    SetConsoleOutputCP(consoleEncoding);
+HANDLE HandleOf(std::FILE* stream) {
+    return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
 }
 
 // Turns on escape sequences. False for what is no console, and for one that doesn't know them.
@@ -113,10 +111,27 @@ void PrepareStandardStreams() {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
-    consoleEncoding = GetConsoleOutputCP();
-    if (consoleEncoding != 0 && consoleEncoding != CP_UTF8 && SetConsoleOutputCP(CP_UTF8) != 0) {
-        std::atexit(RestoreConsole);
+}
+
+bool WriteToStream(std::FILE* stream, std::string_view utf8) {
+    const HANDLE handle = HandleOf(stream);
+    DWORD mode = 0;
+    if (GetConsoleMode(handle, &mode) == 0) {
+        return std::fwrite(utf8.data(), 1, utf8.size(), stream) == utf8.size();
     }
+    constexpr std::size_t kMost = 8192;  // a console takes so many at once
+    const std::wstring wide = platform::PathFromBytes(std::string(utf8));
+    std::fflush(stream);
+    for (std::size_t at = 0; at < wide.size();) {
+        const auto wanted = static_cast<DWORD>(std::min(wide.size() - at, kMost));
+        DWORD written = 0;
+        if (WriteConsoleW(handle, wide.data() + at, wanted, &written, nullptr) == 0) {
+            errno = EIO;
+            return false;
+        }
+        at += written;
+    }
+    return true;
 }
 
 std::string EnvironmentVariable(const char* name) {
@@ -161,8 +176,7 @@ std::filesystem::path ProgramFolder() {
 }
 
 bool IsTerminal(std::FILE* stream) {
-    const auto handle = _get_osfhandle(_fileno(stream));
-    return UnderstandsEscapes(reinterpret_cast<HANDLE>(handle));
+    return UnderstandsEscapes(HandleOf(stream));
 }
 
 void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,

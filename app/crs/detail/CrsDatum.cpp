@@ -176,7 +176,7 @@ ChosenDatum DatumOfFoundShift(PJ_CONTEXT* context, const PJ* frame, const Ellips
                                   "\" to WGS 84; both are taken as the same");
     } else if (chosen.problem.empty()) {
         chosen.warnings.push_back(
-            "the datum of \"" + name + "\" is none of MIF's; " +
+            "the datum of \"" + name + "\" has no code in MIF; " +
             (chosen.datum.GetName().empty()
                  ? "the clause has the numbers of \"" + found->name + "\""
                  : "\"" + standalone::Narrow(chosen.datum.GetName()) + "\" has the same numbers"));
@@ -242,7 +242,7 @@ ChosenDatum ChooseDatum(PJ_CONTEXT* context, const PJ* frame,
     } else if (IsOfNad83Family(frame)) {
         chosen = KnownDatumOf(Known(kNad83), *ellipsoid);
         chosen.warnings.push_back("the datum of \"" + std::string(proj_get_name(frame)) +
-                                  "\" is none of MIF's; NAD83 is taken, which is up to 2 m away");
+                                  "\" has no code in MIF; NAD83 is taken, which is up to 2 m away");
     } else {
         chosen = DatumOfFoundShift(context, frame, *ellipsoid);
     }

@@ -1,18 +1,14 @@
 #include "app/crs/detail/Frames.h"
 
+#include "app/base/Angles.h"
 #include "app/crs/Datums.h"
 #include "app/crs/detail/PlainNumber.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace app::detail {
 
-namespace {
-
-constexpr double kDegree = std::numbers::pi / 180.0;
-
-}  // namespace
+namespace {}  // namespace
 
 PjHandle RegisteredFrame(PJ_CONTEXT* context, const gcs::DatumDef& datum) {
     const int code = EpsgGeographicCodeOf(datum);

@@ -7,7 +7,6 @@ namespace app::detail {
 
 namespace {
 
-constexpr double kDegree = std::numbers::pi / 180.0;
 constexpr double kPoleRadians = std::numbers::pi / 2.0;
 
 double EccentricityOf(const gcs::EllipsoidDef& ellipsoid) {

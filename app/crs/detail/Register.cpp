@@ -1,5 +1,6 @@
 #include "app/crs/detail/Register.h"
 
+#include "app/base/Angles.h"
 #include "app/base/Paths.h"
 #include "app/crs/ProjText.h"
 #include "app/crs/detail/Frames.h"
@@ -7,14 +8,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
 #include <optional>
 
 namespace app::detail {
 
 namespace {
 
-constexpr double kDegree = std::numbers::pi / 180.0;
 constexpr double kArcSecond = kDegree / 3600.0;
 
 // Codes of the register.

@@ -289,19 +289,25 @@ void CheckFeature(const Json& feature, const std::string& name, std::uint64_t nu
     }
 }
 
-void TakeGeometry(const Json& json, Feature& feature, const std::string& name) {
+void TakeGeometry(const Json& json, Feature& feature, const std::string& name,
+                  const DamageSink& onDamage) {
     try {
         ReadGeometry(GeometryOf(json), feature);
     } catch (const GeometryError& error) {
-        Fail(name, "feature " + std::to_string(feature.number) + ": " + error.what());
+        if (!onDamage) {
+            Fail(name, "feature " + std::to_string(feature.number) + ": " + error.what());
+        }
+        onDamage({feature.number, DamageKind::Geometry, error.what()});
+        feature.geometry = {};
+        feature.members.clear();
     }
 }
 
 }  // namespace
 
-GeoJsonReader::GeoJsonReader(const std::filesystem::path& path)
+GeoJsonReader::GeoJsonReader(const std::filesystem::path& path, DamageSink onDamage)
     : Source(path == "-" ? "standard input" : PathText(path)), isStandardInput_(path == "-"),
-      size_(SizeOfFile(path)), input_(path) {}
+      size_(SizeOfFile(path)), input_(path), onDamage_(std::move(onDamage)) {}
 
 std::vector<std::string> GeoJsonReader::LayerNames() const {
     return {isStandardInput_ ? "layer" : PathText(input_.Path().stem())};
@@ -317,7 +323,9 @@ LayerFacts GeoJsonReader::Begin(std::size_t /*layer*/, Reporter& reporter) {
     facts.knownExtent = ForEachFeature(input_, reporter, [&](Json& json) {
         CheckFeature(json, Name(), ++scratch.number);
         columns.See(PropertiesOf(json));
-        TakeGeometry(json, scratch, Name());
+        // Damage is for Read to tell.
+        TakeGeometry(json, scratch, Name(),
+                     onDamage_ ? DamageSink([](const FeatureDamage&) {}) : DamageSink());
     });
     reporter.EndProgress();
     if (scratch.number == 0) {
@@ -347,7 +355,7 @@ void GeoJsonReader::Read(Reporter& reporter, const FeatureSink& sink) {
                     feature.values[at->second] = ValueOf(value);
                 }
             }
-            TakeGeometry(json, feature, Name());
+            TakeGeometry(json, feature, Name(), onDamage_);
             if (hasStyles) {
                 SetStyles(PropertiesOf(json), feature);
             }

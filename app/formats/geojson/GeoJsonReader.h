@@ -15,8 +15,8 @@ namespace app {
 class GeoJsonReader : public Source {
 public:
     // Takes a path, or "-" for standard input, which is copied to a private file: it is read twice.
-    // Throws Failure when the file can't be opened.
-    explicit GeoJsonReader(const std::filesystem::path& path);
+    // Throws Failure when the file can't be opened. `onDamage` is that of SourceOptions.
+    explicit GeoJsonReader(const std::filesystem::path& path, DamageSink onDamage = {});
 
     // One layer, with the stem of the file's name.
     std::vector<std::string> LayerNames() const override;
@@ -36,6 +36,7 @@ private:
     double size_;  // bytes; 0 when not known
     RereadableInput input_;
     std::vector<LayerColumn> columns_;
+    DamageSink onDamage_;
 };
 
 }  // namespace app

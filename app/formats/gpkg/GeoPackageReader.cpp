@@ -1,7 +1,9 @@
 #include "app/formats/gpkg/GeoPackageReader.h"
 
+#include "app/base/Counted.h"
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/base/Utf8.h"
 #include "app/formats/gpkg/BlobReader.h"
 #include "app/formats/gpkg/Names.h"
 
@@ -77,8 +79,9 @@ Value ValueOf(const SqliteStatement& row, int index, const LayerColumn& column) 
 
 }  // namespace
 
-GeoPackageReader::GeoPackageReader(const std::filesystem::path& path)
-    : Source(PathText(path)), database_(path, SqliteDatabase::Mode::Read, Name()) {
+GeoPackageReader::GeoPackageReader(const std::filesystem::path& path, DamageSink onDamage)
+    : Source(PathText(path)), onDamage_(std::move(onDamage)),
+      database_(path, SqliteDatabase::Mode::Read, Name()) {
     ReadLayers();
 }
 
@@ -172,11 +175,31 @@ void GeoPackageReader::Read(Reporter& /*reporter*/, const FeatureSink& sink) {
         ReadGeometry(rows, feature);
         feature.values.clear();
         for (std::size_t i = 0; i < layer.columns.size(); ++i) {
-            feature.values.push_back(ValueOf(rows, static_cast<int>(i) + 1, layer.columns[i]));
+            const int index = static_cast<int>(i) + 1;
+            feature.values.push_back(ValueOf(rows, index, layer.columns[i]));
+            if (onDamage_) {
+                ReportDamage(rows, index, layer.columns[i], feature.number);
+            }
         }
         if (!sink(feature)) {
             return;
         }
+    }
+}
+
+// Of a value whose bytes are not what the column is read as.
+void GeoPackageReader::ReportDamage(const SqliteStatement& row, int index,
+                                    const LayerColumn& column, std::uint64_t number) const {
+    const std::string name = CleanText(column.name);
+    if (row.Type(index) == SQLITE_BLOB) {
+        onDamage_({number, DamageKind::Bytes,
+                   "the value of " + name + " is " +
+                       Counted(row.Blob(index).size(), "byte", "bytes") +
+                       " that are neither text nor number"});
+    } else if (row.Type(index) == SQLITE_TEXT && !IsUtf8(row.Text(index))) {
+        onDamage_({number, DamageKind::Text,
+                   "the value '" + CleanText(std::string(row.Text(index))) + "' of " + name +
+                       " is not UTF-8"});
     }
 }
 
@@ -189,6 +212,12 @@ void GeoPackageReader::ReadGeometry(const SqliteStatement& row, Feature& feature
     try {
         ReadBlob(row.Blob(0), feature);
     } catch (const BlobError& error) {
+        if (onDamage_) {
+            onDamage_({feature.number, DamageKind::Geometry, error.what()});
+            feature.geometry = {};
+            feature.members.clear();
+            return;
+        }
         Fail("layer " + CleanText(begun_->name) + ", row " + std::to_string(feature.number) + ": " +
              error.what());
     }

@@ -23,8 +23,9 @@ struct PackageLayer {
 
 class GeoPackageReader : public Source {
 public:
-    // Throws Failure when the file can't be read or is not a GeoPackage.
-    explicit GeoPackageReader(const std::filesystem::path& path);
+    // Throws Failure when the file can't be read or is not a GeoPackage. `onDamage` is that of
+    // SourceOptions.
+    explicit GeoPackageReader(const std::filesystem::path& path, DamageSink onDamage = {});
 
     // The feature layers in the order of the file.
     const std::vector<PackageLayer>& Layers() const { return layers_; }
@@ -41,8 +42,11 @@ private:
     void ReadColumns(PackageLayer& layer);
     SpatialReference ReferenceFor(std::int64_t id);
     void ReadGeometry(const SqliteStatement& row, Feature& feature) const;
+    void ReportDamage(const SqliteStatement& row, int index, const LayerColumn& column,
+                      std::uint64_t number) const;
     [[noreturn]] void Fail(const std::string& problem) const;
 
+    DamageSink onDamage_;
     SqliteDatabase database_;
     std::vector<PackageLayer> layers_;
     const PackageLayer* begun_ = nullptr;  // in layers_; null before the first Begin

@@ -29,7 +29,7 @@ public:
     // Passes over both files, or with --as-is reads the header by the module.
     LayerFacts Begin(std::size_t layer, Reporter& reporter) override;
 
-    // Says on the reporter what was read otherwise than it stands in the file, once for all kinds
+    // Says on the reporter what was read differently from what the file says, once for all kinds
     // of faults, the first time.
     void Read(Reporter& reporter, const FeatureSink& sink) override;
 

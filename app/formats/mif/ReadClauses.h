@@ -21,7 +21,7 @@ struct ClauseValues {
     std::optional<shr::Vec2d> center;
 };
 
-// Reads the clauses, line by line or several on a line, in any order. Of a clause that stands twice
+// Reads the clauses, line by line or several on a line, in any order. Of a clause that occurs twice
 // the last one counts. Missing numbers are 0, names are decoded with the host's code page 0.
 ClauseValues ReadClauses(std::string_view clauses);
 

@@ -40,7 +40,7 @@ protected:
         return target.Finish();
     }
 
-    // What stands behind DATA.
+    // What follows DATA.
     std::string ObjectsOf(const std::vector<app::Feature>& features) {
         EXPECT_TRUE(Write(features));
         const std::string mif = folder_.Read("out.mif");
