@@ -65,37 +65,6 @@ Result RunQolf(const std::filesystem::path& folder, const std::vector<std::wstri
     return result;
 }
 
-RunningCommand::RunningCommand(const std::filesystem::path& folder,
-                               const std::vector<std::wstring>& arguments) {
-    STARTUPINFOW startup{};
-    const PROCESS_INFORMATION process = Start(folder, CommandLine(arguments), startup,
-                                              CREATE_NEW_CONSOLE | CREATE_NEW_PROCESS_GROUP);
-    process_ = process.hProcess;
-    id_ = process.dwProcessId;
-}
-
-RunningCommand::~RunningCommand() {
-    TerminateProcess(process_, 1);
-    WaitForSingleObject(process_, INFINITE);
-    CloseHandle(process_);
-}
-
-bool RunningCommand::IsRunning() const {
-    return WaitForSingleObject(process_, 0) == WAIT_TIMEOUT;
-}
-
-bool RunningCommand::Interrupt() const {
-    FreeConsole();
-    const bool isDone =
-        AttachConsole(id_) != 0 && GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, id_) != 0;
-    FreeConsole();
-    return isDone;
-}
-
-unsigned long RunningCommand::Wait() const {
-    return ExitCodeOf(process_);
-}
-
 std::string BytesOf(const std::filesystem::path& path) {
     std::ifstream stream(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};

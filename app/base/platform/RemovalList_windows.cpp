@@ -16,8 +16,8 @@
 namespace app {
 namespace {
 
-constexpr int kAttempts = 50;
-constexpr DWORD kBetweenAttempts = 20;  // milliseconds
+constexpr int kAttempts = 5;
+constexpr DWORD kBetweenAttempts = 50;  // milliseconds
 
 // The system calls a console handler on a thread of its own, so a lock is enough.
 std::mutex listMutex;
@@ -55,16 +55,9 @@ std::vector<std::wstring> ListedFolders() {
 // An open file can't be removed here. So the files in these folders are closed under the program,
 // whoever has opened them: the module, a library or the C runtime. Handles are multiples of 4.
 void CloseFilesBelow(const std::vector<std::wstring>& folders) {
-    DWORD left = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &left);
-    constexpr std::uintptr_t kMost = 1 << 16;
-    for (std::uintptr_t value = 4; value < kMost && left > 0; value += 4) {
+    constexpr std::uintptr_t kMost = 1 << 14;  // far more than this program has
+    for (std::uintptr_t value = 4; value < kMost; value += 4) {
         const HANDLE handle = reinterpret_cast<HANDLE>(value);
-        DWORD flags = 0;
-        if (GetHandleInformation(handle, &flags) == 0) {
-            continue;
-        }
-        --left;
         if (GetFileType(handle) != FILE_TYPE_DISK) {
             continue;
         }
