@@ -1,6 +1,7 @@
 // The qolf command: reads the command line, runs the subcommand that it names, and turns errors
 // into one line on stderr and an exit code: 0 done, 1 the data could not be processed, 2 the
 // command line is wrong.
+#include "app/CommandLineProblems.h"
 #include "app/Commands.h"
 #include "app/base/Errors.h"
 #include "app/base/Output.h"
@@ -41,19 +42,32 @@ struct GlobalOptions {
     std::string helpTopic;
 };
 
-void AddGlobalOptions(CLI::App& program, GlobalOptions& options, app::CommandContext& context) {
-    program.add_flag("-q,--quiet", options.quiet, "No warnings, notes and progress");
-    program.add_flag("-v,--verbose", options.verbose, "Say which versions and settings are used");
-    program.add_flag("--progress", options.progress, "Show progress even when not on a terminal");
-    program.add_flag("--no-progress", options.noProgress, "Never show progress");
-    program.add_option("--module", context.modulePath, "The filter module to load")
-        ->type_name("FILE");
-    program
+// Adds the options of every command to the program, or to one, so that they are in its help.
+void AddCommonOptions(CLI::App& command, GlobalOptions& options, app::CommandContext& context) {
+    constexpr const char* kGroup = "Options of every command";
+    command.add_flag("-q,--quiet", options.quiet, "No warnings, notes and progress")->group(kGroup);
+    command.add_flag("-v,--verbose", options.verbose, "Say which versions and settings are used")
+        ->group(kGroup);
+    command.add_flag("--progress", options.progress, "Show progress even when not on a terminal")
+        ->group(kGroup);
+    command.add_flag("--no-progress", options.noProgress, "Never show progress")->group(kGroup);
+    command.add_option("--module", context.modulePath, "The filter module to load")
+        ->type_name("FILE")
+        ->group(kGroup);
+    command
         .add_option("--max-size", context.archiveLimits.mostBytes,
                     "The largest file to take from an archive: 500M, 100G (64G)")
         ->transform(CLI::AsSizeValue(/*kb_is_1000=*/false))
-        ->type_name("SIZE");
-    program.set_version_flag("--version", std::string("qolf ") + QOLF_VERSION);
+        ->type_name("SIZE")
+        ->group(kGroup);
+}
+
+void AddCommonOptionsBelow(CLI::App& program, GlobalOptions& options,
+                           app::CommandContext& context) {
+    for (CLI::App* command : program.get_subcommands(nullptr)) {
+        AddCommonOptions(*command, options, context);
+        AddCommonOptionsBelow(*command, options, context);
+    }
 }
 
 // Returns null when no command has the name.
@@ -90,8 +104,7 @@ void AddHelpCommand(CLI::App& program, GlobalOptions& options, app::CommandConte
             }
             const CLI::App* command = FindCommand(program, options.helpTopic);
             if (command == nullptr) {
-                throw app::UsageError("there is no command '" + options.helpTopic +
-                                      "'; qolf --help lists them");
+                throw app::UsageError(app::UnknownCommand(program, options.helpTopic));
             }
             return Print(command->help(program.get_name()));
         };
@@ -150,22 +163,6 @@ int RunCommand(app::CommandContext& context) {
     return kDataError;
 }
 
-// Returns the parser's objection, with the help that explains what is right.
-std::string UsageProblem(const CLI::App& program, const CLI::ParseError& error) {
-    constexpr std::string_view kRequired = " is required";
-    std::string text = error.what();
-    if (text.ends_with(kRequired)) {
-        text.resize(text.size() - kRequired.size());
-        text = text == "files" ? "no file is named" : text + " is missing";
-    }
-    const std::vector<CLI::App*> commands = program.get_subcommands();
-    if (commands.empty()) {
-        return text + "; see qolf --help";
-    }
-    const std::string command = commands.front()->get_name();
-    return command + ": " + text + "; see qolf help " + command;
-}
-
 int ParseAndRun(CLI::App& program, std::vector<std::string> arguments, const GlobalOptions& options,
                 app::CommandContext& context) {
     try {
@@ -180,7 +177,7 @@ int ParseAndRun(CLI::App& program, std::vector<std::string> arguments, const Glo
             };
             return RunCommand(context);
         }
-        context.reporter.Error(UsageProblem(program, error));
+        context.reporter.Error(app::UsageProblem(program, error));
         return kUsageError;
     }
     ApplyGlobalOptions(options, context);
@@ -200,9 +197,10 @@ int main(int argc, char** argv) {
         "Reads, writes, draws and checks MapInfo Interchange Format files (.mif, .mid)", "qolf");
     program.allow_windows_style_options(false);  // "/maps/roads.mif" is a file everywhere
     GlobalOptions options;
-    AddGlobalOptions(program, options, context);
+    program.set_version_flag("--version", std::string("qolf ") + QOLF_VERSION);
+    AddCommonOptions(program, options, context);
     program.require_subcommand(1);
-    program.fallthrough();
+    program.fallthrough();  // --version after a command
     const std::string command = NamedCommand(program, arguments);
     try {
         app::AddCommands(program, context, command, arguments);
@@ -211,10 +209,11 @@ int main(int argc, char** argv) {
         return kDataError;
     }
     AddHelpCommand(program, options, context);
+    AddCommonOptionsBelow(program, options, context);
     program.footer(kProgramFooter);
     // The parser itself would only say that a command is missing.
     if (!command.empty() && FindCommand(program, command) == nullptr) {
-        context.reporter.Error("there is no command '" + command + "'; qolf --help lists them");
+        context.reporter.Error(app::UnknownCommand(program, command));
         return kUsageError;
     }
     if (arguments.empty()) {

@@ -23,11 +23,12 @@ install(TARGETS qolf_module LIBRARY DESTINATION .)
 install(DIRECTORY "${QOLF_WINDOWS_LIBRARIES}/share/proj" DESTINATION .)
 
 # The terms of everything that is linked in: of the libraries that were built for it, and of those
-# that are headers alone.
+# that are headers or scripts alone.
 install(DIRECTORY "${QOLF_WINDOWS_LIBRARIES}/share/licenses/" DESTINATION licences)
 install(FILES "${CMAKE_CURRENT_LIST_DIR}/windows/zip/LICENSE_1_0.txt" DESTINATION licences/boost)
 install(FILES /usr/share/doc/libcli11-dev/copyright DESTINATION licences/cli11)
 install(FILES /usr/share/doc/nlohmann-json3-dev/copyright DESTINATION licences/nlohmann-json)
+install(FILES /usr/share/doc/libjs-leaflet/copyright DESTINATION licences/leaflet)
 
 # Without this, packing would build the tests, too.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)

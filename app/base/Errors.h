@@ -12,10 +12,11 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// The command line is wrong in a way that only shows after parsing: exit code 2.
-class UsageError : public std::runtime_error {
+// The command line is wrong in a way that only shows after parsing: exit code 2. Thrown in place of
+// a Failure when another argument would have helped, such as the name of a column that there is.
+class UsageError : public Failure {
 public:
-    using std::runtime_error::runtime_error;
+    using Failure::Failure;
 };
 
 // The program that read our standard output has ended: no message, exit code 0.

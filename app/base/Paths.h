@@ -25,6 +25,10 @@ std::string ArgumentOfPath(const std::filesystem::path& path);
 // the archive (app/base/ShownPlace.h).
 std::string PathText(const std::filesystem::path& path);
 
+// Returns the name as one that a file can have on every system: what can't be in it, blanks and
+// dots at its ends, and the names of devices are changed. `utf8` may be anything.
+std::string SafeFileName(const std::string& utf8);
+
 // Returns the extension in lower case with its full stop (".mif"); "" when there is none.
 std::string LowerExtension(const std::filesystem::path& path);
 

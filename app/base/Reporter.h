@@ -53,6 +53,10 @@ public:
     void Progress(double fraction);
     void EndProgress();
 
+    // Clears the bar, which the next progress draws again: call it before another stream writes to
+    // the same terminal.
+    void HideProgress() { ClearBar(); }
+
 private:
     using Clock = std::chrono::steady_clock;
 

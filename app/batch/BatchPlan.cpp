@@ -3,6 +3,7 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/base/TempFolder.h"
+#include "app/base/Utf8.h"
 
 #include <algorithm>
 #include <map>
@@ -31,12 +32,17 @@ path Canonical(const path& file) {
 
 class Planner {
 public:
-    Planner(const path& folder, const std::string& extension)
-        : folder_(folder), extension_(extension) {}
+    Planner(const path& folder, const std::string& extension, const LayersOfInput& layersOf)
+        : folder_(folder), extension_(extension), layersOf_(layersOf) {}
 
     void Add(const path& input, const path& relative) {
-        const path canonical = Canonical(input);
-        if (!inputs_.insert(canonical).second) {
+        if (!inputs_.insert(Canonical(input)).second) {
+            return;
+        }
+        const std::vector<std::string> layers =
+            layersOf_ ? layersOf_(input) : std::vector<std::string>();
+        if (!layers.empty()) {
+            AddLayers(input, relative.parent_path(), layers);
             return;
         }
         path output = folder_ / relative;
@@ -47,6 +53,7 @@ public:
                              " would both be written to " + PathText(output) +
                              "; convert them into different folders");
         }
+        taken_.insert(FoldedCase(PathText(output)));
         items_.push_back({input, std::move(output)});
     }
 
@@ -61,10 +68,31 @@ public:
     }
 
 private:
+    void AddLayers(const path& input, const path& relative,
+                   const std::vector<std::string>& layers) {
+        for (const std::string& layer : layers) {
+            const std::string stem = SafeFileName(layer);
+            path output = LayerFile(relative, stem);
+            for (int number = 2; !taken_.insert(FoldedCase(PathText(output))).second; ++number) {
+                output = LayerFile(relative, stem + "_" + std::to_string(number));
+            }
+            inputOf_.emplace(output, input);
+            items_.push_back({input, std::move(output), layer});
+        }
+    }
+
+    // The name may have full stops of its own.
+    path LayerFile(const path& relative, const std::string& stem) const {
+        const std::string dot = extension_.starts_with('.') ? "" : ".";
+        return folder_ / relative / PathFromArgument(stem + dot + extension_);
+    }
+
     const path& folder_;
     const std::string& extension_;
-    std::set<path> inputs_;         // canonical
-    std::map<path, path> inputOf_;  // by output
+    const LayersOfInput& layersOf_;
+    std::set<path> inputs_;           // canonical
+    std::map<path, path> inputOf_;    // by output
+    std::set<std::u32string> taken_;  // outputs, whatever their case
     std::vector<BatchItem> items_;
 };
 
@@ -103,8 +131,9 @@ std::vector<path> FilesBelow(const path& folder, std::span<const std::string_vie
 
 std::vector<BatchItem> PlanBatch(std::span<const std::string> inputs,
                                  const std::filesystem::path& folder, const std::string& extension,
-                                 std::span<const std::string_view> inputExtensions) {
-    Planner planner(folder, extension);
+                                 std::span<const std::string_view> inputExtensions,
+                                 const LayersOfInput& layersOf) {
+    Planner planner(folder, extension, layersOf);
     for (const std::string& argument : inputs) {
         const path input = PathFromArgument(argument);
         std::error_code error;

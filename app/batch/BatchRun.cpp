@@ -105,14 +105,18 @@ std::string Summary(const Tally& tally, std::size_t total) {
     return text;
 }
 
-// What TaskOfThisProcess says in the process of an item. No path of Windows has a line feed.
+// What TaskOfThisProcess says in the process of an item: a line of text for each of its parts. No
+// path of Windows has a line feed.
 std::string TaskText(const BatchItem& item) {
-    return ArgumentFromPath(item.input) + "\n" + ArgumentFromPath(item.output);
+    return ArgumentFromPath(item.input) + "\n" + ArgumentFromPath(item.output) + "\n" + item.layer;
 }
 
 BatchItem ItemOfTask(const std::string& task) {
-    const std::size_t end = std::min(task.find('\n'), task.size() - 1);
-    return {PathFromArgument(task.substr(0, end)), PathFromArgument(task.substr(end + 1))};
+    const std::size_t input = std::min(task.find('\n'), task.size());
+    const std::size_t output = std::min(task.find('\n', input + 1), task.size());
+    return {PathFromArgument(task.substr(0, input)),
+            PathFromArgument(task.substr(std::min(input + 1, output), output - input - 1)),
+            task.substr(std::min(output + 1, task.size()))};
 }
 
 std::vector<BatchItem> ItemsToDo(const BatchOptions& options) {

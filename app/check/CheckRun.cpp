@@ -4,6 +4,9 @@
 #include "app/base/Paths.h"
 #include "app/base/Reporter.h"
 #include "app/base/Utf8.h"
+#include "app/base/platform/System.h"
+#include "app/check/CheckProgress.h"
+#include "app/check/FindingsOfClause.h"
 #include "app/check/GatheredFindings.h"
 #include "app/check/LayerCheck.h"
 #include "app/check/PairCheck.h"
@@ -20,6 +23,10 @@
 
 namespace app {
 namespace {
+
+// How often a file is read: by the check and by the module; twice more for a repair.
+constexpr int kPasses = 2;
+constexpr int kPassesWithFix = 4;
 
 constexpr int kExitErrors = 1;
 constexpr int kExitWarnings = 3;
@@ -62,7 +69,7 @@ public:
             text += "object " + std::to_string(finding.object) + ": ";
         }
         text += Printable(finding.message) + "\n    " + finding.advice + "\n";
-        if (finding.code->isCaredFor && !asIs_) {
+        if (finding.isCaredFor && !asIs_) {
             text += "    qolf itself reads it as it was meant; it matters for other programs "
                     "only.\n";
         }
@@ -98,7 +105,7 @@ public:
         AppendMember(json, "object", finding.object);
         AppendMember(json, "count", finding.count);
         json += std::string(", \"otherProgramsOnly\": ") +
-                (finding.code->isCaredFor && !asIs_ ? "true" : "false");
+                (finding.isCaredFor && !asIs_ ? "true" : "false");
         AppendMember(json, "message", finding.message);
         AppendMember(json, "advice", finding.advice);
         out_.Write(json + "}");
@@ -144,7 +151,7 @@ const Format* OtherFormatOf(const std::filesystem::path& file) {
 }
 
 FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& options,
-                        FindingSink& sink) {
+                        CheckProgress& progress, FindingSink& sink) {
     if (const Format* const format = OtherFormatOf(file)) {
         return CheckLayers(file, *format, options.maxPerCode, sink);
     }
@@ -155,20 +162,33 @@ FindingCounts CheckFile(const std::filesystem::path& file, const CheckOptions& o
     Reporter silent(stderr, false, false);
     silent.SetVerbosity(Verbosity::Quiet);
     SetCodePageFor(header, options.encoding, /*areLettersUtf8=*/false, PathText(file), silent);
-    DecodedFindings decoded(sink, AreLettersBelieved(header, options.encoding));
-    const PairCheckOptions pairOptions{.maxPerCode = options.maxPerCode,
-                                       .tabRewriting = TabRewriting::Off,
-                                       .charset = CharsetOf(options.encoding)};
+    std::vector<ClauseFault> faults;
+    if (options.assumedSystem == nullptr && !options.asIs) {
+        faults = FaultsOfClause(header.coordSysText);
+    }
+    FindingsOfClause ofClause(sink, faults);
+    DecodedFindings decoded(options.asIs ? sink : ofClause,
+                            AreLettersBelieved(header, options.encoding));
+    PairCheckOptions pairOptions{.maxPerCode = options.maxPerCode,
+                                 .tabRewriting = TabRewriting::Off,
+                                 .charset = CharsetOf(options.encoding),
+                                 .faultsOfClause = faults,
+                                 .progress = progress.NextPass(file)};
+    if (options.assumedSystem != nullptr) {
+        pairOptions.possible = PossibleCoordinates(*options.assumedSystem);
+    }
     CheckedPair pair;
     if (options.maxPerCode == 0) {
         pair = CheckPair(file, pairOptions, decoded);
     } else {
         GatheredFindings gathered;
         pair = CheckPair(file, pairOptions, gathered);
+        progress.Hide();
         gathered.PassOn(decoded, pair);
     }
     if (pair.findings[static_cast<std::size_t>(FindingCode::FileUnreadable)].found == 0) {
-        CheckByImport(file, options.modulePath, sink, pair.findings);
+        CheckByImport(file, options.modulePath, sink, pair.findings, pair.objects.Objects(),
+                      progress.NextPass(file));
     }
     return pair.findings;
 }
@@ -194,6 +214,10 @@ void WriteSummary(const std::filesystem::path& file, const FindingCounts& counts
 }
 
 void WriteRepairs(const CheckOptions& options, const RepairReport& report, OutputFile& out) {
+    if (report.count == 0) {
+        out.Write(PathText(options.fix) + ": not written: there is nothing to repair\n");
+        return;
+    }
     for (const Repair& repair : report.repairs) {
         out.Write(Printable(PathText(repair.file)) + ":" + std::to_string(repair.line) +
                   ": repaired " + InfoOf(repair.code).id + ": " + Printable(repair.what) + "\n");
@@ -204,6 +228,7 @@ void WriteRepairs(const CheckOptions& options, const RepairReport& report, Outpu
 std::string RepairsAsJson(const CheckOptions& options, const RepairReport& report) {
     std::string json = ",\n  \"fix\": {\"path\": ";
     AppendJsonString(json, PathText(options.fix));
+    json += std::string(", \"written\": ") + (report.count > 0 ? "true" : "false");
     AppendMember(json, "count", report.count);
     json += ", \"repairs\": [";
     bool isFirst = true;
@@ -219,7 +244,7 @@ std::string RepairsAsJson(const CheckOptions& options, const RepairReport& repor
     return json + "]}";
 }
 
-SeverityCounts CheckAsJson(const CheckOptions& options, OutputFile& out) {
+SeverityCounts CheckAsJson(const CheckOptions& options, CheckProgress& progress, OutputFile& out) {
     SeverityCounts all{};
     out.Write("{\"files\": [");
     for (std::size_t i = 0; i < options.files.size(); ++i) {
@@ -227,7 +252,8 @@ SeverityCounts CheckAsJson(const CheckOptions& options, OutputFile& out) {
         AppendJsonString(json, PathText(options.files[i]));
         out.Write(json + ", \"findings\": [");
         JsonSink sink(out, options.asIs);
-        const SeverityCounts sums = BySeverity(CheckFile(options.files[i], options, sink));
+        const SeverityCounts sums =
+            BySeverity(CheckFile(options.files[i], options, progress, sink));
         out.Write("], \"errors\": " + std::to_string(sums[0]) + ", \"warnings\": " +
                   std::to_string(sums[1]) + ", \"notes\": " + std::to_string(sums[2]) + "}");
         for (std::size_t s = 0; s < all.size(); ++s) {
@@ -238,11 +264,11 @@ SeverityCounts CheckAsJson(const CheckOptions& options, OutputFile& out) {
     return all;
 }
 
-SeverityCounts CheckAsText(const CheckOptions& options, OutputFile& out) {
+SeverityCounts CheckAsText(const CheckOptions& options, CheckProgress& progress, OutputFile& out) {
     SeverityCounts all{};
     for (const std::filesystem::path& file : options.files) {
         TextSink sink(out, options.asIs);
-        const FindingCounts counts = CheckFile(file, options, sink);
+        const FindingCounts counts = CheckFile(file, options, progress, sink);
         WriteSummary(file, counts, out);
         const SeverityCounts sums = BySeverity(counts);
         for (std::size_t s = 0; s < all.size(); ++s) {
@@ -293,17 +319,21 @@ int PrintCodes() {
 }
 
 int RunCheck(const CheckOptions& options, Reporter& reporter) {
+    if (options.maxPerCode == 0 && IsTerminal(stdout)) {
+        reporter.SetProgress(false);  // findings go to the terminal as they come
+    }
+    std::optional<CheckProgress> progress;
+    progress.emplace(options.files, options.fix.empty() ? kPasses : kPassesWithFix, reporter);
     std::optional<RepairReport> repairs;
     if (!options.fix.empty()) {
-        repairs = RepairMif(options.files.front(), options.fix, options.ifExists);
-        if (repairs->count == 0) {
-            reporter.Note(PathText(options.files.front()) +
-                          ": nothing to repair; the copy is the same");
-        }
+        const std::filesystem::path& file = options.files.front();
+        repairs = RepairMif(file, options.fix, options.ifExists,
+                            [&] { return progress->NextPass(file); });
     }
     OutputFile out("-", IfExists::Overwrite);
     const SeverityCounts sums =
-        options.json ? CheckAsJson(options, out) : CheckAsText(options, out);
+        options.json ? CheckAsJson(options, *progress, out) : CheckAsText(options, *progress, out);
+    progress.reset();
     if (repairs && options.json) {
         out.Write(RepairsAsJson(options, *repairs));
     } else if (repairs) {

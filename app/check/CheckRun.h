@@ -3,6 +3,7 @@
 
 #include "app/base/Output.h"
 #include "app/base/Reporter.h"
+#include "app/crs/CoordinateSystem.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -21,6 +22,7 @@ struct CheckArguments {
     std::uint64_t maxPerCode = 100;
     std::string fix;
     std::string encoding;
+    std::string assumedCrs;
     bool asIs = false;
 };
 
@@ -34,6 +36,7 @@ struct CheckOptions {
     std::string encoding = {};  // of the files' texts, whatever their headers say
     bool asIs = false;          // what the files are to the module is all that matters
     std::string modulePath = {};
+    SystemPtr assumedSystem = {};  // of the files, whatever their clauses say; null: their own
 };
 
 // Throws UsageError, which names the option and what it takes.

@@ -25,7 +25,8 @@ void Pass(FindingCode code, const std::filesystem::path& mif, std::string messag
               .line = 0,
               .object = 0,
               .message = std::move(message),
-              .advice = info.advice});
+              .advice = info.advice,
+              .isCaredFor = info.readBy == ReadByCommand::Yes});
 }
 
 std::string WithoutName(const std::string& text, const std::filesystem::path& mif) {
@@ -56,7 +57,11 @@ void PassWarnings(std::string_view kept, const std::filesystem::path& mif, Findi
 }  // namespace
 
 void CheckByImport(const std::filesystem::path& mif, const std::string& modulePath,
-                   FindingSink& sink, FindingCounts& counts) {
+                   FindingSink& sink, FindingCounts& counts, std::uint64_t objects,
+                   const ProgressSink& progress) {
+    constexpr std::uint64_t kStep = 1024;  // objects between two reports
+    const auto all = static_cast<double>(std::max<std::uint64_t>(1, objects));
+    std::uint64_t imported = 0;
     std::string kept;
     Reporter reporter(kept);
     ImportSettings settings;
@@ -65,7 +70,11 @@ void CheckByImport(const std::filesystem::path& mif, const std::string& modulePa
     settings.modulePath = modulePath;
     std::string error;
     try {
-        ImportRun(std::move(settings), reporter).Import(reporter, [](zeio::TrBase&) {});
+        ImportRun(std::move(settings), reporter).Import(reporter, [&](zeio::TrBase&) {
+            if (++imported % kStep == 0 && progress) {
+                progress(std::min(1.0, static_cast<double>(imported) / all));
+            }
+        });
     } catch (const ImportFailure& failure) {
         error = failure.Reason();
     }

@@ -7,6 +7,7 @@
 #include "app/check/ShapeCheck.h"
 #include "app/mif/LineReader.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <string>
@@ -51,12 +52,35 @@ std::string OpenProblem(const std::filesystem::path& path, InputFile& stream) {
                              : std::string("the file can't be opened: ") + std::strerror(errno);
 }
 
+// A file of the pair, which reports how much of both has been read.
+class WatchedSource : public StreamSource {
+public:
+    // `before` is the size of what was read earlier, `all` that of both files.
+    WatchedSource(std::FILE* stream, const ProgressSink& progress, double before, double all)
+        : StreamSource(stream), progress_(progress), read_(before), all_(all) {}
+
+    std::size_t Read(char* to, std::size_t most) override {
+        const std::size_t got = StreamSource::Read(to, most);
+        read_ += static_cast<double>(got);
+        if (progress_ && all_ > 0.0) {
+            progress_(std::min(1.0, read_ / all_));  // some parts are read twice
+        }
+        return got;
+    }
+
+private:
+    const ProgressSink& progress_;
+    double read_;
+    double all_;
+};
+
 class PairChecker {
 public:
     PairChecker(const std::filesystem::path& mif, const PairCheckOptions& options,
                 FindingSink& sink)
         : mif_(mif), mid_(FindCompanion(mif, ".mid")), options_(options),
           report_(sink, mif, mid_.empty() ? WithMidExtension(mif) : mid_, options.maxPerCode),
+          mifSize_(SizeOfFile(AsOnDisk(mif))), midSize_(mid_.empty() ? 0.0 : SizeOfFile(mid_)),
           charset_(options.charset.empty() ? pair_.header.charset : options.charset) {}
 
     CheckedPair Check();
@@ -67,6 +91,7 @@ private:
     }
     bool Opens(const std::filesystem::path& path, FileOfPair file, InputFile& stream);
     void CheckMif(ByteSource& input);
+    void ReportFaultsOfClause();
     void CheckMidName();
     void CheckMid(ByteSource& input);
     void CompareRows();
@@ -76,13 +101,15 @@ private:
     const PairCheckOptions& options_;
     FindingCounter report_;
     CheckedPair pair_;
+    double mifSize_;
+    double midSize_;
     const std::string& charset_;
 };
 
 CheckedPair PairChecker::Check() {
     InputFile mif;
     if (Opens(AsOnDisk(mif_), FileOfPair::Mif, mif)) {
-        StreamSource input(mif.get());
+        WatchedSource input(mif.get(), options_.progress, 0.0, mifSize_ + midSize_);
         CheckMif(input);
     }
     if (pair_.isReadable) {
@@ -90,7 +117,7 @@ CheckedPair PairChecker::Check() {
     }
     InputFile mid;
     if (!mid_.empty() && pair_.header.hasData && Opens(mid_, FileOfPair::Mid, mid)) {
-        StreamSource input(mid.get());
+        WatchedSource input(mid.get(), options_.progress, mifSize_, mifSize_ + midSize_);
         CheckMid(input);
     }
     pair_.findings = report_.Counts();
@@ -114,9 +141,21 @@ void PairChecker::CheckMif(ByteSource& input) {
     }
     pair_.isReadable = true;
     PassHeader(lines, report_, options_.tabRewriting, pair_.header);
+    ReportFaultsOfClause();
+    if (options_.possible) {
+        pair_.header.possible = options_.possible;
+    }
     if (pair_.header.hasData) {
         ShapeCheck shapes(pair_.header, report_);
         pair_.objects = ObjectPass(lines, report_, shapes, object).Run();
+    }
+}
+
+void PairChecker::ReportFaultsOfClause() {
+    for (const ClauseFault& fault : options_.faultsOfClause) {
+        if (report_.Counts()[static_cast<std::size_t>(fault.code)].found == 0) {
+            report_.Add(fault.code, {FileOfPair::Mif, pair_.header.coordSys.line, 0}, fault.text);
+        }
     }
 }
 

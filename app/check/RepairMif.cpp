@@ -2,10 +2,11 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
-#include "app/check/PairCheck.h"
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <functional>
 #include <limits>
@@ -140,10 +141,12 @@ public:
         : path_(path), stream_(path, std::ios::binary) {}
 
     void Write(std::string_view bytes) {
+        errno = 0;
         stream_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         Check();
     }
     void Close() {
+        errno = 0;
         stream_.close();
         Check();
     }
@@ -151,8 +154,7 @@ public:
 private:
     void Check() {
         if (!stream_) {
-            throw Failure(PathText(path_.filename()) +
-                          ": can't be written; is there space on the disk?");
+            throw Failure(PathText(path_.filename()) + ": can't write: " + std::strerror(errno));
         }
     }
 
@@ -160,9 +162,10 @@ private:
     std::ofstream stream_;
 };
 
-TabRewriting LookForTabs(const std::filesystem::path& input) {
+TabRewriting LookForTabs(const std::filesystem::path& input, const ProgressSink& progress) {
     NullSink sink;
-    const FindingCounts counts = CheckPair(input, {.maxPerCode = 1, .charset = {}}, sink).findings;
+    const FindingCounts counts =
+        CheckPair(input, {.maxPerCode = 1, .progress = progress}, sink).findings;
     if (sink.IsUnreadable()) {
         throw Failure(PathText(input) + ": can't be repaired: it can't be read as a text of single "
                                         "bytes");
@@ -175,11 +178,11 @@ TabRewriting LookForTabs(const std::filesystem::path& input) {
 }  // namespace
 
 RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem::path& output,
-                       IfExists ifExists) {
+                       IfExists ifExists, const NextPassWatch& nextPass) {
     const std::filesystem::path mid = FindCompanion(input, ".mid");
     CheckNotInput(input, output);
     CheckOutput(output, ifExists);
-    const TabRewriting rewriting = LookForTabs(input);
+    const TabRewriting rewriting = LookForTabs(input, nextPass ? nextPass() : ProgressSink());
     RepairReport report;
     report.hasMid = !mid.empty();
     FindingCounts listed{};
@@ -191,7 +194,9 @@ RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem
             }
         };
     };
-    const PairCheckOptions options{.maxPerCode = 1, .tabRewriting = rewriting, .charset = {}};
+    const PairCheckOptions options{.maxPerCode = 1,
+                                   .tabRewriting = rewriting,
+                                   .progress = nextPass ? nextPass() : ProgressSink()};
     if (mid.empty()) {
         OutputFile out(output, ifExists);
         out.Write({});
@@ -200,7 +205,9 @@ RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem
         RepairSink sink(copy, nullptr);
         static_cast<void>(CheckPair(input, options, sink));
         copy.Finish();
-        out.Finish();
+        if (report.count > 0) {
+            out.Finish();
+        }
         return report;
     }
     OutputPair pair(output, ifExists);
@@ -218,7 +225,9 @@ RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem
     midCopy.Finish();
     outMif.Close();
     outMid.Close();
-    pair.Finish();
+    if (report.count > 0) {
+        pair.Finish();
+    }
     return report;
 }
 

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "app/base/Output.h"
+#include "app/check/PairCheck.h"
 #include "app/mif/FindingCodes.h"
 #include "app/mif/FindingCounter.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,11 +30,15 @@ struct RepairReport {
     static constexpr std::uint64_t kMaxListed = 100;
 };
 
+// Called before each of the two times that the input is read; the result hears how much of it has
+// been read. Empty: nobody asks.
+using NextPassWatch = std::function<ProgressSink()>;
+
 // Writes a copy of input and its .mid to output with everything repaired that has one right repair;
-// both files appear or none. A file without faults is copied byte for byte. Memory is bounded by
-// the largest object. Throws Failure when a file can't be read or written, when output exists and
-// may not be replaced, and when it is the input.
+// both files appear or none. When there is nothing to repair, nothing is written. Memory is bounded
+// by the largest object. Throws Failure when a file can't be read or written, when output exists
+// and may not be replaced, and when it is the input.
 RepairReport RepairMif(const std::filesystem::path& input, const std::filesystem::path& output,
-                       IfExists ifExists);
+                       IfExists ifExists, const NextPassWatch& nextPass = {});
 
 }  // namespace app

@@ -80,18 +80,18 @@ std::optional<Crossing> RingTester::Test(std::span<const shr::Vec2d> ring) {
     const auto destroy = [context](GEOSGeometry* geometry) {
         GEOSGeom_destroy_r(context, geometry);
     };
-    using Geometry = std::unique_ptr<GEOSGeometry, decltype(destroy)>;
+    using GeometryPtr = std::unique_ptr<GEOSGeometry, decltype(destroy)>;
 
     GEOSCoordSequence* sequence = SequenceOf(context, ring);
     GEOSGeometry* line =
         sequence == nullptr ? nullptr : GEOSGeom_createLinearRing_r(context, sequence);
-    const Geometry polygon(
+    const GeometryPtr polygon(
         line == nullptr ? nullptr : GEOSGeom_createPolygon_r(context, line, nullptr, 0), destroy);
     char* reason = nullptr;
     GEOSGeometry* where = nullptr;
     const int validity =
         polygon == nullptr ? 2 : GEOSisValidDetail_r(context, polygon.get(), 0, &reason, &where);
-    const Geometry place(where, destroy);
+    const GeometryPtr place(where, destroy);
     const std::string text = reason == nullptr ? std::string() : std::string(reason);
     GEOSFree_r(context, reason);
     if (validity == 1) {

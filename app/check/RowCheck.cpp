@@ -105,7 +105,7 @@ private:
     void CheckCount();
     void CheckValue(const RowField& field, const Column& column);
     void ReportComma(const RowField& field, const Column& column);
-    bool IsTooWide(const std::string& value, const Column& column) const;
+    bool IsTooWide(std::string_view value, const Column& column) const;
     void CheckEmptyFields();
     void OfferCommas();
     std::string_view TextOf(const RowField& field) const {
@@ -207,7 +207,7 @@ void RowChecker::CheckCount() {
     }
 }
 
-bool RowChecker::IsTooWide(const std::string& value, const Column& column) const {
+bool RowChecker::IsTooWide(std::string_view value, const Column& column) const {
     if (column.kind == ColumnKind::Char) {
         return column.width > 0 &&
                charset_.CountCharacters(value) > static_cast<std::size_t>(column.width);
@@ -217,7 +217,7 @@ bool RowChecker::IsTooWide(const std::string& value, const Column& column) const
         return false;
     }
     const std::size_t point = std::min(value.find('.'), value.size());
-    std::string_view fraction = std::string_view(value).substr(std::min(point + 1, value.size()));
+    std::string_view fraction = value.substr(std::min(point + 1, value.size()));
     while (fraction.ends_with('0')) {
         fraction.remove_suffix(1);
     }
@@ -232,18 +232,19 @@ void RowChecker::CheckValue(const RowField& field, const Column& column) {
                     "a value of " + Quoted(column.name) +
                         " holds a doubled quote; the reader ends it there");
     }
-    if (field.value.empty()) {
+    const std::string_view value = Trimmed(field.value);
+    if (value.empty()) {
         return;
     }
-    if (IsNumeric(column.kind) && HasDecimalComma(field.value)) {
+    if (IsNumeric(column.kind) && HasDecimalComma(value)) {
         ReportComma(field, column);
-    } else if (!IsOfKind(field.value, column.kind)) {
+    } else if (!IsOfKind(value, column.kind)) {
         report_.Add(FindingCode::ValueNotOfType, Here(),
-                    "the value " + Quoted(field.value) + " of " + Quoted(column.name) + " is no " +
+                    "the value " + Quoted(value) + " of " + Quoted(column.name) + " is no " +
                         ColumnKindName(column.kind));
-    } else if (IsTooWide(field.value, column)) {
+    } else if (IsTooWide(value, column)) {
         report_.Add(FindingCode::ValueTooWide, Here(),
-                    "the value " + Quoted(field.value) + " of " + Quoted(column.name) +
+                    "the value " + Quoted(value) + " of " + Quoted(column.name) +
                         " is wider than its column");
     }
 }
@@ -251,7 +252,7 @@ void RowChecker::CheckValue(const RowField& field, const Column& column) {
 void RowChecker::ReportComma(const RowField& field, const Column& column) {
     const std::uint64_t comma = reader_.Last().OffsetOf(field.begin + TextOf(field).find(','));
     report_.Add(FindingCode::DecimalCommaInValue, Here(),
-                "the value " + Quoted(field.value) + " of " + Quoted(column.name) +
+                "the value " + Quoted(Trimmed(field.value)) + " of " + Quoted(column.name) +
                     " has a decimal comma");
     report_.Change(FileOfPair::Mid, {.begin = comma,
                                      .end = comma + 1,

@@ -1,6 +1,7 @@
 // The options of qolf check.
 #include "app/check/CheckRun.h"
 #include "app/commands/Command.h"
+#include "app/commands/NumberRules.h"
 
 #include <CLI/CLI.hpp>
 
@@ -12,10 +13,11 @@ namespace {
 constexpr const char* kCheckFooter = R"(
 Each finding has the file, the line, a severity and a code that does not change;
 --codes lists them all. --fix writes a repaired copy of the pair for what has
-one right repair, and leaves the input alone.
+one right repair, and leaves the input alone; where there is nothing to repair,
+it writes nothing.
 
 Exit status: 0 nothing wrong (warnings and notes allowed), 1 errors,
-3 with --strict: warnings only.
+2 a wrong command line, 3 with --strict: warnings only.
 
 Examples:
   qolf check roads.mif
@@ -40,13 +42,17 @@ void AddCheckCommand(CLI::App& program, CommandContext& context) {
         ->add_option("--max", arguments->maxPerCode,
                      "Findings of one code shown for a file (100); 0 shows all")
         ->type_name("COUNT")
-        ->check(CLI::NonNegativeNumber);
+        ->check(WholeNumber());
     command->add_flag("--as-is", arguments->asIs,
                       "Say nothing of what qolf itself would read right");
     command
         ->add_option("--encoding", arguments->encoding,
                      "Encoding of the texts, whatever the headers say")
         ->type_name("NAME");
+    command
+        ->add_option("--assume-crs", arguments->assumedCrs,
+                     "Coordinate system of the files, whatever their headers say")
+        ->type_name("SYSTEM");
     command->add_flag("--codes", arguments->codes, "List all codes with their meaning");
     command->footer(kCheckFooter);
     command->callback([arguments, &context] {
@@ -58,6 +64,10 @@ void AddCheckCommand(CLI::App& program, CommandContext& context) {
             arguments->files = inputs.arguments;
             CheckOptions options = CheckedCheckOptions(*arguments);
             options.modulePath = context.modulePath;
+            if (!arguments->assumedCrs.empty()) {
+                options.assumedSystem =
+                    context.systemOfOption("--assume-crs", arguments->assumedCrs, context.reporter);
+            }
             return RunCheck(options, context.reporter);
         };
     });

@@ -1,6 +1,7 @@
 // The options of qolf convert.
 #include "app/batch/ChildProcesses.h"
 #include "app/commands/Command.h"
+#include "app/commands/NumberRules.h"
 #include "app/convert/BatchConvert.h"
 #include "app/convert/ConvertRun.h"
 #include "app/formats/Formats.h"
@@ -23,6 +24,8 @@ Examples:
   qolf convert --crs EPSG:3301 in.geojson out.mif
   qolf convert --bbox 24,58,26,60 --select id,name roads.mif - | jq .
   qolf convert --where "pop > 1000 and name like 'A%'" places.mif a.geojson
+  qolf convert --merge --source-column north.mif south.mif all.mif
+  qolf convert --to mif --output-dir out/ maps.gpkg a file for each layer
   qolf convert --jobs 2 --to gpkg --output-dir out/ maps/)";
 
 std::vector<std::string> Split(const std::string& text) {
@@ -56,8 +59,14 @@ std::vector<double> BoxOf(const std::string& text) {
 }
 
 void AddSelection(CLI::App& command, ConvertOptions& options) {
-    command.add_option("--layer", options.layer, "Name of the layer to write, or to read")
-        ->type_name("NAME");
+    command
+        .add_option("--layer", options.layers,
+                    "Layers to read from a GeoPackage, or name of the layer to write")
+        ->type_name("NAME,...")
+        ->allow_extra_args(false);
+    command.add_flag("--merge", options.merge, "Make one layer of all inputs");
+    command.add_flag("--source-column", options.withSourceColumn,
+                     "With --merge: a column \"source\" with the input of each object");
     command
         .add_option_function<std::vector<std::string>>(
             "--select",
@@ -81,7 +90,7 @@ void AddSelection(CLI::App& command, ConvertOptions& options) {
         ->type_name("BOX");
     command.add_option("--limit", options.limit, "Stop after so many features")
         ->type_name("N")
-        ->check(CLI::NonNegativeNumber);
+        ->check(WholeNumber());
 }
 
 void AddInput(CLI::App& command, ConvertOptions& options) {
@@ -103,12 +112,12 @@ void AddInput(CLI::App& command, ConvertOptions& options) {
         ->type_name("NAME");
     command.add_option("--precision", options.precision, "Decimals of the output's coordinates")
         ->type_name("N")
-        ->check(CLI::Range(0, 15));
+        ->check(WholeNumber(0, 15));
     command.add_flag("--as-is", options.asIs, "Give the file to the module without any care");
     command
         .add_option("--segments", options.segments, "Edges of a full turn when curves become lines")
         ->type_name("N")
-        ->check(CLI::Range(4, 100000))
+        ->check(WholeNumber(4, 100000))
         ->capture_default_str();
     command.add_flag("--styles", options.withStyles,
                      "Write the styles to GeoJSON or a GeoPackage, too");
@@ -120,16 +129,18 @@ void AddExport(CLI::App& command, ConvertOptions& options) {
     command.add_flag("--no-render-text", options.noRenderText, "Write no texts to MIF");
     command.add_flag("--no-render-markers", options.noRenderMarkers, "Write no points to MIF");
     command.add_flag("--defaults", options.useDefaults,
-                     "Start from the export's defaults, not from the stored options");
+                     "With --as-is: start from the export's defaults, not from the stored options");
     command
         .add_option("--option-string", options.optionString,
                     "Options for the export filter: \"AreasToCurves=1;RenderText=0\"")
         ->type_name("TEXT");
-    command.add_flag("--no-store", options.noStore, "Neither read nor write stored options");
+    command.add_flag("--no-store", options.noStore,
+                     "With --as-is: neither read nor write stored options");
 }
 
 void AddBatch(CLI::App& command, ConvertOptions& options) {
     command.add_option("--to", options.format, "Format: " + FormatNames())->type_name("FORMAT");
+    command.add_option("--format", options.format)->group("");  // its name in other programs
     CLI::Option* const folder =
         command
             .add_option("--output-dir", options.outputFolder,
@@ -137,7 +148,7 @@ void AddBatch(CLI::App& command, ConvertOptions& options) {
             ->type_name("FOLDER");
     command.add_option("--jobs", options.jobs, "Processes at a time with --output-dir")
         ->type_name("N")
-        ->check(CLI::Range(1, 256))
+        ->check(WholeNumber(1, 256))
         ->needs(folder);
     command
         .add_flag("--resume", options.resume,
@@ -149,8 +160,10 @@ void AddBatch(CLI::App& command, ConvertOptions& options) {
 Inputs ResolveInputsOf(ConvertOptions& options, CommandContext& context) {
     const bool hasOutput = options.outputFolder.empty();
     const auto end = options.paths.end() - (hasOutput ? 1 : 0);
-    Inputs inputs = context.Resolve({options.paths.begin(), end},
-                                    hasOutput ? InputRule::Archives : InputRule::Folders);
+    const InputRule rule = !hasOutput      ? InputRule::Folders
+                           : options.merge ? InputRule::Files
+                                           : InputRule::Archives;
+    Inputs inputs = context.Resolve({options.paths.begin(), end}, rule);
     options.paths.erase(options.paths.begin(), end);
     options.paths.insert(options.paths.begin(), inputs.arguments.begin(), inputs.arguments.end());
     return inputs;

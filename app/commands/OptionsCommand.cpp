@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char* kOptionsFooter = R"(
 Without a subcommand the options are listed. AreasToCurves serves import and export alike.
+They act on the module's own runs alone: trace, replay, convert --as-is, and hosts.
 
 Examples:
   qolf options

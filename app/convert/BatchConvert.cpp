@@ -4,9 +4,40 @@
 #include "app/base/Paths.h"
 #include "app/batch/BatchRun.h"
 #include "app/convert/ConvertRun.h"
+#include "app/convert/LayerChoice.h"
 #include "app/formats/Formats.h"
 
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
 namespace app {
+
+namespace {
+
+// The layers of a package that become a file each; none for an input that becomes one file.
+std::vector<std::string> LayersOf(const ConvertOptions& options, const SourceOptions& sourceOptions,
+                                  const std::filesystem::path& input) {
+    const std::string argument = ArgumentOfPath(input);
+    const Format& format = FormatOfPath(argument);
+    if (!format.holds.layers) {
+        return {};
+    }
+    try {
+        const std::unique_ptr<Source> source = format.openSource(argument, sourceOptions);
+        const std::vector<std::string> names = source->LayerNames();
+        std::vector<std::string> layers;
+        for (const std::size_t layer : ChosenLayers(*source, options.layers)) {
+            layers.push_back(names[layer]);
+        }
+        return names.size() > 1 ? layers : std::vector<std::string>();
+    } catch (const Failure&) {
+        return {};  // its conversion says why
+    }
+}
+
+}  // namespace
 
 int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
     if (options.format.empty()) {
@@ -14,7 +45,17 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
     }
     const Format& format = FormatOfName(options.format);
     CheckStyles(options, format);
+    if (options.merge) {
+        throw UsageError("--merge makes one output, and --output-dir a file each");
+    }
     const std::string_view extension = format.extensions.front();
+    const SourceOptions sourceOptions = SourceOptionsOf(options, reporter);
+    LayersOfInput layersOf;
+    if (!format.holds.layers) {
+        layersOf = [&](const std::filesystem::path& input) {
+            return LayersOf(options, sourceOptions, input);
+        };
+    }
     BatchOptions batch;
     batch.jobs = options.jobs;
     batch.resume = options.resume;
@@ -23,14 +64,18 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
         ConvertOptions one = options;
         one.paths = {ArgumentFromPath(item.input), ArgumentFromPath(item.output)};
         one.outputFolder.clear();
+        if (!item.layer.empty()) {
+            one.layers = {item.layer};
+        }
         one.overwrite = ifExists == IfExists::Overwrite;
         return RunConvert(one, itemReporter);
     };
     if (const std::optional<int> exitCode = RunBatchTask(batch)) {
         return *exitCode;
     }
-    batch.items = PlanBatch(options.paths, PathFromArgument(options.outputFolder),
-                            std::string(extension.substr(1)), FormatOfName("mif").extensions);
+    batch.items =
+        PlanBatch(options.paths, PathFromArgument(options.outputFolder),
+                  std::string(extension.substr(1)), FormatOfName("mif").extensions, layersOf);
     return RunBatch(batch, reporter);
 }
 

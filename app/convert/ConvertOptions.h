@@ -32,7 +32,11 @@ struct ConvertOptions {
     std::string outputEncoding;  // of a MIF output; empty: `encoding`, or what suits it
     std::optional<int>
         precision;  // --precision: decimals of coordinates; absent: all that they have
-    std::string layer;
+    // --layer: layers to read, each a name or several with commas; of an input that has one layer
+    // and no names, the name to write. Empty: all that the output can hold.
+    std::vector<std::string> layers;
+    bool merge = false;             // --merge: all inputs become one layer
+    bool withSourceColumn = false;  // --source-column: it says of which input each object is
     std::vector<std::string> select;
     std::string where;        // empty: every feature
     std::vector<double> box;  // empty, or four numbers

@@ -4,8 +4,11 @@
 #include "app/base/Output.h"
 #include "app/base/Paths.h"
 #include "app/base/platform/System.h"
+#include "app/convert/LayerChoice.h"
 #include "app/convert/LayerConversion.h"
+#include "app/convert/MergedSource.h"
 #include "app/convert/SystemPlan.h"
+#include "app/crs/Definitions.h"
 #include "app/formats/Formats.h"
 
 #include <algorithm>
@@ -69,9 +72,12 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
     if (output.format.checkTarget != nullptr) {
         output.format.checkTarget(output.argument);
     }
-    if (conversion.inputs.size() > 1 && !output.format.holds.layers) {
-        throw UsageError("several inputs become one output only as a GeoPackage; use --output-dir "
-                         "for a file each");
+    if (conversion.inputs.size() > 1 && !output.format.holds.layers && !options.merge) {
+        throw UsageError("several inputs become one output only as a GeoPackage, or as one layer "
+                         "with --merge; use --output-dir for a file each");
+    }
+    if (options.withSourceColumn && !options.merge) {
+        throw UsageError("--source-column is for --merge");
     }
     if (output.argument != "-") {
         CheckOutput(PathFromArgument(output.argument), conversion.targetOptions.ifExists);
@@ -88,25 +94,103 @@ Conversion Resolve(const ConvertOptions& options, Reporter& reporter) {
 // Whether the user wants exactly what the module makes of a pair.
 bool IsCopy(const ConvertOptions& options, const Conversion& conversion) {
     const Format& format = conversion.output.format;
-    return options.asIs && format.copy != nullptr && &conversion.inputs.front().format == &format &&
-           options.select.empty() && options.where.empty() && options.box.empty() &&
-           !options.limit && (options.crs.empty() || options.crs == "keep");
+    return options.asIs && !options.merge && format.copy != nullptr &&
+           &conversion.inputs.front().format == &format && options.select.empty() &&
+           options.where.empty() && options.box.empty() && !options.limit &&
+           (options.crs.empty() || options.crs == kKeepSystem);
+}
+
+void ConvertLayer(const ConvertOptions& options, Source& source, std::size_t layer,
+                  const Conversion& conversion, Target& target, Reporter& reporter) {
+    LayerFacts facts = source.Begin(layer, reporter);
+    const bool hasLayers = source.LayerNames().size() > 1;
+    const std::string subject = source.Name() + (hasLayers ? ", layer " + facts.name : "");
+    if (!hasLayers && options.layers.size() == 1) {
+        facts.name = options.layers.front();
+    }
+    LayerConversion way(options, conversion.output.format, target, reporter);
+    if (way.Begin(std::move(facts), subject)) {
+        source.Read(reporter, [&way](Feature& feature) { return way.Take(feature); });
+    }
+    way.End();
+}
+
+// The layers of an input that the output is to have. Throws Failure for several that it can't hold.
+std::vector<std::size_t> LayersOf(const ConvertOptions& options, const NamedFile& input,
+                                  const Source& source, bool canHoldLayers) {
+    if (!input.format.holds.layers) {
+        return {0};
+    }
+    if (options.layers.empty() && !canHoldLayers) {
+        return {source.LayerNamed("")};
+    }
+    const std::vector<std::size_t> layers = ChosenLayers(source, options.layers);
+    if (layers.size() > 1 && !canHoldLayers) {
+        throw Failure(source.Name() +
+                      ": several layers become one output only as a GeoPackage, or "
+                      "as one layer with --merge; use --output-dir for a file each");
+    }
+    if (layers.empty()) {
+        static_cast<void>(source.LayerNamed(""));  // throws: there is none
+    }
+    return layers;
 }
 
 void ConvertInput(const ConvertOptions& options, const NamedFile& input,
                   const Conversion& conversion, Target& target, Reporter& reporter) {
     const std::unique_ptr<Source> source =
         input.format.openSource(input.argument, conversion.sourceOptions);
-    const std::size_t layer = input.format.holds.layers ? source->LayerNamed(options.layer) : 0;
-    LayerFacts facts = source->Begin(layer, reporter);
-    if (!options.layer.empty()) {
-        facts.name = options.layer;
+    const bool canHoldLayers = conversion.output.format.holds.layers;
+    for (const std::size_t layer : LayersOf(options, input, *source, canHoldLayers)) {
+        ConvertLayer(options, *source, layer, conversion, target, reporter);
     }
-    LayerConversion way(options, conversion.output.format, target, reporter);
-    if (way.Begin(std::move(facts), source->Name())) {
-        source->Read(reporter, [&way](Feature& feature) { return way.Take(feature); });
+}
+
+// Every layer of every input, to be merged.
+std::vector<MergePart> PartsOf(const ConvertOptions& options, const Conversion& conversion) {
+    std::vector<MergePart> parts;
+    for (const NamedFile& input : conversion.inputs) {
+        const auto open = [&input, &conversion] {
+            return input.format.openSource(input.argument, conversion.sourceOptions);
+        };
+        if (!input.format.holds.layers) {
+            parts.push_back({open, 0, PathText(PathFromArgument(input.argument))});
+            continue;
+        }
+        const std::unique_ptr<Source> source = open();
+        const std::vector<std::string> names = source->LayerNames();
+        for (const std::size_t layer : LayersOf(options, input, *source, /*canHoldLayers=*/true)) {
+            parts.push_back(
+                {open, layer, source->Name() + (names.size() > 1 ? ":" + names[layer] : "")});
+        }
     }
-    way.End();
+    return parts;
+}
+
+// Where a conversion of layers with several systems ends; null when it keeps that of its input.
+SystemPtr WantedSystem(const ConvertOptions& options, const Format& output, Reporter& reporter) {
+    if (options.crs == kKeepSystem) {
+        return nullptr;
+    }
+    if (!options.crs.empty()) {
+        return SystemOfOption("--crs", options.crs, reporter);
+    }
+    return output.systems == SystemRule::AsClause
+               ? nullptr
+               : std::make_shared<const CoordinateSystem>(Wgs84System());
+}
+
+void ConvertMerged(const ConvertOptions& options, const Conversion& conversion, Target& target,
+                   Reporter& reporter) {
+    const NamedFile& output = conversion.output;
+    MergeSettings settings;
+    settings.name =
+        output.argument == "-" ? "merged" : PathText(PathFromArgument(output.argument).stem());
+    settings.withSourceColumn = options.withSourceColumn;
+    settings.segments = options.segments;
+    settings.wantedSystem = WantedSystem(options, output.format, reporter);
+    MergedSource source(PartsOf(options, conversion), std::move(settings));
+    ConvertLayer(options, source, 0, conversion, target, reporter);
 }
 
 // Returns false when there was nothing to write.
@@ -123,8 +207,12 @@ bool Convert(const ConvertOptions& options, const Conversion& conversion, Report
     }
     const std::unique_ptr<Target> target =
         output.format.openTarget(output.argument, conversion.targetOptions, reporter);
-    for (const NamedFile& input : conversion.inputs) {
-        ConvertInput(options, input, conversion, *target, reporter);
+    if (options.merge) {
+        ConvertMerged(options, conversion, *target, reporter);
+    } else {
+        for (const NamedFile& input : conversion.inputs) {
+            ConvertInput(options, input, conversion, *target, reporter);
+        }
     }
     return target->Finish();
 }

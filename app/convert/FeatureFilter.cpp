@@ -12,7 +12,11 @@ std::vector<LayerColumn> FeatureFilter::BeginLayer(const std::vector<LayerColumn
                                                    const std::string& subject) {
     question_.reset();
     if (!settings_.where.empty()) {
-        question_.emplace(settings_.where, columns, subject);
+        try {
+            question_.emplace(settings_.where, columns, subject);
+        } catch (const Failure& failure) {
+            throw UsageError(failure.what());
+        }
     }
     return SelectColumns(columns, subject);
 }
@@ -27,7 +31,7 @@ std::vector<LayerColumn> FeatureFilter::SelectColumns(const std::vector<LayerCol
     for (const std::string& wanted : settings_.columns) {
         const std::optional<std::size_t> at = FindColumn(columns, wanted);
         if (!at) {
-            throw Failure(subject + ": --select: " + NoSuchColumn(columns, wanted));
+            throw UsageError(subject + ": --select: " + NoSuchColumn(columns, wanted));
         }
         selected_.push_back(*at);
         left.push_back(columns[*at]);

@@ -24,8 +24,8 @@ public:
     explicit FeatureFilter(FilterSettings settings) : settings_(std::move(settings)) {}
 
     // Prepares the selection and the question for a layer with these columns, and returns those
-    // that are selected. Throws Failure, with `subject` and the names there are, for a column that
-    // the layer lacks; UsageError for a question that is no expression.
+    // that are selected. Throws UsageError for a question that is no expression and, with `subject`
+    // and the names there are, for a column that the layer lacks.
     std::vector<LayerColumn> BeginLayer(const std::vector<LayerColumn>& columns,
                                         const std::string& subject);
 

@@ -30,6 +30,9 @@ bool LayerConversion::Begin(LayerFacts facts, const std::string& subject) {
     subject_ = subject;
     plan_ = PlanSystems(facts.system, format_.systems, options_.crs, subject, reporter_);
     if (plan_.reprojection) {
+        if (options_.precision) {
+            plan_.reprojection->KeepAllDecimals();
+        }
         facts.knownExtent.reset();  // a box does not stay one
         if (facts.pair) {
             facts.pair->coordSysText.clear();

@@ -11,8 +11,6 @@ namespace app {
 
 namespace {
 
-constexpr const char* kKeep = "keep";
-
 SystemPtr Shared(CoordinateSystem system) {
     return std::make_shared<const CoordinateSystem>(std::move(system));
 }
@@ -31,7 +29,7 @@ void CheckSource(const SystemPtr& source, const std::string& crs, const std::str
         return;
     }
     const std::string advice = "; name the system of the file with --assume-crs";
-    const bool isPlaceAsked = !crs.empty() && crs != kKeep;
+    const bool isPlaceAsked = !crs.empty() && crs != kKeepSystem;
     const bool isUnknown = source->kind == SystemKind::Unknown;
     if (source->kind == SystemKind::Faulty || (isUnknown && isPlaceAsked)) {
         throw Failure(prefix + source->problem + advice);
@@ -82,19 +80,31 @@ SystemPlan Kept(const SystemPtr& source, SystemRule rule, bool isAsked, const st
     }
 }
 
+SystemPtr ClauseOfOption(const std::string& option, const std::string& definition,
+                         const CoordinateSystem& system, Reporter& reporter) {
+    try {
+        return AsClause(system, option + " " + definition + ": ", reporter);
+    } catch (const Failure& failure) {
+        throw UsageError(failure.what());
+    }
+}
+
 SystemPlan Plan(const SystemPtr& source, SystemRule rule, const std::string& crs,
                 const std::string& prefix, Reporter& reporter) {
     if (source == nullptr || !source->IsOnEarth()) {
+        if (!crs.empty() && crs != kKeepSystem) {
+            static_cast<void>(SystemOfOption("--crs", crs, reporter));  // refuses what is none
+        }
         return {source, std::nullopt};
     }
-    if (crs == kKeep || (crs.empty() && rule == SystemRule::AsClause)) {
-        return Kept(source, rule, crs == kKeep, prefix, reporter);
+    if (crs == kKeepSystem || (crs.empty() && rule == SystemRule::AsClause)) {
+        return Kept(source, rule, crs == kKeepSystem, prefix, reporter);
     }
     SystemPtr named = crs.empty() ? Shared(Wgs84System()) : SystemOfOption("--crs", crs, reporter);
     if (rule != SystemRule::AsClause) {
         return Reprojected(source, std::move(named), prefix, reporter);
     }
-    SystemPtr clause = AsClause(*named, "--crs " + crs + ": ", reporter);
+    SystemPtr clause = ClauseOfOption("--crs", crs, *named, reporter);
     return IsSameSystem(*source, *named) ? SystemPlan{std::move(clause), std::nullopt}
                                          : Reprojected(source, std::move(clause), prefix, reporter);
 }
@@ -112,7 +122,7 @@ SystemPlan PlanSystems(const SystemPtr& source, SystemRule rule, const std::stri
                            ? "the coordinates are those of \"" + plan.output->name + "\", and not"
                            : "the coordinates are written as they are, which is not") +
                       " the longitude and latitude that GeoJSON readers expect");
-    } else if (crs != kKeep && (source == nullptr || source->kind == SystemKind::Plane) &&
+    } else if (crs != kKeepSystem && (source == nullptr || source->kind == SystemKind::Plane) &&
                (rule != SystemRule::AsClause || !crs.empty())) {
         reporter.Note(prefix + "has no place on the Earth; the coordinates stay as they are");
     }

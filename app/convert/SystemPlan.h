@@ -10,6 +10,9 @@
 
 namespace app {
 
+// The value of --crs that leaves coordinates as they are.
+inline constexpr const char* kKeepSystem = "keep";
+
 struct SystemPlan {
     SystemPtr output;                          // null: nothing is known of the coordinates
     std::optional<Reprojection> reprojection;  // absent: they stay as they are

@@ -10,6 +10,11 @@
 
 namespace app {
 
+// The first versions of the format with datums of their own numbers, and with affine
+// transformations. The second is not known for certain; it is a safe one.
+inline constexpr int kCustomDatumVersion = 450;
+inline constexpr int kAffineVersion = 650;
+
 // Leads from coordinates (x, y) of the projection, in the affine unit, to those in the file:
 // x' = a x + b y + c, y' = d x + e y + f.
 struct AffineTransformation {

@@ -219,6 +219,11 @@ gcs::DatumDef DatumOfCode(std::int64_t code) {
     return found == std::end(kDatums) ? gcs::DatumDef() : DatumOf(*found);
 }
 
+std::optional<int> VersionOfDatum(std::int64_t code) {
+    const auto* const found = std::ranges::find(kDatums, code, &DatumRow::code);
+    return found == std::end(kDatums) ? std::nullopt : std::optional(found->fromVersion);
+}
+
 std::optional<DatumCode> CodeOfDatum(const gcs::DatumDef& datum) {
     const DatumRow* const row = FindRow(datum);
     const bool isRead = row != nullptr && HaveSameShift(DatumOfCode(row->code), datum);

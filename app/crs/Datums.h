@@ -13,6 +13,9 @@ namespace app {
 // Lisbon, which the module does not find.
 gcs::DatumDef DatumOfCode(std::int64_t code);
 
+// Returns the first version of the format with a datum's code; nothing when that is not known.
+std::optional<int> VersionOfDatum(std::int64_t code);
+
 struct DatumCode {
     int code = 0;
     int fromVersion = 300;  // of the format

@@ -130,13 +130,27 @@ SystemPtr SystemOfOption(const std::string& option, const std::string& definitio
     CoordinateSystem system = SystemOfDefinition(definition);
     const std::string prefix = option + " " + definition + ": ";
     if (!system.IsOnEarth()) {
-        throw Failure(prefix + system.problem);
+        throw UsageError(prefix + system.problem);
     }
     for (const std::string& note : system.notes) {
         reporter.Warning(prefix + note);
     }
     system.notes.clear();  // said once, however many layers have the system
     return std::make_shared<const CoordinateSystem>(std::move(system));
+}
+
+std::vector<std::string> RegisteredSystems() {
+    const detail::ContextHandle context = detail::MakeContext();
+    std::vector<std::string> names;
+    for (const PJ_TYPE type : {PJ_TYPE_GEOGRAPHIC_2D_CRS, PJ_TYPE_PROJECTED_CRS}) {
+        const PROJ_STRING_LIST codes =
+            proj_get_codes_from_database(context.get(), "EPSG", type, /*allow_deprecated=*/0);
+        for (const char* const* code = codes; code != nullptr && *code != nullptr; ++code) {
+            names.push_back(std::string("EPSG:") + *code);
+        }
+        proj_string_list_destroy(codes);
+    }
+    return names;
 }
 
 std::string WktTextOf(const std::string& definition) {

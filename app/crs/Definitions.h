@@ -5,6 +5,7 @@
 #include "app/crs/CoordinateSystem.h"
 
 #include <string>
+#include <vector>
 
 namespace app {
 
@@ -15,9 +16,13 @@ namespace app {
 CoordinateSystem SystemOfDefinition(const std::string& definition);
 
 // Returns the system that an option names: "--crs" and its value. Notes go to the reporter. Throws
-// Failure, with the option's name, for what is no system.
+// UsageError, with the option's name, for what is no system.
 SystemPtr SystemOfOption(const std::string& option, const std::string& definition,
                          Reporter& reporter);
+
+// Returns the names of all systems in the EPSG register that SystemOfDefinition takes and that are
+// not out of date: "EPSG:2000" and so on.
+std::vector<std::string> RegisteredSystems();
 
 // Returns WKT on one line in the dialect that most programs read, WKT 1, for anything that PROJ
 // takes as a system; WKT 2 where WKT 1 can't express it; empty when PROJ knows no such system.

@@ -6,6 +6,7 @@
 #include "app/mif/Units.h"
 #include "app/mif/Words.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <optional>
@@ -30,6 +31,12 @@ public:
 
     CoordinateSystem Read();
 
+    // What the clause needs; complete behind Read.
+    std::optional<int> Version() const { return version_; }
+
+    // What there was to warn of, and the problem; complete behind Read.
+    std::vector<ClauseFault> TakeFaults() { return std::move(faults_); }
+
 private:
     bool AtEnd() const { return next_ >= words_.size(); }
     bool At(std::string_view word) const {
@@ -46,25 +53,29 @@ private:
 
     CoordinateSystem ReadPlane();
     CoordinateSystem ReadEarth();
+    CoordinateSystem ReadSystem();
+    CoordinateSystem Problem(FindingCode code, std::string text);
     void ReadProjection(std::int64_t code);
     void ReadDatum();
     void ReadCustomDatum(bool hasRotations);
     void ReadUnit(std::size_t numbersExpected);
-    std::optional<double> UnitOf(const MifToken& word);
+    std::optional<double> UnitOf(const MifToken& word, FindingCode code);
     void ReadParameters();
     void ReadAlbers();
     void ReadMapGrid();
     void ReadRange();
     void ReadAffine();
     void ReadTail(bool hasBoundsNumbers);
+    void Need(std::optional<int> version);
     void Note(std::string text) { notes_.push_back(std::move(text)); }
-    void Warn(std::string text) { warnings_.push_back(std::move(text)); }
+    void Warn(FindingCode code, std::string text) { faults_.push_back({code, std::move(text)}); }
 
     std::vector<MifToken> words_;
     std::size_t next_ = 0;
     Clause clause_;
     std::vector<std::string> notes_;
-    std::vector<std::string> warnings_;
+    std::vector<ClauseFault> faults_;
+    std::optional<int> version_ = 300;
 };
 
 // A minus between blanks belongs to the number behind it.
@@ -105,17 +116,41 @@ std::size_t Reader::NumbersAhead() const {
 }
 
 CoordinateSystem Reader::Read() {
+    CoordinateSystem system = ReadSystem();
+    system.notes.insert(system.notes.begin(), notes_.begin(), notes_.end());
+    std::vector<std::string> warnings;
+    for (const ClauseFault& fault : faults_) {
+        if (!fault.isProblem) {
+            warnings.push_back(fault.text);
+        }
+    }
+    system.warnings.insert(system.warnings.begin(), warnings.begin(), warnings.end());
+    return system;
+}
+
+void Reader::Need(std::optional<int> version) {
+    version_ = version_ && version ? std::optional(std::max(*version_, *version)) : std::nullopt;
+}
+
+CoordinateSystem Reader::ReadSystem() {
     if (!At("Earth")) {
         return ReadPlane();
     }
     ++next_;
-    CoordinateSystem system = ReadEarth();
-    system.notes.insert(system.notes.begin(), notes_.begin(), notes_.end());
-    system.warnings.insert(system.warnings.begin(), warnings_.begin(), warnings_.end());
-    return system;
+    return ReadEarth();
+}
+
+CoordinateSystem Reader::Problem(FindingCode code, std::string text) {
+    faults_.push_back({code, text, /*isProblem=*/true});
+    return UnknownSystem(std::move(text));
 }
 
 CoordinateSystem Reader::ReadPlane() {
+    if (!AtEnd() && !At("NonEarth") && !At("Layout")) {
+        Warn(FindingCode::CoordSysKindIgnored,
+             "the CoordSys clause names no kind of system that is known; the coordinates are taken "
+             "as plain numbers");
+    }
     double metres = 1.0;
     for (; !AtEnd(); ++next_) {
         if (At("Units") && next_ + 1 < words_.size()) {
@@ -137,12 +172,15 @@ CoordinateSystem Reader::ReadEarth() {
     ++next_;
     const std::int64_t code = TakeInteger();
     const ProjectionCode split = SplitProjectionCode(code);
+    Need(split.projection != nullptr ? std::optional(split.projection->fromVersion) : std::nullopt);
     if (split.projection == nullptr) {
-        return UnknownSystem("projection code " + std::to_string(code) + " is " +
-                             ProjectionInWords(code) + ", and its coordinates can't be placed");
+        return Problem(FindingCode::ProjectionUnknown, "projection code " + std::to_string(code) +
+                                                           " is " + ProjectionInWords(code) +
+                                                           ", and its coordinates can't be placed");
     }
     if (AtEnd()) {
-        return UnknownSystem("the CoordSys clause ends at its projection code");
+        return Problem(FindingCode::CoordSysMalformed,
+                       "the CoordSys clause ends at its projection code");
     }
     clause_.projection = split.projection;
     ReadProjection(code);
@@ -156,7 +194,13 @@ CoordinateSystem Reader::ReadEarth() {
         Note("the bounds of projection " + std::to_string(code) + " are skipped");
     }
     ReadTail(split.hasBounds);
-    return SystemOfClause(std::move(clause_));
+    CoordinateSystem system = SystemOfClause(std::move(clause_));
+    if (!system.problem.empty()) {
+        faults_.push_back({system.kind == SystemKind::Faulty ? FindingCode::AffineIgnored
+                                                             : FindingCode::ParameterOutOfRange,
+                           system.problem, /*isProblem=*/true});
+    }
+    return system;
 }
 
 void Reader::ReadProjection(std::int64_t code) {
@@ -175,12 +219,15 @@ void Reader::ReadDatum() {
     constexpr std::int64_t kCustomWithRotations = 9999;
     const std::int64_t code = TakeInteger();
     if (code == kCustomShifts || code == kCustomWithRotations) {
+        Need(kCustomDatumVersion);
         ReadCustomDatum(code == kCustomWithRotations);
         return;
     }
+    Need(VersionOfDatum(code));
     clause_.datum = DatumOfCode(code);
     if (clause_.datum.IsUnknown()) {
-        Warn("the datum code " + std::to_string(code) + " is not known; WGS 84 is taken");
+        Warn(FindingCode::DatumUnknown,
+             "the datum code " + std::to_string(code) + " is not known; WGS 84 is taken");
     }
 }
 
@@ -192,7 +239,8 @@ void Reader::ReadCustomDatum(bool hasRotations) {
         Note("ellipsoid 0 of the datum is read as GRS 80");
     }
     if (!ellipsoid) {
-        Warn("the ellipsoid code " + std::to_string(code) + " is not known; WGS 84 is taken");
+        Warn(FindingCode::EllipsoidUnknown,
+             "the ellipsoid code " + std::to_string(code) + " is not known; WGS 84 is taken");
     }
     datum.ellipsoid = ellipsoid.value_or(Wgs84Datum().GetEllipsoid());
     datum.dx = TakeNumber();
@@ -219,18 +267,18 @@ void Reader::ReadUnit(std::size_t numbersExpected) {
     const bool isMissing = isNumber && !clause_.IsGeographic() && NumbersAhead() <= numbersExpected;
     if (AtTail() || isMissing) {
         if (!clause_.IsGeographic()) {
-            Warn("the clause has no unit; metres are taken");
+            Warn(FindingCode::UnitMissing, "the clause has no unit; metres are taken");
         }
         return;
     }
     const MifToken word = Take();
     SkipComma();
     if (!clause_.IsGeographic()) {
-        clause_.metresPerUnit = UnitOf(word).value_or(1.0);
+        clause_.metresPerUnit = UnitOf(word, FindingCode::UnitIgnored).value_or(1.0);
     }
 }
 
-std::optional<double> Reader::UnitOf(const MifToken& word) {
+std::optional<double> Reader::UnitOf(const MifToken& word, FindingCode code) {
     constexpr double kLastUnitNumber = 99.0;
     if (const Unit* const unit = FindUnit(word.text)) {
         return unit->metres;
@@ -246,7 +294,7 @@ std::optional<double> Reader::UnitOf(const MifToken& word) {
     if (number > 0.0 && std::isfinite(number)) {
         return 1.0 / number;  // units per metre
     }
-    Warn("the unit " + Quoted(word.text) + " is not known; metres are taken");
+    Warn(code, "the unit " + Quoted(word.text) + " is not known; metres are taken");
     return std::nullopt;
 }
 
@@ -265,9 +313,10 @@ void Reader::ReadParameters() {
         }
     }
     if (found < projection.parameters.size()) {
-        Warn("the clause has " + std::to_string(found) + " of the " +
-             std::to_string(projection.parameters.size()) + " numbers of projection " +
-             std::to_string(projection.code) + "; the others count as 0");
+        Warn(FindingCode::ParametersMissing,
+             "the clause has " + std::to_string(found) + " of the " +
+                 std::to_string(projection.parameters.size()) + " numbers of projection " +
+                 std::to_string(projection.code) + "; the others count as 0");
     }
     if (projection.hasRange && AtNumber()) {
         ReadRange();
@@ -291,7 +340,8 @@ void Reader::ReadAlbers() {
     if (hasAzimuth) {
         Note("the fifth of seven numbers of the Albers projection is read as an azimuth");
     } else if (numbers[6] != 0.0) {
-        Warn("the seventh number of the Albers projection is ignored");
+        Warn(FindingCode::CoordSysRestIgnored,
+             "the seventh number of the Albers projection is ignored");
     }
 }
 
@@ -304,7 +354,8 @@ void Reader::ReadMapGrid() {
         clause_[clause_.projection->parameters[i]] = kConstants[i];
     }
     if (isOther) {
-        Warn("the New Zealand Map Grid has its own constants; other numbers are ignored");
+        Warn(FindingCode::NzmgDisplaced,
+             "the New Zealand Map Grid has its own constants; other numbers are ignored");
     }
 }
 
@@ -326,17 +377,20 @@ void Reader::ReadAffine() {
         const MifToken unit = Take();
         SkipComma();
         if (!clause_.IsGeographic()) {
-            affine.metresPerUnit = UnitOf(unit).value_or(clause_.metresPerUnit);
+            affine.metresPerUnit =
+                UnitOf(unit, FindingCode::AffineIgnored).value_or(clause_.metresPerUnit);
         }
     }
     if (NumbersAhead() < kCoefficients) {
-        Warn("the affine transformation lacks numbers; they count as 0");
+        Warn(FindingCode::AffineIgnored,
+             "the affine transformation lacks numbers; they count as 0");
     }
     for (double* const number :
          {&affine.a, &affine.b, &affine.c, &affine.d, &affine.e, &affine.f}) {
         *number = AtNumber() ? TakeNumber() : 0.0;
     }
     clause_.affine = affine;
+    Need(kAffineVersion);
     Note("the coordinates are those behind the clause's affine transformation");
 }
 
@@ -354,20 +408,37 @@ void Reader::ReadTail(bool hasBoundsNumbers) {
         }
     }
     if (ignored > 0 && !(hasBoundsNumbers && ignored == kBounds)) {
-        Warn(std::to_string(ignored) + (ignored == 1 ? " further number" : " further numbers") +
-             " of the clause " + (ignored == 1 ? "is" : "are") + " ignored");
+        Warn(FindingCode::CoordSysRestIgnored,
+             std::to_string(ignored) + (ignored == 1 ? " further number" : " further numbers") +
+                 " of the clause " + (ignored == 1 ? "is" : "are") + " ignored");
     }
+}
+
+std::vector<MifToken> WordsOf(std::string_view clause) {
+    std::vector<MifToken> words = TokensOf(clause);
+    std::erase_if(words, [](const MifToken& word) { return word.IsLineEnd(); });
+    if (!words.empty() && words.front().Is("CoordSys")) {
+        words.erase(words.begin());
+    }
+    return words;
 }
 
 }  // namespace
 
 CoordinateSystem ReadClause(std::string_view text) {
-    std::vector<MifToken> words = TokensOf(text);
-    std::erase_if(words, [](const MifToken& word) { return word.IsLineEnd(); });
-    if (!words.empty() && words.front().Is("CoordSys")) {
-        words.erase(words.begin());
-    }
-    return Reader(std::move(words)).Read();
+    return Reader(WordsOf(text)).Read();
+}
+
+std::optional<int> VersionOfClause(std::string_view text) {
+    Reader reader(WordsOf(text));
+    static_cast<void>(reader.Read());
+    return reader.Version();
+}
+
+std::vector<ClauseFault> FaultsOfClause(std::string_view text) {
+    Reader reader(WordsOf(text));
+    static_cast<void>(reader.Read());
+    return reader.TakeFaults();
 }
 
 }  // namespace app

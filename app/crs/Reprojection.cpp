@@ -22,7 +22,9 @@ double StepsPerUnit(const CoordinateSystem& system) {
 }
 
 double Rounded(double value, double stepsPerUnit) {
-    return std::isfinite(value) ? std::round(value * stepsPerUnit) / stepsPerUnit : value;
+    return std::isfinite(value) && stepsPerUnit > 0.0
+               ? std::round(value * stepsPerUnit) / stepsPerUnit
+               : value;
 }
 
 }  // namespace

@@ -18,9 +18,12 @@ public:
     // Whether coordinates change at all. Curves must have become lines and regions then.
     bool IsNeeded() const { return transformation_.IsNeeded(); }
 
+    // Leaves results as they are computed, for those who round them otherwise.
+    void KeepAllDecimals() { stepsPerUnit_ = 0.0; }
+
     // Points that fail become infinite. Degrees are rounded to nine decimals, lengths to about a
-    // hundredth of a millimetre: what lies behind them is the noise of the computation. Texts get
-    // the height and angle that they have there, and lose their box.
+    // hundredth of a millimetre, unless all decimals are kept: what lies behind them is the noise
+    // of the computation. Texts get the height and angle that they have there, and lose their box.
     void Apply(Feature& feature);
     void Apply(std::vector<shr::Vec2d>& points);
 
@@ -34,7 +37,7 @@ private:
     void ApplyToText(Geometry& text);
 
     Transformation transformation_;
-    double stepsPerUnit_;  // of the rounded coordinates
+    double stepsPerUnit_;  // of the rounded coordinates; 0: they are not rounded
     std::vector<double> x_;
     std::vector<double> y_;
     std::uint64_t failedPoints_ = 0;

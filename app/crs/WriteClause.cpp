@@ -15,9 +15,6 @@ namespace {
 using detail::PlainNumber;
 using enum ProjectionParameter;
 
-constexpr int kCustomDatumVersion = 450;
-constexpr int kAffineVersion = 650;  // not known for certain; a safe one
-
 void AddNumber(std::string& text, double value) {
     text += ", " + PlainNumber(value);
 }

@@ -8,30 +8,13 @@
 #include "app/draw/MapPainter.h"
 #include "app/draw/MapScale.h"
 #include "app/draw/PictureMap.h"
+#include "app/map/MapExtent.h"
 
-#include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
 #include <optional>
 
 namespace app {
 
 namespace {
-
-constexpr int kShownDigits = 8;
-
-std::string CornersOf(const shr::Box2d& box) {
-    std::string text;
-    for (const double number : {box.minX, box.minY, box.maxX, box.maxY}) {
-        std::array<char, 32> digits{};
-        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                       std::chars_format::general, kShownDigits);
-        text += text.empty() ? "" : ",";
-        text.append(digits.data(), end.ptr);
-    }
-    return text;
-}
 
 // A picture of nothing is most often a box in other coordinates.
 void WarnOfEmptyBox(const shr::Box2d& box, const std::optional<shr::Box2d>& extent,
@@ -44,17 +27,9 @@ void WarnOfEmptyBox(const shr::Box2d& box, const std::optional<shr::Box2d>& exte
 }
 
 void SayFarObjects(PictureMap& map, Reporter& reporter) {
-    const std::optional<FarObjectsFound> far = map.FindFarObjects();
-    if (!far) {
-        return;
+    if (const std::optional<FarObjectsFound> far = map.FindFarObjects()) {
+        reporter.Note(NoteOf(*far));
     }
-    const bool isWide = far->timesAsWide >= far->timesAsHigh;
-    const double times = isWide ? far->timesAsWide : far->timesAsHigh;
-    const std::string objects =
-        far->count == 1 ? "1 object makes" : std::to_string(far->count) + " objects make";
-    reporter.Note(objects + " the map " + std::to_string(std::llround(std::min(times, 1e15))) +
-                  " times as " + (isWide ? "wide" : "high") + "; --bbox " + CornersOf(far->rest) +
-                  " shows the rest");
 }
 
 SystemPtr WantedSystem(const DrawOptions& options, Reporter& reporter) {

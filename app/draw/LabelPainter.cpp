@@ -1,6 +1,6 @@
 #include "app/draw/LabelPainter.h"
 
-#include "app/draw/FontCatalogue.h"
+#include "app/map/FontCatalogue.h"
 
 #include "app/draw/Canvas.h"
 #include "app/draw/PlacedPath.h"

@@ -1,5 +1,7 @@
 #include "app/draw/MapFrame.h"
 
+#include "app/map/MapExtent.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>

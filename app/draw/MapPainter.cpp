@@ -1,6 +1,6 @@
 #include "app/draw/MapPainter.h"
 
-#include "app/draw/FontCatalogue.h"
+#include "app/map/FontCatalogue.h"
 
 #include "app/draw/PlacedPath.h"
 

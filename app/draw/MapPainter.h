@@ -26,7 +26,7 @@ public:
     void BeginLayer(std::size_t layer);
 
     // Draws the geometry, whose coordinates are the picture's own. A Text has its frame for points
-    // (app/draw/TextFrame.h). Points that are no numbers, or beyond all limits, are left out.
+    // (app/map/TextFrame.h). Points that are no numbers, or beyond all limits, are left out.
     void Draw(const Geometry& geometry);
 
 private:

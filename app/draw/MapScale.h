@@ -1,8 +1,8 @@
 // How long a pixel of a map is on the ground.
 #pragma once
 
-#include "app/draw/LayerSystems.h"
 #include "app/draw/Viewport.h"
+#include "app/map/LayerSystems.h"
 
 #include <optional>
 

@@ -1,10 +1,9 @@
 #include "app/draw/PictureMap.h"
 
-#include "app/draw/FontCatalogue.h"
-
 #include "app/draw/PagePath.h"
-#include "app/draw/TextFrame.h"
 #include "app/feature/LabelText.h"
+#include "app/map/FontCatalogue.h"
+#include "app/map/MapExtent.h"
 #include "app/query/ValueText.h"
 
 #include <algorithm>
@@ -22,19 +21,6 @@ constexpr double kThinningPixels = 0.125;
 
 // What lies so far beside a view can't reach into it: pixels.
 constexpr double kLargestReach = 1024.0;
-
-// The box of the points that can be drawn; empty without any.
-shr::Box2d DrawableBox(const Geometry& geometry) {
-    const shr::Box2d box =
-        geometry.kind == GeometryKind::Text ? TextExtent(geometry) : BoxOf(geometry);
-    if (IsDrawable(box.minX, box.minY) && IsDrawable(box.maxX, box.maxY)) {
-        return box;
-    }
-    std::vector<shr::Vec2d> drawable;
-    std::ranges::copy_if(geometry.points, std::back_inserter(drawable),
-                         [](const shr::Vec2d& point) { return IsDrawable(point.x, point.y); });
-    return BoxOf(std::span<const shr::Vec2d>(drawable));
-}
 
 GeometryKind LookKindOf(GeometryKind kind) {
     return kind == GeometryKind::Line || kind == GeometryKind::Points || kind == GeometryKind::Text

@@ -6,11 +6,11 @@
 // pixel of the one before will do so in the end, and is not kept.
 #pragma once
 
-#include "app/draw/FarObjects.h"
 #include "app/draw/GeometrySpool.h"
 #include "app/draw/MapFrame.h"
-#include "app/draw/MapReader.h"
 #include "app/feature/DrawnStyle.h"
+#include "app/map/FarObjects.h"
+#include "app/map/MapReader.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,5 +1,7 @@
 #include "app/draw/PlacedPath.h"
 
+#include "app/map/MapExtent.h"
+
 #include <cmath>
 #include <utility>
 

@@ -2,8 +2,8 @@
 
 #include "app/draw/Canvas.h"
 #include "app/draw/PagePath.h"
-#include "app/draw/platform/Fonts.h"
 #include "app/feature/LabelText.h"
+#include "app/map/platform/Fonts.h"
 
 #include <algorithm>
 #include <cmath>

@@ -20,7 +20,7 @@ class TextPainter {
 public:
     TextPainter(cairo_t* context, PageSize page) : context_(context), page_(page) {}
 
-    // `frame` has the corners of the text on the page (app/draw/TextFrame.h). A text that is wider
+    // `frame` has the corners of the text on the page (app/map/TextFrame.h). A text that is wider
     // or higher than its box is made smaller; one that is too small to be read, or lies off the
     // page, is left out.
     void Draw(const TextPlacement& text, std::span<const PagePoint> frame,

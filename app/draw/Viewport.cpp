@@ -8,7 +8,6 @@ namespace app {
 
 namespace {
 
-constexpr double kLargestCoordinate = 1e300;
 constexpr double kFarAway = 1e12;  // pixels
 
 double WithinPage(double pixels) {
@@ -16,10 +15,6 @@ double WithinPage(double pixels) {
 }
 
 }  // namespace
-
-bool IsDrawable(double x, double y) {
-    return std::abs(x) <= kLargestCoordinate && std::abs(y) <= kLargestCoordinate;
-}
 
 double LongitudeStretch(const shr::Box2d& degrees) {
     constexpr double kNearPole = 85.0;

@@ -24,10 +24,6 @@ struct PageSize {
 
 inline constexpr int kLargestPageSide = 16384;
 
-// True for a point that can take part in a picture: both numbers finite and small enough that
-// differences of two of them stay finite.
-bool IsDrawable(double x, double y);
-
 // How many times as wide as a degree of latitude a degree of longitude is drawn in the middle of
 // the box, which is in degrees.
 double LongitudeStretch(const shr::Box2d& degrees);

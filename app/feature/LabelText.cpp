@@ -11,6 +11,7 @@ namespace {
 constexpr std::size_t kMostLines = 100;
 constexpr std::size_t kLongestLine = 1000;
 constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kEllipsis = 0x2026;
 
 // Marks of the writing direction could make a page show other words than there are.
 bool IsDirectionMark(char32_t codePoint) {
@@ -48,6 +49,19 @@ void AppendUtf8(std::string& text, char32_t codePoint) {
     }
 }
 
+// Takes at most a line's characters from the front of `utf8`.
+std::string NameOf(std::string_view& utf8) {
+    std::string clean;
+    for (std::size_t length = 0; !utf8.empty() && length < kLongestLine; ++length) {
+        const char32_t codePoint = TakeCodePoint(utf8);
+        const bool isBreak = codePoint == '\t' || codePoint == '\n';
+        if (isBreak || IsClean(codePoint)) {
+            AppendUtf8(clean, isBreak ? U' ' : codePoint);
+        }
+    }
+    return clean;
+}
+
 }  // namespace
 
 std::vector<std::string> LinesOf(std::string_view utf8) {
@@ -81,15 +95,15 @@ std::vector<std::string> LinesOf(std::string_view utf8) {
 }
 
 std::string CleanName(std::string_view utf8) {
-    std::string clean;
-    for (std::size_t length = 0; !utf8.empty() && length < kLongestLine; ++length) {
-        const char32_t codePoint = TakeCodePoint(utf8);
-        const bool isBreak = codePoint == '\t' || codePoint == '\n';
-        if (isBreak || IsClean(codePoint)) {
-            AppendUtf8(clean, isBreak ? U' ' : codePoint);
-        }
+    return NameOf(utf8);
+}
+
+std::string ShortenedName(std::string_view utf8) {
+    std::string name = NameOf(utf8);
+    if (!utf8.empty()) {
+        AppendUtf8(name, kEllipsis);
     }
-    return clean;
+    return name;
 }
 
 std::string CleanCharacter(int codePoint) {

@@ -16,6 +16,9 @@ std::vector<std::string> LinesOf(std::string_view utf8);
 // One line of the same kind, for names and labels.
 std::string CleanName(std::string_view utf8);
 
+// The same; a text that is cut ends in "…".
+std::string ShortenedName(std::string_view utf8);
+
 // The one character as UTF-8; empty when it can't be drawn.
 std::string CleanCharacter(int codePoint);
 

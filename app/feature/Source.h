@@ -34,6 +34,8 @@ using DamageSink = std::function<void(const FeatureDamage& damage)>;
 struct SourceOptions {
     bool asIs = false;     // --as-is: the module gets a MIF file without any care
     bool noStore = false;  // --no-store: the filter neither reads nor writes stored options
+    bool withoutValues =
+        false;             // values may be null, where that is faster; faults of rows go unsaid
     std::string encoding;  // --encoding, of a MIF file's texts; empty: by its header
     std::shared_ptr<const CoordinateSystem> assumedSystem;  // --assume-crs; null: the source's own
     std::string modulePath;                                 // as in Module
@@ -69,8 +71,8 @@ public:
     // throws passes unchanged.
     virtual void Read(Reporter& reporter, const FeatureSink& sink) = 0;
 
-    // The layer that a user asked for by name: the only one for an empty name. Throws Failure, with
-    // the names there are.
+    // The layer that a user asked for by name, in any case unless one is exact: the only one for an
+    // empty name. Throws Failure, with the names there are.
     std::size_t LayerNamed(const std::string& name) const;
 
 protected:

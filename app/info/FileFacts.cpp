@@ -87,7 +87,8 @@ void TakeHeader(const MifHeader& header, FileFacts& facts) {
 void TakeFindings(const FindingCounts& findings, FileFacts& facts) {
     facts.cares = CaresOf(findings);
     facts.isCareTaken = std::ranges::any_of(AllFindings(), [&](const FindingInfo& info) {
-        return info.isCaredFor && findings[static_cast<std::size_t>(info.code)].found > 0;
+        return info.readBy == ReadByCommand::Yes &&
+               findings[static_cast<std::size_t>(info.code)].found > 0;
     });
 }
 

@@ -378,6 +378,8 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
                     reporter.Warning(PathText(facts.path) + ": " + facts.problem);
                 }
             });
+        } catch (const UsageError&) {
+            throw;  // every file would say the same
         } catch (const Failure& failure) {
             if (options.json) {
                 write(ErrorJson(path, failure.what()));

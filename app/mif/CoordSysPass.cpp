@@ -196,8 +196,7 @@ bool Clause::KnowProjection(std::int64_t code, const MifToken& token) {
     }
     report_.Add(FindingCode::ProjectionUnknown, place_,
                 name + " is " + ProjectionInWords(code) +
-                    "; the reader does not know it and the import stops",
-                AdviceForProjection(code));
+                    "; the reader does not know it and the import stops");
     return equal.has_value();
 }
 

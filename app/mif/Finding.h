@@ -22,6 +22,7 @@ struct Finding {
     std::string message;       // what was found and what the reader makes of it
     std::string advice;        // what to do
     std::uint64_t count = 1;   // how many findings this one sums up
+    bool isCaredFor = false;   // convert, draw and info read it as it was meant
 };
 
 // Replaces the bytes [begin, end) of one file of the pair.

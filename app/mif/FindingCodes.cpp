@@ -12,8 +12,9 @@ constexpr Severity W = Severity::Warning;
 constexpr Severity N = Severity::Note;
 constexpr bool kFix = true;
 constexpr bool kNoFix = false;
-constexpr bool kRead = true;  // by this program itself, as it was meant
-constexpr bool kNotRead = false;
+constexpr ReadByCommand kRead = ReadByCommand::Yes;
+constexpr ReadByCommand kNotRead = ReadByCommand::No;
+constexpr ReadByCommand kByClause = ReadByCommand::WithClause;
 
 // clang-format off
 constexpr std::array kCodes = {
@@ -104,46 +105,46 @@ constexpr std::array kCodes = {
              "A column's name has blanks and no quotes. The reader takes its first word, and what follows for the type.",
              "Put the name in quotes, or underscores for the blanks."},
 
-    FindingInfo{FindingCode::ProjectionUnknown, "MIF-C001", "projection-unknown", E, kFix, kNotRead,
+    FindingInfo{FindingCode::ProjectionUnknown, "MIF-C001", "projection-unknown", E, kFix, kByClause,
              "The reader does not know the projection code; the import stops. --fix rewrites the codes that have an exact equal: 2000 + n, which only announces Bounds, is n, and 34 is 8.",
-             "Read the geometry with 'qolf convert --assume-crs EPSG:…' and name the coordinate system there."},
-    FindingInfo{FindingCode::CoordSysMalformed, "MIF-C002", "coordsys-malformed", E, kNoFix, kNotRead,
+             "Save the file with a projection that the reader knows."},
+    FindingInfo{FindingCode::CoordSysMalformed, "MIF-C002", "coordsys-malformed", E, kNoFix, kByClause,
              "There is no comma after the projection code; the import stops.",
              "Correct the clause: CoordSys Earth Projection 1, 104."},
-    FindingInfo{FindingCode::DatumUnknown, "MIF-C003", "datum-unknown", W, kNoFix, kNotRead,
+    FindingInfo{FindingCode::DatumUnknown, "MIF-C003", "datum-unknown", W, kNoFix, kByClause,
              "The reader does not know the datum code. The objects come without a datum.",
              "Name the coordinate system with 'qolf convert --assume-crs EPSG:…'."},
-    FindingInfo{FindingCode::EllipsoidUnknown, "MIF-C004", "ellipsoid-unknown", W, kNoFix, kNotRead,
+    FindingInfo{FindingCode::EllipsoidUnknown, "MIF-C004", "ellipsoid-unknown", W, kNoFix, kByClause,
              "The reader does not know the ellipsoid code of the custom datum and takes Clarke 1866 instead. This happens with code 0 (GRS 80), too.",
-             "Name the coordinate system with 'qolf convert --assume-crs EPSG:…'."},
-    FindingInfo{FindingCode::UnitIgnored, "MIF-C005", "unit-ignored", W, kFix, kNotRead,
+             "Give the code of an ellipsoid that the reader knows: 28 (WGS 84) is 0.1 mm from GRS 80."},
+    FindingInfo{FindingCode::UnitIgnored, "MIF-C005", "unit-ignored", W, kFix, kByClause,
              "The reader does not know the unit name and takes the coordinates as metres.",
              "Give the number of units per metre in quotes; --fix does for mi, km, in, ft, yd, mm, cm, nmi, li, ch and rd (the last three of survey feet)."},
-    FindingInfo{FindingCode::UnitIsNumber, "MIF-C006", "unit-is-number", N, kNoFix, kNotRead,
+    FindingInfo{FindingCode::UnitIsNumber, "MIF-C006", "unit-is-number", N, kNoFix, kByClause,
              "The unit is a number. The reader takes it as the number of units per metre, while some programs number the units.",
              "Make sure that units per metre are meant."},
-    FindingInfo{FindingCode::ParametersMissing, "MIF-C007", "parameters-missing", E, kNoFix, kNotRead,
+    FindingInfo{FindingCode::ParametersMissing, "MIF-C007", "parameters-missing", E, kNoFix, kByClause,
              "The clause has fewer parameters than its projection takes. The reader takes what follows in the next lines, or 0, for the missing ones, and swallows those lines; the other subcommands take 0 for all, as long as --as-is is not given.",
              "Complete the clause."},
     FindingInfo{FindingCode::CoordSysBoundsIgnored, "MIF-C008", "coordsys-bounds-ignored", N, kNoFix, kRead,
              "The reader ignores Bounds on the CoordSys line. It knows only a Bounds clause on a line of its own.",
              "Nothing is lost; add a Bounds line if pen widths and text heights should follow from it."},
-    FindingInfo{FindingCode::AffineIgnored, "MIF-C009", "affine-ignored", W, kNoFix, kNotRead,
+    FindingInfo{FindingCode::AffineIgnored, "MIF-C009", "affine-ignored", W, kNoFix, kByClause,
              "The reader ignores the Affine part of the clause. The coordinates come out untransformed.",
              "Save the file without an affine transformation."},
-    FindingInfo{FindingCode::RangeIgnored, "MIF-C010", "range-ignored", N, kNoFix, kNotRead,
+    FindingInfo{FindingCode::RangeIgnored, "MIF-C010", "range-ignored", N, kNoFix, kByClause,
              "The reader ignores the range of an azimuthal projection, which only says how much of the Earth is shown.",
              "Nothing to do."},
-    FindingInfo{FindingCode::AlbersDisplaced, "MIF-C011", "albers-displaced", W, kNoFix, kNotRead,
+    FindingInfo{FindingCode::AlbersDisplaced, "MIF-C011", "albers-displaced", W, kNoFix, kByClause,
              "The reader expects an azimuth before the false easting of the Albers projection. It takes the false easting for the azimuth and the false northing for the false easting.",
-             "Name the coordinate system with 'qolf convert --assume-crs EPSG:…'."},
-    FindingInfo{FindingCode::NzmgDisplaced, "MIF-C012", "nzmg-displaced", W, kNoFix, kNotRead,
+             "Put an azimuth of 0 before the false easting."},
+    FindingInfo{FindingCode::NzmgDisplaced, "MIF-C012", "nzmg-displaced", W, kNoFix, kByClause,
              "The reader expects only the false easting and the false northing of the New Zealand Map Grid. It takes the origin's longitude and latitude for them.",
-             "Use 'qolf convert --assume-crs EPSG:27200'."},
-    FindingInfo{FindingCode::CoordSysKindIgnored, "MIF-C013", "coordsys-kind-ignored", N, kNoFix, kNotRead,
+             "Name the coordinate system in the other program: it is EPSG:27200."},
+    FindingInfo{FindingCode::CoordSysKindIgnored, "MIF-C013", "coordsys-kind-ignored", N, kNoFix, kByClause,
              "The clause names neither an Earth projection nor NonEarth. The reader takes the coordinates as plain numbers.",
              "Name the coordinate system with 'qolf convert --assume-crs EPSG:…' if it is known."},
-    FindingInfo{FindingCode::CoordSysRestIgnored, "MIF-C014", "coordsys-rest-ignored", W, kNoFix, kNotRead,
+    FindingInfo{FindingCode::CoordSysRestIgnored, "MIF-C014", "coordsys-rest-ignored", W, kNoFix, kByClause,
              "The CoordSys line holds more than its projection takes. The reader ignores the rest.",
              "Check that the projection code is the right one."},
     FindingInfo{FindingCode::CoordSysMissing, "MIF-C015", "coordsys-missing", N, kNoFix, kNotRead,
@@ -161,6 +162,12 @@ constexpr std::array kCodes = {
     FindingInfo{FindingCode::LineLost, "MIF-C019", "line-lost", W, kFix, kRead,
              "The reader looks for more of the CoordSys clause in the next header line and loses that line: a Columns line with all names of the columns, or the Data line, without which the import stops. This happens when nothing follows Earth, and when an Albers clause has no azimuth and nothing behind its parameters. The other subcommands take care of it, as long as --as-is is not given.",
              "Put an empty line after the clause for other programs that use the reader; --fix does."},
+    FindingInfo{FindingCode::UnitMissing, "MIF-C020", "unit-missing", W, kNoFix, kByClause,
+             "The clause has no unit where it should be. The reader takes the next number for it.",
+             "Write the unit behind the datum, for example \"m\"."},
+    FindingInfo{FindingCode::ParameterOutOfRange, "MIF-C021", "parameter-out-of-range", W, kNoFix, kByClause,
+             "A number of the clause is missing or out of range, so that there is no such coordinate system. The reader does not notice.",
+             "Correct the clause."},
 
     FindingInfo{FindingCode::ObjectUnknown, "MIF-O001", "object-unknown", E, kNoFix, kNotRead,
              "A line begins with a word that names no object; the import stops there. The check goes on at the next object.",
@@ -233,6 +240,9 @@ constexpr std::array kCodes = {
     FindingInfo{FindingCode::NumbersOnNextLine, "MIF-O024", "numbers-on-next-line", E, kNoFix, kRead,
              "The coordinates of an object are on the line after its keyword. The reader takes them as 0, and the import stops at their line.",
              "Put them on the line of the keyword."},
+    FindingInfo{FindingCode::CollectionNested, "MIF-O025", "collection-nested", W, kNoFix, kRead,
+             "A Collection is a part of another Collection, which the format does not have. Its parts are taken for parts of the outer one.",
+             "Write one Collection with all parts."},
 
     FindingInfo{FindingCode::RingNotClosed, "MIF-G001", "ring-not-closed", W, kNoFix, kNotRead,
              "The last vertex of a ring is not the first one. The reader does not close it.",
@@ -356,6 +366,18 @@ std::string EscapedForTable(std::string_view text) {
     return escaped;
 }
 
+const char* ReaderInWords(ReadByCommand readBy) {
+    switch (readBy) {
+    case ReadByCommand::Yes:
+        return "qolf";
+    case ReadByCommand::WithClause:
+        return "qolf, by the clause";
+    case ReadByCommand::No:
+        break;
+    }
+    return "";
+}
+
 }  // namespace
 
 std::span<const FindingInfo> AllFindings() {
@@ -392,8 +414,9 @@ std::string FindingsAsMarkdown() {
         "- **note**: nothing is wrong, but worth knowing.\n\n"
         "\"The reader\" is the import filter of the host application, and `--as-is`. Under \"Read "
         "by\", \"qolf\" marks the findings that `qolf convert`, `draw` and `info` read as they "
-        "were "
-        "meant: they matter for other programs only.\n\n"
+        "were meant: they matter for other programs only. \"qolf, by the clause\" marks those that "
+        "are read so when this part of the CoordSys clause is understood; otherwise the finding "
+        "says what is taken instead.\n\n"
         "`--fix` marks the findings that `qolf check --fix OUT.mif` repairs, at least where there "
         "is one right repair.\n\n"
         "This page is printed by `qolf check --codes`.\n\n"
@@ -402,9 +425,8 @@ std::string FindingsAsMarkdown() {
     for (const FindingInfo& info : kCodes) {
         text += "| " + std::string(info.id) + " | " + info.name + " | " +
                 std::string(SeverityName(info.severity)) + " | " +
-                (info.isFixable ? "`--fix`" : "") + " | " + (info.isCaredFor ? "qolf" : "") +
-                " | " + EscapedForTable(info.meaning) + " | " + EscapedForTable(info.advice) +
-                " |\n";
+                (info.isFixable ? "`--fix`" : "") + " | " + ReaderInWords(info.readBy) + " | " +
+                EscapedForTable(info.meaning) + " | " + EscapedForTable(info.advice) + " |\n";
     }
     return text;
 }

@@ -15,6 +15,10 @@ namespace app {
 // Note: nothing is wrong, but worth knowing.
 enum class Severity { Error, Warning, Note };
 
+// Whether convert, draw and info read such files as they were meant. WithClause: when they
+// understand this part of the CoordSys clause without a warning.
+enum class ReadByCommand { No, Yes, WithClause };
+
 enum class FindingCode {
     // Files
     FileUnreadable,
@@ -67,6 +71,8 @@ enum class FindingCode {
     DataSwallowed,
     BlankInIgnoredBounds,
     LineLost,
+    UnitMissing,
+    ParameterOutOfRange,
     // Objects
     ObjectUnknown,
     CountMismatch,
@@ -92,6 +98,7 @@ enum class FindingCode {
     LastObjectLost,
     ClauseOnObjectLine,
     NumbersOnNextLine,
+    CollectionNested,
     // Geometry
     RingNotClosed,
     RingCrossesItself,
@@ -141,8 +148,8 @@ struct FindingInfo {
     const char* id;    // "MIF-H004"
     const char* name;  // "header-line-skipped"
     Severity severity;
-    bool isFixable;   // --fix repairs it, at least in the cases that have one right repair
-    bool isCaredFor;  // convert, draw and info read such files as they were meant
+    bool isFixable;  // --fix repairs it, at least in the cases that have one right repair
+    ReadByCommand readBy;
     const char* meaning;
     const char* advice;
 };

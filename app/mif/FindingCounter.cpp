@@ -29,7 +29,8 @@ void FindingCounter::Add(FindingCode code, const Place& place, std::string messa
                 .line = place.line,
                 .object = place.object,
                 .message = std::move(message),
-                .advice = advice.empty() ? info.advice : std::move(advice)});
+                .advice = advice.empty() ? info.advice : std::move(advice),
+                .isCaredFor = info.readBy == ReadByCommand::Yes});
 }
 
 }  // namespace app

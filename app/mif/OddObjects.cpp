@@ -197,7 +197,8 @@ void ObjectPass::ReadCollection(ObjectFacts& facts, int depth) {
     sink_.Cut(begin, lines_.Here().offset, {});
     constexpr std::uint64_t kWithoutCount = 3;  // what the module takes for none
     const std::uint64_t parts = count.declared == 0 ? kWithoutCount : count.declared;
-    while (facts.members.size() < parts) {
+    std::uint64_t found = 0;
+    while (found < parts) {
         while (lines_.Peek() != nullptr && lines_.Peek()->IsBlank()) {
             lines_.Skip();
         }
@@ -206,23 +207,28 @@ void ObjectPass::ReadCollection(ObjectFacts& facts, int depth) {
         }
         report_.Settle(FileOfPair::Mif, lines_.Peek()->begin);
         if (!IsObject(FirstToken(*lines_.Peek()))) {
+            found += IsUnknownObject(0) ? 1 : 0;
             SkipUnknown();
             continue;
         }
+        ++found;
+        const std::uint64_t line = lines_.Peek()->number;
         ObjectFacts member;
         TakeObject(member, depth + 1);
         FinishPoints();
         if (member.kind == ObjectKind::Collection) {
+            report_.Add(FindingCode::CollectionNested, {FileOfPair::Mif, line, first},
+                        "a Collection is a part of another one");
             std::ranges::move(member.members, std::back_inserter(facts.members));
         } else {
             ++counts_.members;
             facts.members.push_back(std::move(member));
         }
     }
-    if (count.declared != 0 && facts.members.size() != count.declared) {
+    if (count.declared != 0 && found != count.declared) {
         report_.Add(FindingCode::CountMismatch, {FileOfPair::Mif, count.line, first},
                     "the count is " + std::to_string(count.declared) + ", but " +
-                        Counted(facts.members.size(), "part follows", "parts follow"));
+                        Counted(found, "part follows", "parts follow"));
     }
 }
 

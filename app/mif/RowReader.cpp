@@ -124,10 +124,6 @@ std::size_t RowReader::SplitQuoted(std::size_t at, RowField& field, bool& isOpen
         field.hasDoubledQuote = true;
         at = quote + (row[quote + 1] == '"' ? 2 : 1);
     }
-    const std::string_view inner = Trimmed(value, " ");
-    if (inner.size() != value.size()) {
-        value = std::string(inner);
-    }
     return isOpen ? row.size() : std::min(row.find(delimiter_, at), row.size());
 }
 

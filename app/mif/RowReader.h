@@ -2,7 +2,8 @@
 // values at doubled quotes and rows at every line end.
 //
 // A value in double quotes may hold the delimiter, line ends, and quotes: doubled ones, and single
-// ones that neither a delimiter nor the row's end follows. Blanks around values do not count.
+// ones that neither a delimiter nor the row's end follows. Blanks at the ends of a quoted value are
+// part of it; those around the quotes, and around a value without quotes, are not.
 #pragma once
 
 #include "app/mif/LineReader.h"

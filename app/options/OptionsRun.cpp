@@ -48,6 +48,14 @@ const KnownOption* FindOption(const std::string& name) {
 
 }  // namespace
 
+std::vector<std::string> OptionNames() {
+    std::vector<std::string> names;
+    for (const KnownOption& option : kOptions) {
+        names.emplace_back(option.name);
+    }
+    return names;
+}
+
 int ListOptions() {
     const standalone::OptionStore store(standalone::OptionStore::UserFile());
     OutputFile out("-", IfExists::Overwrite);
@@ -74,6 +82,10 @@ int SetOptions(const std::vector<std::string>& settings) {
             throw UsageError("there is no option \"" + name + "\"; qolf options lists them");
         }
         bool value = false;
+        if (name.size() == setting.size()) {
+            throw UsageError("\"" + setting + "\" lacks a value: " + option->name + "=yes or " +
+                             option->name + "=no");
+        }
         if (!host.GetStringOption(standalone::Widen(setting), standalone::Widen(option->name),
                                   value)) {
             throw UsageError("\"" + setting + "\": the value must be yes or no");

@@ -10,6 +10,9 @@
 
 namespace app {
 
+// Returns the names of the options.
+std::vector<std::string> OptionNames();
+
 // Prints a line for each option: its name, its value and what it means.
 int ListOptions();
 

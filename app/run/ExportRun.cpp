@@ -2,7 +2,13 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "host/zeio/Errors.h"
 #include "standalone/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
 
 namespace app {
 namespace {
@@ -10,6 +16,12 @@ namespace {
 // Bits of the filter's answer.
 constexpr std::uint32_t kRendersText = 0x1;
 constexpr std::uint32_t kRendersMarkers = 0x2;
+
+// Whether a failed write can have this reason.
+bool IsReason(int errorNumber) {
+    constexpr std::array kReasons{ENOSPC, EFBIG, EIO};
+    return std::ranges::find(kReasons, errorNumber) != kReasons.end();
+}
 
 class ExportHost : public ReportingHost {
 public:
@@ -34,8 +46,9 @@ struct ExportRun::Parts {
           manager(observer != nullptr ? static_cast<zeio::IoHost&>(*observer) : ownHost),
           filter(module.NewExportFilter(manager)) {}
 
-    // Passes the filter's error to the observer, and throws it as a Failure with the user's path.
-    [[noreturn]] void Rethrow(const shr::IError& error) const;
+    // Passes the filter's error to the observer, and throws it as a Failure with the user's path
+    // and the system's reason, where `errorNumber` is one for a failed write.
+    [[noreturn]] void Rethrow(const shr::IError& error, int errorNumber) const;
 
     ExportSettings settings;
     OutputPair pair;
@@ -47,10 +60,14 @@ struct ExportRun::Parts {
     ExportFilterPtr filter;
 };
 
-void ExportRun::Parts::Rethrow(const shr::IError& error) const {
+void ExportRun::Parts::Rethrow(const shr::IError& error, int errorNumber) const {
     if (observer != nullptr) {
         observer->Thrown(error,
                          [this](const std::wstring& text) { return pair.WithFinalPath(text); });
+    }
+    // The filter only says that it can't write.
+    if (IsReason(errorNumber) && dynamic_cast<const zeio::FileWriteError*>(&error) != nullptr) {
+        throw Failure(PathText(settings.path) + ": can't write: " + std::strerror(errorNumber));
     }
     const std::string text = standalone::Narrow(pair.WithFinalPath(error.Message()));
     const std::string name = PathText(settings.path.filename());
@@ -60,13 +77,14 @@ void ExportRun::Parts::Rethrow(const shr::IError& error) const {
 
 ExportRun::ExportRun(const ExportSettings& settings, Reporter& reporter, ObservingHost* observer)
     : parts_(std::make_unique<Parts>(settings, reporter, observer)) {
+    errno = 0;
     try {
         if (settings.optionString) {
             parts_->filter->SetOptionsFromString(standalone::Widen(*settings.optionString));
         }
         beginStatus_ = parts_->filter->BeginExport(WidePath(parts_->pair.WorkPath()));
     } catch (const shr::IError& error) {
-        parts_->Rethrow(error);
+        parts_->Rethrow(error, errno);
     }
 }
 
@@ -101,19 +119,21 @@ void ExportRun::SendColumns(const std::vector<std::wstring>& names) {
 }
 
 zeio::ExportStatus ExportRun::Send(zeio::TrBase& object) {
+    errno = 0;
     try {
         return parts_->filter->ExportObject(object);
     } catch (const shr::IError& error) {
-        parts_->Rethrow(error);
+        parts_->Rethrow(error, errno);
     }
 }
 
 bool ExportRun::Finish() {
     zeio::ExportStatus status = zeio::ExportStatus::NothingWritten;
+    errno = 0;
     try {
         status = parts_->filter->EndExport();
     } catch (const shr::IError& error) {
-        parts_->Rethrow(error);
+        parts_->Rethrow(error, errno);
     }
     if (status == zeio::ExportStatus::NothingWritten) {
         return false;

@@ -5,6 +5,10 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
 namespace app {
 namespace {
 
@@ -167,8 +171,23 @@ void SqliteDatabase::Close() {
 }
 
 void SqliteDatabase::Fail() const {
-    const char* reason = handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(SQLITE_NOMEM);
-    throw Failure(subject_ + action_ + ": " + reason);
+    throw Failure(subject_ + action_ + ": " + Reason());
+}
+
+// SQLite's own words, but the system's where it is the disk.
+std::string SqliteDatabase::Reason() const {
+    if (handle_ == nullptr) {
+        return sqlite3_errstr(SQLITE_NOMEM);
+    }
+    const int code = sqlite3_errcode(handle_.get());
+    if (code == SQLITE_FULL) {
+        return std::strerror(ENOSPC);
+    }
+    const std::string reason = sqlite3_errmsg(handle_.get());
+    const int systemError = sqlite3_system_errno(handle_.get());
+    return code == SQLITE_IOERR && systemError != 0
+               ? reason + ": " + std::system_category().message(systemError)
+               : reason;
 }
 
 }  // namespace app

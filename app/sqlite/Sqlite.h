@@ -91,6 +91,8 @@ private:
         void operator()(sqlite3* handle) const;
     };
 
+    std::string Reason() const;
+
     std::string subject_;
     std::string action_;  // that a failure prevents: ": can't read"; "" in memory
     std::unique_ptr<sqlite3, CloseHandle> handle_;  // null once closed

@@ -228,6 +228,8 @@ int RunStats(const StatsOptions& options, Reporter& reporter) {
         std::string error;
         try {
             layers = LayersOf(file, options, reporter);
+        } catch (const UsageError&) {
+            throw;  // every file would say the same
         } catch (const Failure& failure) {
             error = failure.what();
             reporter.Error(error);

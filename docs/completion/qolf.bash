@@ -1,5 +1,5 @@
-# Completion of qolf for bash. Commands and options are read from the program's own help, so they
-# are those of the qolf that runs.
+# Completion of qolf for bash. Commands, options and their values come from the program itself, so
+# they are those of the qolf that runs.
 
 # The words of a help text's list of commands: those of qolf, or those of a command of it.
 _qolf_commands() {  # program [command]
@@ -21,25 +21,63 @@ _qolf_options() {  # program command [values]
         }'
 }
 
+# Bash splits words at ":" and "=", as in EPSG:3301. Sets `words` to what the user sees as words,
+# `current` to the last one, and `split_off` to its part before the piece that is completed.
+_qolf_join_words() {
+    local i piece is_joined=""
+    words=() split_off=""
+    for ((i = 0; i <= COMP_CWORD; i++)); do
+        piece=${COMP_WORDS[i]}
+        if [[ -n $is_joined || ($piece == [:=] && $i -gt 0) ]]; then
+            words[${#words[@]} - 1]+=$piece
+        else
+            words+=("$piece")
+        fi
+        is_joined=""
+        [[ $piece == [:=] && $i -lt $COMP_CWORD ]] && is_joined=yes
+    done
+    current=${words[${#words[@]} - 1]}
+    # "EPSG:33" that bash has split is completed behind the ":".
+    if [[ ${COMP_WORDS[COMP_CWORD]} != "$current" ]]; then
+        split_off=${current%"${current##*[:=]}"}
+    fi
+}
+
+# Offers the given lines that begin with the current word.
+_qolf_offer() {
+    mapfile -t COMPREPLY < <(compgen -W "$1" -- "$current")
+    COMPREPLY=("${COMPREPLY[@]#"$split_off"}")
+}
+
 _qolf() {
-    local program=${COMP_WORDS[0]} current=${COMP_WORDS[COMP_CWORD]}
-    local previous=${COMP_WORDS[COMP_CWORD - 1]} command="" i
+    local program=${COMP_WORDS[0]} words current split_off command="" i
     COMPREPLY=()
+    _qolf_join_words
+    local previous=${words[${#words[@]} - 2]}
 
     local commands
     commands=$(_qolf_commands "$program")
-    for ((i = 1; i < COMP_CWORD; i++)); do
-        if grep -qxF -- "${COMP_WORDS[i]}" <<<"$commands"; then
-            command=${COMP_WORDS[i]}
+    for ((i = 1; i < ${#words[@]} - 1; i++)); do
+        if grep -qxF -- "${words[i]}" <<<"$commands"; then
+            command=${words[i]}
             break
         fi
     done
 
-    if [[ $previous == -* ]] &&
+    # What the program knows of the values, also of the second one and those behind.
+    local offers="" before=$previous
+    if [[ $command == options && ${words[i + 1]} == set && $current != -* ]]; then
+        before="set"
+    fi
+    [[ -z $command ]] || offers=$("$program" complete -- "$command" "$before" 2>/dev/null)
+
+    if [[ -n $offers ]]; then
+        _qolf_offer "$offers"
+    elif [[ $previous == -* ]] &&
         _qolf_options "$program" "$command" values | grep -qxF -- "$previous"; then
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
     elif [[ $command == help || (-z $command && $current != -*) ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
+        _qolf_offer "$commands"
     elif [[ $current == -* ]]; then
         mapfile -t COMPREPLY < <(
             compgen -W "$(_qolf_options "$program" "") $(_qolf_options "$program" "$command")" \
@@ -51,7 +89,7 @@ _qolf() {
             subcommands=$(_qolf_commands "$program" "$command")
         fi
         if [[ -n $subcommands ]]; then
-            mapfile -t COMPREPLY < <(compgen -W "$subcommands" -- "$current")
+            _qolf_offer "$subcommands"
         else
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
         fi

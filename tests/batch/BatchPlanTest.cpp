@@ -43,6 +43,25 @@ protected:
         return text;
     }
 
+    // "output=layer;" an item, when each package has these layers.
+    std::string PlanOfLayers(const std::vector<std::string>& inputs,
+                             const std::vector<std::string>& layers) {
+        constexpr std::array<std::string_view, 2> kExtensions{".mif", ".gpkg"};
+        std::vector<std::string> arguments;
+        for (const std::string& input : inputs) {
+            arguments.push_back((folder_.path() / input).string());
+        }
+        const auto layersOf = [&layers](const path& input) {
+            return input.extension() == ".gpkg" ? layers : std::vector<std::string>();
+        };
+        std::string text;
+        for (const app::BatchItem& item :
+             app::PlanBatch(arguments, folder_.path() / "out", "mif", kExtensions, layersOf)) {
+            text += Relative(item.output) + "=" + item.layer + ";";
+        }
+        return text;
+    }
+
     template <typename Error>
     std::string ErrorOf(const std::vector<std::string>& inputs,
                         const std::string& outputFolder = "out",
@@ -167,6 +186,15 @@ TEST_F(BatchPlan, CountsNothingAsDoneThatIsNotThere) {
     Touch("a.mif");
 
     EXPECT_FALSE(IsDone("a.mif", "a.gpkg"));
+}
+
+TEST_F(BatchPlan, MakesAFileOfEachLayerOfAnInput) {
+    Touch("north/maps.gpkg");
+    Touch("roads.mif");
+
+    EXPECT_EQ(PlanOfLayers({"roads.mif", "north"}, {"Roads", "a/b", "A:B", "v1.2"}),
+              "out/roads.mif=;out/Roads_2.mif=Roads;out/a_b.mif=a/b;out/A_B_2.mif=A:B;"
+              "out/v1.2.mif=v1.2;");
 }
 
 }  // namespace

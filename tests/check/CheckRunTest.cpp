@@ -1,12 +1,17 @@
 #include "app/check/CheckRun.h"
+
+#include "app/check/GatheredFindings.h"
+#include "app/check/PairCheck.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -103,6 +108,7 @@ TEST(QolfCheck, ReportsItsRepairsAsJson) {
                                    .fix = folder.path() / "copy.mif"});
 
     const auto json = nlohmann::json::parse(outcome.text);
+    EXPECT_EQ(json["fix"]["written"], true);
     EXPECT_EQ(json["fix"]["count"], 1);
     EXPECT_EQ(json["fix"]["repairs"][0]["code"], "MIF-O004");
 }
@@ -117,6 +123,32 @@ TEST(QolfCheck, SaysWhatItRepaired) {
     EXPECT_THAT(outcome.text, HasSubstr(":10: repaired MIF-O008: the decimal comma becomes a full "
                                         "stop\n"));
     EXPECT_THAT(outcome.text, HasSubstr("copy.mif: written with 3 repairs\n"));
+}
+
+TEST(QolfCheck, SaysThatThereIsNothingToRepair) {
+    const support::TemporaryFolder folder;
+    const std::filesystem::path copy = folder.path() / "copy.mif";
+
+    const Outcome outcome = Check({.files = {Data("clean-region.mif")}, .fix = copy});
+    const Outcome asJson = Check({.files = {Data("clean-region.mif")}, .json = true, .fix = copy});
+
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_THAT(outcome.text, HasSubstr(copy.string() + ": not written: there is nothing to "
+                                                        "repair\n"));
+    EXPECT_EQ(nlohmann::json::parse(asJson.text)["fix"]["written"], false);
+    EXPECT_FALSE(folder.Has("copy.mif"));
+}
+
+// Whole pairs are read: 0 and 1 are reached, in order, by each pass.
+TEST(QolfCheck, ReportsHowMuchOfAPairItHasRead) {
+    std::vector<double> heard;
+    app::CheckPair(Data("clean-region.mif"),
+                   {.progress = [&heard](double fraction) { heard.push_back(fraction); }},
+                   *std::make_unique<app::GatheredFindings>());
+
+    ASSERT_FALSE(heard.empty());
+    EXPECT_TRUE(std::is_sorted(heard.begin(), heard.end()));
+    EXPECT_DOUBLE_EQ(heard.back(), 1.0);
 }
 
 }  // namespace

@@ -64,6 +64,7 @@ const std::vector<FindingRow>& Rows() {
         FindingRow{"clean-longitude-latitude", {}},
         FindingRow{"clean-none", {}},
         FindingRow{"clean-region", {}},
+        FindingRow{"collection-nested", {"collection-nested@10", "mid:collection-takes-rows@0"}},
         FindingRow{"collection-takes-rows", {"mid:collection-takes-rows@0"}},
         FindingRow{"columns-one-off", {"column-count@5"}},
         FindingRow{"columns-swallowed", {"line-swallowed@4"}},
@@ -187,8 +188,9 @@ TEST(TheBrokenFiles, AreAllInTheTable) {
 }
 
 TEST(TheBrokenFiles, HaveEveryFindingButThoseOfTestsOfTheirOwn) {
-    std::set<std::string> found = {"file-unreadable", "line-too-long",  "header-too-long",
-                                   "ring-not-tested", "module-warning", "module-error"};
+    std::set<std::string> found = {"file-unreadable", "line-too-long",         "header-too-long",
+                                   "ring-not-tested", "module-warning",        "module-error",
+                                   "unit-missing",    "parameter-out-of-range"};
     for (const FindingRow& row : Rows()) {
         for (const std::string& finding : row.findings) {
             const std::size_t first = finding.starts_with("mid:") ? 4 : 0;

@@ -105,15 +105,23 @@ INSTANTIATE_TEST_SUITE_P(
                     UnitRow{"rd", "0.19883838383838384"}),
     [](const auto& row) { return row.param.name; });
 
-TEST(RepairMif, CopiesAFileWithoutFaultsByteForByte) {
+TEST(RepairMif, WritesNothingForAFileWithoutFaults) {
     const support::TemporaryFolder folder;
 
     const auto report =
         app::RepairMif(Data("clean-region.mif"), folder.path() / "copy.mif", app::IfExists::Refuse);
 
     EXPECT_EQ(report.count, 0U);
-    EXPECT_EQ(folder.Read("copy.mif"), BytesOf(Data("clean-region.mif")));
-    EXPECT_EQ(folder.Read("copy.mid"), BytesOf(Data("clean-region.mid")));
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST(RepairMif, LeavesAnEarlierCopyForAFileWithoutFaults) {
+    const support::TemporaryFolder folder;
+    folder.Write("copy.mif", "earlier");
+
+    app::RepairMif(Data("clean-region.mif"), folder.path() / "copy.mif", app::IfExists::Overwrite);
+
+    EXPECT_EQ(folder.Read("copy.mif"), "earlier");
 }
 
 TEST(RepairMif, SaysWhatItChanged) {
@@ -131,8 +139,10 @@ TEST(RepairMif, SaysWhatItChanged) {
 TEST(RepairMif, MakesNoMidFileWhereThereIsNone) {
     const support::TemporaryFolder folder;
 
+    folder.Write("a.mif", "Version 300\nCharset \"Neutral\"\nData\n\nPoint 1,5 2\n");
+
     const auto report =
-        app::RepairMif(Data("no-mid.mif"), folder.path() / "copy.mif", app::IfExists::Refuse);
+        app::RepairMif(folder.path() / "a.mif", folder.path() / "copy.mif", app::IfExists::Refuse);
 
     EXPECT_FALSE(report.hasMid);
     EXPECT_TRUE(folder.Has("copy.mif"));

@@ -80,6 +80,12 @@ const MessageRow kMessages[] = {
 INSTANTIATE_TEST_SUITE_P(, AClause, testing::ValuesIn(kMessages),
                          [](const auto& row) { return row.param.name; });
 
+TEST_P(AClause, IsNoMatterToCheckWhenTheSystemIsNamed) {
+    const Result result = sandbox_.Qolf({"check", "--assume-crs", "EPSG:32635", "a.mif"});
+
+    EXPECT_EQ(CountOf(result.out, "For qolf itself"), 0U) << result.out;
+}
+
 // Objects are read without the clause, so that no word of it can stop them.
 TEST(AClauseWithoutItsNumbers, LeavesTheDataLineAlone) {
     for (const char* const header : {"Version 300\n", "Version 300\n\nUnique\n", ""}) {

@@ -51,6 +51,16 @@ TEST_P(EachCommand, ExplainsTheSameUnderHelp) {
     EXPECT_EQ(sandbox.Qolf({"help", GetParam()}).out, sandbox.Qolf({GetParam(), "--help"}).out);
 }
 
+TEST_P(EachCommand, ExplainsTheOptionsOfAllCommands) {
+    const Sandbox sandbox;
+
+    const std::string help = sandbox.Qolf({GetParam(), "--help"}).out;
+
+    for (const char* option : {"-q,--quiet", "-v,--verbose", "--progress", "--no-progress"}) {
+        EXPECT_NE(help.find(std::string("\n  ") + option + " "), std::string::npos) << option;
+    }
+}
+
 TEST_P(EachCommand, RefusesAnUnknownOptionWithExitCode2) {
     const Sandbox sandbox;
 
@@ -72,7 +82,7 @@ TEST(TheCommandLine, NamesACommandThatThereIsNot) {
     const Result result = sandbox.Qolf({"covnert", "a.mif"});
 
     EXPECT_EQ(result.exitCode, 2);
-    EXPECT_EQ(result.err, "qolf: error: there is no command 'covnert'; qolf --help lists them\n");
+    EXPECT_EQ(result.err, "qolf: error: there is no command 'covnert'; did you mean convert?\n");
 }
 
 TEST(TheCommandLine, ExplainsItselfWhenNothingIsAsked) {
@@ -116,7 +126,51 @@ TEST_P(AWrongCommandLine, IsToldInALineThatNamesTheHelp) {
 INSTANTIATE_TEST_SUITE_P(
     , AWrongCommandLine,
     testing::Values(
-        UsageRow{"OptionsWithoutACommand", {"--quiet"}, "A subcommand is missing; see qolf --help"},
+        UsageRow{"OptionsWithoutACommand", {"--quiet"}, "no command is named; see qolf --help"},
+        UsageRow{"ACommandLikeNoOther",
+                 {"paint", "a.mif"},
+                 "there is no command 'paint'; qolf --help lists them"},
+        UsageRow{"AMisspeltOption",
+                 {"convert", "--overwite", "a.mif", "b.mif"},
+                 "convert: there is no option --overwite; did you mean --overwrite?"},
+        UsageRow{"AMisspeltOptionWithAValue",
+                 {"draw", "--wdith=3", "a.mif", "b.png"},
+                 "draw: there is no option --wdith; did you mean --width?"},
+        UsageRow{"AMisspeltOptionOfEveryCommand",
+                 {"--qiet", "info", "a.mif"},
+                 "info: there is no option --qiet; did you mean --quiet?"},
+        UsageRow{"ABegunOption",
+                 {"info", "--enc", "UTF-8", "a.mif"},
+                 "info: there is no option --enc; did you mean --encoding?"},
+        UsageRow{"AnOptionWithOneDash",
+                 {"info", "-jsno", "a.mif"},
+                 "info: there is no option -jsno; did you mean --json?"},
+        UsageRow{"AnOptionLikeNoOther",
+                 {"info", "--paint", "a.mif"},
+                 "info: there is no option --paint; see qolf help info"},
+        UsageRow{"AMisspeltCommandOfACommand",
+                 {"options", "rest"},
+                 "options: there is no command 'rest'; did you mean reset?"},
+        UsageRow{"AnArgumentTooMany",
+                 {"trace", "a.mif", "b.mif"},
+                 "trace: 'b.mif' is one argument too many; see qolf help trace"},
+        UsageRow{"AnOptionWithoutItsValue",
+                 {"convert", "a.mif", "b.mif", "--crs"},
+                 "convert: --crs needs a value: SYSTEM; see qolf help convert"},
+        UsageRow{"ANumberBelowNothing",
+                 {"convert", "--limit", "-1", "a.mif", "b.mif"},
+                 "convert: --limit: takes a whole number, 0 or more, not \"-1\"; see qolf help "
+                 "convert"},
+        UsageRow{"ANumberOutOfItsRange",
+                 {"convert", "--precision", "16", "a.mif", "b.mif"},
+                 "convert: --precision: takes a whole number from 0 to 15, not \"16\"; see qolf "
+                 "help convert"},
+        UsageRow{"AWordForANumber",
+                 {"draw", "--width", "wide", "a.mif", "b.png"},
+                 "draw: --width takes a number, not \"wide\"; see qolf help draw"},
+        UsageRow{"AnOptionWithoutAnother",
+                 {"convert", "--jobs", "2", "a.mif", "b.mif"},
+                 "convert: --jobs needs --output-dir; see qolf help convert"},
         UsageRow{"InfoOfNothing", {"info"}, "info: no file is named; see qolf help info"},
         UsageRow{
             "ConversionOfNothing", {"convert"}, "convert: no file is named; see qolf help convert"},
@@ -132,6 +186,74 @@ INSTANTIATE_TEST_SUITE_P(
                  {"help", "me"},
                  "there is no command 'me'; qolf --help lists them"}),
     [](const auto& row) { return row.param.name; });
+
+class AWrongValue : public testing::TestWithParam<UsageRow> {};
+
+TEST_P(AWrongValue, HasTheExitCodeOfAWrongCommandLine) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf(GetParam().arguments);
+
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_NE(result.err.find(GetParam().error), std::string::npos) << result.err;
+    EXPECT_TRUE(sandbox.Names().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , AWrongValue,
+    testing::Values(
+        UsageRow{"OfAFormat",
+                 {"convert", "--to", "shp", cli::Sample("texts.mif"), "a.x"},
+                 "--to shp: the formats are mif"},
+        UsageRow{"OfAnExtension",
+                 {"convert", cli::Sample("texts.mif"), "a.x"},
+                 "a.x: the format follows from the extension"},
+        UsageRow{"OfASystem",
+                 {"convert", "--crs", "Mars", cli::Sample("texts.mif"), "a.geojson"},
+                 "--crs Mars: "},
+        UsageRow{"OfAnAssumedSystem",
+                 {"draw", "--assume-crs", "EPSG:999999", cli::Sample("texts.mif"), "a.png"},
+                 "--assume-crs EPSG:999999: "},
+        UsageRow{"OfAnEncoding",
+                 {"info", "--encoding", "runes", cli::Sample("texts.mif")},
+                 "--encoding runes: "},
+        UsageRow{"OfAnOutputsEncoding",
+                 {"convert", "--output-encoding", "runes", cli::Sample("texts.mif"), "a.mif"},
+                 "encoding runes: "},
+        UsageRow{"OfAColumn",
+                 {"convert", "--select", "nme", cli::Sample("attributes.mif"), "a.geojson"},
+                 "there is no column \"nme\""},
+        UsageRow{"OfALabel",
+                 {"draw", "--label", "nme", cli::Sample("attributes.mif"), "a.png"},
+                 "--label nme: "},
+        UsageRow{"OfABox",
+                 {"draw", "--bbox", "1,2", cli::Sample("texts.mif"), "a.png"},
+                 "--bbox must be "},
+        UsageRow{"OfAColor",
+                 {"draw", "--background", "sky", cli::Sample("texts.mif"), "a.png"},
+                 "--background must be "},
+        UsageRow{"OfAPicture",
+                 {"draw", "--to", "gif", cli::Sample("texts.mif"), "a.gif"},
+                 "--to must be svg, png, pdf or html"},
+        UsageRow{"OfAStoredOption", {"options", "set", "RenderText=maybe"}, "RenderText=maybe"},
+        UsageRow{"WhereAStoredOptionHasNone",
+                 {"options", "set", "RenderText"},
+                 "\"RenderText\" lacks a value: RenderText=yes or RenderText=no"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(TheCommandLine, TakesTheOldNameOfToAndHidesIt) {
+    const Sandbox sandbox;
+
+    EXPECT_EQ(sandbox.Qolf({"convert", "--format", "gpkg", cli::Sample("texts.mif"), "a"}).exitCode,
+              0);
+    EXPECT_EQ(sandbox.Qolf({"draw", "--format", "svg", cli::Sample("texts.mif"), "b"}).exitCode, 0);
+
+    for (const char* command : {"convert", "draw"}) {
+        const std::string help = sandbox.Qolf({command, "--help"}).out;
+        EXPECT_NE(help.find("--to "), std::string::npos);
+        EXPECT_EQ(help.find("--format"), std::string::npos);
+    }
+}
 
 TEST(TheCommandLine, NamesAModuleThatThereIsNot) {
     const Sandbox sandbox;
@@ -153,6 +275,15 @@ TEST(TheCommandLine, RefusesALibraryThatIsNoModule) {
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.err,
               "qolf: error: " + library + ": is not a filter module: it lacks ImportMIF\n");
+}
+
+TEST(TheCommandLine, TakesTheOptionsOfAllCommandsBehindTheCommand) {
+    const Sandbox sandbox;
+    sandbox.Write("a.mif", "Version 300\nColumns 1\n  id Char(9)\n");
+
+    EXPECT_EQ(sandbox.Qolf({"info", "-q", "a.mif"}).err, "");
+    EXPECT_TRUE(sandbox.Qolf({"options", "set", "-v", "RenderText=yes"})
+                    .err.starts_with("qolf: detail: version "));
 }
 
 TEST(TheCommandLine, SaysNothingButErrorsWhenQuiet) {

@@ -176,7 +176,7 @@ TEST(ConvertToGeoJson, NamesTheColumnsThereAreForOneThereIsNot) {
     const Result result = sandbox.Qolf(
         {"convert", "--select", "nome", cli::Sample("real/osm_places.mif"), "out.geojson"});
 
-    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.exitCode, 2);
     EXPECT_NE(result.err.find("osm_id, code, fclass, population, name"), std::string::npos);
     EXPECT_TRUE(sandbox.Names().empty());
 }
@@ -467,7 +467,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "needs --to"},
         UsageRow{"AnUnknownColumn",
                  {"convert", "--select", "nix", cli::Sample("island.mif"), "o.geojson"},
-                 1,
+                 2,
                  "island.mif: --select: there is no column \"nix\"; the columns are: name, kind, "
                  "area_km2"},
         UsageRow{
@@ -480,11 +480,11 @@ INSTANTIATE_TEST_SUITE_P(
         UsageRow{"JobsWithoutAFolder",
                  {"convert", "--jobs", "2", "empty.mif", "o.geojson"},
                  2,
-                 "--jobs requires --output-dir"},
+                 "--jobs needs --output-dir"},
         UsageRow{"ResumingWithoutAFolder",
                  {"convert", "--resume", "empty.mif", "o.geojson"},
                  2,
-                 "--resume requires --output-dir"},
+                 "--resume needs --output-dir"},
         UsageRow{"AnUnknownEncoding",
                  {"convert", "--encoding", "EBCDIC-XY", "empty.mif", "o.geojson"},
                  2,

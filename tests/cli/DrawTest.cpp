@@ -60,12 +60,100 @@ TEST(Draw, WritesThePictureToStandardOutput) {
     const Sandbox sandbox;
 
     const Result result =
-        sandbox.Qolf({"draw", "--format", "svg", cli::Sample("island-places.mif"), "-"});
+        sandbox.Qolf({"draw", "--to", "svg", cli::Sample("island-places.mif"), "-"});
 
     EXPECT_EQ(result.exitCode, 0) << result.err;
     EXPECT_TRUE(result.out.starts_with("<?xml")) << result.out.substr(0, 100);
     EXPECT_TRUE(result.out.ends_with("</svg>\n"));
     EXPECT_TRUE(sandbox.Names().empty());
+}
+
+TEST(DrawOfAPage, WritesOneFile) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"draw", cli::Sample("island-places.mif"), "map.html"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(sandbox.Names(), std::vector<std::string>{"map.html"});
+    EXPECT_TRUE(sandbox.Read("map.html").starts_with("<!DOCTYPE html>"));
+    EXPECT_TRUE(sandbox.Read("map.html").ends_with("</html>\n"));
+}
+
+TEST(DrawOfAPage, WritesItToStandardOutput) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"draw", "--format", "html", cli::Sample("island-places.mif"), "-"});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_TRUE(result.out.starts_with("<!DOCTYPE html>")) << result.out.substr(0, 100);
+    EXPECT_TRUE(sandbox.Names().empty());
+}
+
+TEST(DrawOfAPage, IsTheSameEachTime) {
+    const Sandbox sandbox;
+    const std::vector<std::string> arguments{"draw", cli::Sample("island.mif")};
+    for (const char* const name : {"a.html", "b.html"}) {
+        std::vector<std::string> all = arguments;
+        all.emplace_back(name);
+        EXPECT_EQ(sandbox.Qolf(all).exitCode, 0);
+    }
+
+    EXPECT_EQ(sandbox.Read("a.html"), sandbox.Read("b.html"));
+}
+
+TEST(DrawOfAPage, NamesNoOtherPlaceToAsk) {
+    const Sandbox sandbox;
+    sandbox.Qolf({"draw", cli::Sample("island-places.mif"), "map.html"});
+    const std::string page = sandbox.Read("map.html");
+
+    EXPECT_NE(page.find("content=\"default-src 'none'; script-src 'sha256-"), std::string::npos);
+    EXPECT_NE(page.find("img-src data:; base-uri 'none'"), std::string::npos);
+    EXPECT_EQ(page.find(" src=\"http"), std::string::npos);
+}
+
+TEST(DrawOfAPage, LeavesOutWhatLiesOutsideTheBoxAndSaysWhenThatIsAll) {
+    const Sandbox sandbox;
+
+    const Result result =
+        sandbox.Qolf({"draw", "--bbox", "1,2,3,4", cli::Sample("island-places.mif"), "map.html"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "qolf: warning: no object lies in --bbox 1,2,3,4\n");
+}
+
+TEST(DrawOfAPage, ThatIsTooLargeSaysWhichSizeWouldDo) {
+    const Sandbox sandbox;
+    std::string points = R"({"type":"FeatureCollection","features":[)";
+    for (int i = 0; i < 10000; ++i) {
+        points += (i > 0 ? ",\n" : "") +
+                  std::string(R"({"type":"Feature","properties":{"name":"a rather long name"},)") +
+                  R"("geometry":{"type":"Point","coordinates":[)" + std::to_string(i * 0.001) +
+                  ",5]}}";
+    }
+    sandbox.Write("points.geojson", points + "]}");
+
+    const Result result = sandbox.Qolf({"draw", "--size", "500K", "points.geojson", "map.html"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.err.find("more than 0.5 MB; allow that with --size 2M"), std::string::npos)
+        << result.err;
+    EXPECT_EQ(sandbox.Names(), std::vector<std::string>{"points.geojson"});
+}
+
+TEST(DrawOfAPage, WarnsOfALayerThatHasNoPlaceBesideOneThatHas) {
+    const Sandbox sandbox;
+    sandbox.Write("plan.mif", "Version 300\nCoordSys NonEarth Units \"m\"\nColumns 0\nData\n"
+                              "Point 500000 500000\n");
+
+    const Result result =
+        sandbox.Qolf({"draw", cli::Sample("island-places.mif"), "plan.mif", "map.html"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err,
+              "qolf: warning: plan.mif: has no coordinate system of the Earth; left out\n");
+    EXPECT_EQ(sandbox.Read("map.html").find("500000"), std::string::npos);
 }
 
 struct RefusalRow {
@@ -119,9 +207,19 @@ INSTANTIATE_TEST_SUITE_P(
                    {"draw", "--width", "wide", "empty.mif", "o.png"},
                    2,
                    "--width"},
+        RefusalRow{"APageOfAWidth",
+                   {"draw", "--width", "500", "empty.mif", "o.html"},
+                   2,
+                   "--width is for pictures: a page is as large as its window"},
+        RefusalRow{"APictureOfASize",
+                   {"draw", "--size", "5M", "empty.mif", "o.png"},
+                   2,
+                   "--size is for pages: give the output the extension .html"},
+        RefusalRow{
+            "APageOfAMissingFile", {"draw", "missing.mif", "o.html"}, 1, "missing.mif: can't open"},
         RefusalRow{"AnUnknownSystem",
                    {"draw", "--crs", "EPSG:99999", "empty.mif", "o.png"},
-                   1,
+                   2,
                    "no coordinate system that PROJ knows"}),
     [](const auto& row) { return row.param.name; });
 

@@ -46,7 +46,9 @@ constexpr const char* kValues =
 
 void WriteHostilePair(const Sandbox& sandbox) {
     sandbox.Write("in.mif", kMif);
-    sandbox.Write("in.mid", std::string(kValues) + kValues + kValues);
+    std::string rows = std::string(kValues) + kValues + kValues;
+    rows.pop_back();  // a missing line end is repaired
+    sandbox.Write("in.mid", rows);
 }
 
 // What a user may do with a file, with the files that it leaves.

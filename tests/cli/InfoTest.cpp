@@ -291,7 +291,7 @@ TEST(Info, RefusesAnAssumedSystemThatIsNone) {
 
     const Result result = sandbox.Qolf({"info", "--assume-crs", "EPSG:1", "a.mif"});
 
-    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.exitCode, 2);
     EXPECT_NE(result.err.find("--assume-crs EPSG:1: "), std::string::npos) << result.err;
 }
 

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -96,6 +97,135 @@ TEST(Options, OfAnotherNameAreAUsageError) {
 
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_NE(result.err.find("\"Colours\""), std::string::npos);
+}
+
+TEST(Options, WithoutAValueAreAUsageError) {
+    const Sandbox sandbox;
+
+    const Result result = sandbox.Qolf({"options", "set", "RenderText"});
+
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_NE(
+        sandbox.Qolf({"options"}).out.find("RenderText     yes  export: take texts (default)"),
+        std::string::npos);
+}
+
+// Everything that can be stored, otherwise than by default.
+void StoreAll(const Sandbox& sandbox) {
+    const Result result = sandbox.Qolf({"options", "set", "AreasToCurves=yes", "IgnoreStyles=yes",
+                                        "RenderText=no", "RenderMarkers=no"});
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+}
+
+// A command line, and the file that it makes; empty: it prints.
+struct StoredOptionsRow {
+    std::string name;
+    std::vector<std::string> arguments;
+    std::string output;
+};
+
+std::string Outcome(const Sandbox& sandbox, const StoredOptionsRow& row) {
+    const Result result = sandbox.Qolf(row.arguments);
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    return result.out + result.err + sandbox.Read(row.output);
+}
+
+class WithAllOptionsStored : public testing::TestWithParam<StoredOptionsRow> {};
+
+TEST_P(WithAllOptionsStored, TheOutputIsTheSame) {
+    const Sandbox without;
+    const Sandbox with;
+    StoreAll(with);
+
+    const std::string expected = Outcome(without, GetParam());
+
+    EXPECT_FALSE(expected.empty());
+    EXPECT_EQ(Outcome(with, GetParam()), expected);
+}
+
+// Texts, points, areas and their styles are in this file.
+const std::string kObjects = cli::Sample("objects.mif");
+
+INSTANTIATE_TEST_SUITE_P(
+    , WithAllOptionsStored,
+    testing::Values(
+        StoredOptionsRow{"OfAConversionToMif", {"convert", kObjects, "a.mif"}, "a.mif"},
+        StoredOptionsRow{
+            "OfAConversionToGeoJson", {"convert", "--styles", kObjects, "a.geojson"}, "a.geojson"},
+        StoredOptionsRow{"OfAConversionWithAnOptionString",
+                         {"convert", "--option-string", "RenderText=0", kObjects, "a.mif"},
+                         "a.mif"},
+        StoredOptionsRow{"OfABatch",
+                         {"convert", "--to", "geojsonl", "--output-dir", "out", kObjects},
+                         "out/objects.geojsonl"},
+        StoredOptionsRow{"OfADrawing", {"draw", kObjects, "a.svg"}, "a.svg"},
+        StoredOptionsRow{"OfADrawingAsIs", {"draw", "--as-is", kObjects, "a.svg"}, "a.svg"},
+        StoredOptionsRow{"OfInfo", {"info", "--count", kObjects}, ""},
+        StoredOptionsRow{"OfInfoAsIs", {"info", "--count", "--as-is", kObjects}, ""},
+        StoredOptionsRow{"OfACheck", {"check", "--json", kObjects}, ""}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(StoredOptions, ArriveInAPackageUnheard) {
+    const Sandbox without;
+    const Sandbox with;
+    StoreAll(with);
+    const auto package = [](const Sandbox& sandbox) {
+        sandbox.Qolf({"convert", kObjects, "a.gpkg"});
+        return sandbox.Qolf({"convert", "a.gpkg", "-"}).out;
+    };
+
+    EXPECT_NE(package(without).find("\"Feature\""), std::string::npos);
+    EXPECT_EQ(package(with), package(without));
+}
+
+TEST(StoredOptions, StayAsTheyAreWhenAConversionHasItsOwn) {
+    const Sandbox sandbox;
+    sandbox.Qolf({"options", "set", "RenderText=yes"});
+
+    sandbox.Qolf({"convert", "--option-string", "RenderText=0", kObjects, "a.mif"});
+
+    EXPECT_NE(sandbox.Qolf({"options"}).out.find("RenderText     yes  export: take texts\n"),
+              std::string::npos);
+}
+
+TEST(StoredOptions, ActOnTheModulesOwnExport) {
+    const Sandbox without;
+    const Sandbox with;
+    StoreAll(with);
+    const std::vector<std::string> arguments = {"convert", "--as-is", kObjects, "a.mif"};
+
+    without.Qolf(arguments);
+    with.Qolf(arguments);
+
+    EXPECT_NE(without.Read("a.mif").find("TEXT"), std::string::npos);
+    EXPECT_NE(without.Read("a.mif").find("REGION"), std::string::npos);
+    EXPECT_EQ(with.Read("a.mif").find("TEXT"), std::string::npos);
+    EXPECT_EQ(with.Read("a.mif").find("REGION"), std::string::npos);
+    EXPECT_NE(with.Read("a.mif").find("PLINE"), std::string::npos);
+}
+
+TEST(StoredOptions, ActOnTheModulesOwnImport) {
+    const Sandbox without;
+    const Sandbox with;
+    StoreAll(with);
+    const std::vector<std::string> arguments = {"convert", "--as-is", cli::Sample("island.mif"),
+                                                "-"};
+
+    EXPECT_NE(without.Qolf(arguments).out.find("\"Polygon\""), std::string::npos);
+    EXPECT_EQ(with.Qolf(arguments).out.find("\"type\":\"Polygon\""), std::string::npos);
+}
+
+TEST(StoredOptions, AreLeftOutOfTheModulesOwnRunsByNoStore) {
+    const Sandbox without;
+    const Sandbox with;
+    StoreAll(with);
+    const std::vector<std::string> arguments = {"convert", "--as-is", "--no-store", kObjects,
+                                                "a.mif"};
+
+    without.Qolf(arguments);
+    with.Qolf(arguments);
+
+    EXPECT_EQ(with.Read("a.mif"), without.Read("a.mif"));
 }
 
 TEST(OptionsPage, WithoutATerminalSaysWhatToDoInstead) {

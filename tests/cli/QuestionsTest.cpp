@@ -75,7 +75,7 @@ TEST(AQuestionOfConvert, NamesTheColumnThatWasMeant) {
     const Result result =
         sandbox.Qolf({"convert", "--where", "areakm2 > 1", cli::Sample("island.mif"), "o.geojson"});
 
-    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.exitCode, 2);
     EXPECT_NE(result.err.find("there is no column \"areakm2\"; did you mean \"area_km2\"? The "
                               "columns are: name, kind, area_km2"),
               std::string::npos)
@@ -146,7 +146,7 @@ TEST(AQuestionOfDraw, FailsForAColumnThatNoLayerHas) {
     const Result result = sandbox.Qolf({"draw", "--where", "pavedd", cli::Sample("island.mif"),
                                         cli::Sample("island-ways.mif"), "o.svg"});
 
-    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.exitCode, 2);
     EXPECT_NE(result.err.find("did you mean \"paved\""), std::string::npos) << result.err;
     EXPECT_EQ(result.err.find("drawn whole"), std::string::npos) << result.err;
 }
@@ -209,7 +209,7 @@ TEST(StatisticsOfInfo, AreNeededForAQuestion) {
     const Result result = sandbox.Qolf({"info", "--where", "a", cli::Sample("island.mif")});
 
     EXPECT_EQ(result.exitCode, 2);
-    EXPECT_NE(result.err.find("--where requires --stats"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("--where needs --stats"), std::string::npos) << result.err;
 }
 
 }  // namespace

@@ -240,7 +240,7 @@ TEST(Replay, TracesAFailedWriteAsTheLastCallButTheEndOfTheProgress) {
     const Result result = sandbox.Qolf({"replay", "--no-store", "--trace", "in.jsonl", "out.mif"});
 
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.err, "qolf: error: out.mif: File write error\n");
+    EXPECT_EQ(result.err, "qolf: error: out.mif: can't write: File too large\n");
     EXPECT_TRUE(result.out.ends_with(
         "{\"call\":\"Throw_ERR_FILE_WRITE\",\"source\":\"MifExportFilter\",\"line\":402,"
         "\"texts\":[\"out.mif\",\"File write error\"]}\n{\"call\":\"ProgressEnd\"}\n"))

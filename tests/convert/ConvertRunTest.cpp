@@ -93,7 +93,7 @@ TEST_F(AConversion, StopsReadingAtTheLimit) {
 
 TEST_F(AConversion, NamesTheLayerAsTold) {
     folder_.Write("in.geojsonl", kLines);
-    options_.layer = "places";
+    options_.layers = {"places"};
 
     EXPECT_EQ(Run({"in.geojsonl", "out.geojson"}), 0);
 
@@ -108,8 +108,9 @@ TEST_F(AConversion, MakesALayerOfEachInput) {
     EXPECT_EQ(Run({"a.geojsonl", "b.geojsonl", "out.gpkg"}), 0);
 
     EXPECT_EQ(ErrorOf<app::Failure>({"out.gpkg", "back.geojson"}),
-              InFolder("out.gpkg") + ": holds several layers; choose one with --layer: a, b");
-    options_.layer = "b";
+              InFolder("out.gpkg") + ": holds several layers; choose with --layer, or merge them "
+                                     "with --merge, or write a file each with --output-dir: a, b");
+    options_.layers = {"b"};
     EXPECT_EQ(Run({"out.gpkg", "back.geojsonl"}), 0);
     EXPECT_EQ(folder_.Read("back.geojsonl"), kLines);
 }
@@ -218,10 +219,11 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         RefusedRow{"OneFile", {"a.geojson"}, "", "convert needs an input and an output"},
         RefusedRow{"AFolder", {"maps", "out.gpkg"}, "", "maps: is a folder; --output-dir FOLDER"},
-        RefusedRow{"SeveralInputs",
-                   {"a.geojson", "b.geojson", "out.mif"},
-                   "",
-                   "several inputs become one output only as a GeoPackage"},
+        RefusedRow{
+            "SeveralInputs",
+            {"a.geojson", "b.geojson", "out.mif"},
+            "",
+            "several inputs become one output only as a GeoPackage, or as one layer with --merge"},
         RefusedRow{"AnUnknownInput", {"a.shp", "out.mif"}, "", "a.shp: the format follows"},
         RefusedRow{"AnUnknownOutput", {"a.geojson", "out.shp"}, "", "out.shp: the format follows"},
         RefusedRow{"AnUnknownFormat",

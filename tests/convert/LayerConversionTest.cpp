@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <optional>
 #include <string>
 
 namespace {
@@ -115,6 +117,23 @@ TEST_F(ALayerConversion, RoundsCoordinatesWhenTold) {
     Take(conversion, support::PointAt(1.26, -0.05));
 
     EXPECT_EQ(target_.features.front().geometry.points.front(), (shr::Vec2d{1.3, -0.1}));
+}
+
+TEST_F(ALayerConversion, GivesReprojectedCoordinatesAsManyDecimalsAsTold) {
+    const auto rounded = [this](std::optional<int> precision) {
+        options_.precision = precision;
+        app::LayerConversion conversion = To("geojson");
+        static_cast<void>(conversion.Begin(Facts("EPSG:32635"), "roads.mif"));
+        Take(conversion, support::PointAt(512345.678, 6543210.987));
+        return target_.features.back().geometry.points.front().x;
+    };
+
+    const double usual = rounded(std::nullopt);
+    const double more = rounded(12);
+
+    EXPECT_NE(more, usual);
+    EXPECT_EQ(usual, std::round(more * 1e9) / 1e9);
+    EXPECT_EQ(more, std::round(more * 1e12) / 1e12);
 }
 
 TEST_F(ALayerConversion, EndsWithTheLimit) {

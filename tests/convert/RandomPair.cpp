@@ -229,8 +229,10 @@ void RandomPair::AddRow() {
 
 std::string RandomPair::Value(std::string_view type) {
     if (type.starts_with("Char")) {
-        const std::vector<std::string> texts = {
-            Text(), Text(), Text(), "", "two\nlines", std::string("a") + delimiter_ + "b"};
+        const std::vector<std::string> texts = {Text(),       Text(),
+                                                Text(),       "",
+                                                "two\nlines", "  " + Text() + " ",
+                                                " ",          std::string("a") + delimiter_ + "b"};
         return '"' + OneOf(texts) + '"';
     }
     if (Chance(15)) {

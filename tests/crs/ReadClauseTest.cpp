@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -206,11 +207,52 @@ const ProblemRow kProblems[] = {
 INSTANTIATE_TEST_SUITE_P(, AProblem, testing::ValuesIn(kProblems),
                          [](const auto& row) { return row.param.name; });
 
+struct VersionRow {
+    std::string name;
+    std::string clause;
+    std::optional<int> version;
+};
+void PrintTo(const VersionRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class ANeededVersion : public testing::TestWithParam<VersionRow> {};
+
+TEST_P(ANeededVersion, IsTheLowestThatHasAllOfTheClause) {
+    EXPECT_EQ(app::VersionOfClause(GetParam().clause), GetParam().version);
+}
+
+// clang-format off
+const VersionRow kVersions[] = {
+    {"Plane", R"(NonEarth Units "m" Bounds (0, 0) (9, 9))", 300},
+    {"OldCodes", R"(Earth Projection 8, 104, "m", 27, 0, 1, 500000, 0)", 300},
+    {"DatumOfItsOwnNumbers", R"(Earth Projection 8, 999, 28, 1, 2, 3, "m", 27, 0, 1, 500000, 0)", 450},
+    {"DatumWithRotations", R"(Earth Projection 1, 9999, 28, 1, 2, 3, 4, 5, 6, 7, 0)", 450},
+    {"LaterDatum", R"(Earth Projection 8, 1016, "m", 27, 0, 1, 500000, 0)", 600},
+    {"LaterProjection", R"(Earth Projection 24, 104, "m", 27, 0, 1, 500000, 0)", app::KnownProjection(24)->fromVersion},
+    {"Affine", R"(Earth Projection 10, 104, "m", 0 Affine Units "m", 1, 0, 5, 0, 1, 5)", 650},
+    {"AffineByItsCode", R"(Earth Projection 1010, 104, "m", 15, 1, 2, 3, 4, 5, 6)", 650},
+    {"UnknownProjection", R"(Earth Projection 777, 104, "m", 1, 2)", std::nullopt},
+    {"UnknownDatum", R"(Earth Projection 8, 777, "m", 27, 0, 1, 500000, 0)", std::nullopt},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(, ANeededVersion, testing::ValuesIn(kVersions),
+                         [](const auto& row) { return row.param.name; });
+
 TEST(AClauseOfAPlane, HasItsUnit) {
     EXPECT_EQ(app::UnitInWords(app::ReadClause("NonEarth Units \"ft\" Bounds (0, 0) (9, 9)")),
               "ft");
     EXPECT_EQ(app::ReadClause("Layout Units \"cm\"").kind, app::SystemKind::Plane);
     EXPECT_EQ(app::ReadClause("").kind, app::SystemKind::Plane);
+}
+
+TEST(AClauseOfAPlane, WarnsOfAKindThatIsNotKnown) {
+    EXPECT_THAT(app::ReadClause("Layout Units \"cm\"").warnings, IsEmpty());
+    EXPECT_THAT(app::ReadClause("").warnings, IsEmpty());
+    EXPECT_THAT(app::ReadClause("Somewhere Units \"m\"").warnings,
+                ElementsAre("the CoordSys clause names no kind of system that is known; the "
+                            "coordinates are taken as plain numbers"));
 }
 
 // The register's system for the same maps has rounded parallels, 43 mm away.

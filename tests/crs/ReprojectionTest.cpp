@@ -33,6 +33,20 @@ TEST(AReprojection, MovesPointsThereAndBack) {
     EXPECT_NEAR(points[1].y, 6000000, 1e-3);
 }
 
+TEST(AReprojection, RoundsDegreesUnlessAllDecimalsAreKept) {
+    std::vector<shr::Vec2d> points = {{512345.678, 6543210.987}};
+    std::vector<shr::Vec2d> whole = points;
+
+    app::Reprojection(Utm35(), app::Wgs84System()).Apply(points);
+    app::Reprojection exact(Utm35(), app::Wgs84System());
+    exact.KeepAllDecimals();
+    exact.Apply(whole);
+
+    EXPECT_EQ(points[0].x, std::round(whole[0].x * 1e9) / 1e9);
+    EXPECT_NE(points[0].x, whole[0].x);
+    EXPECT_NEAR(points[0].x, whole[0].x, 1e-9);
+}
+
 TEST(AReprojection, MovesEveryMemberOfAFeature) {
     const app::CoordinateSystem utm = Utm35();
     app::Feature feature;

@@ -76,13 +76,15 @@ INSTANTIATE_TEST_SUITE_P(
     , DrawRefuses,
     testing::Values(
         RefusalRow{"ASingleFile", [](auto& a) { a.files = {"a.mif"}; },
-                   "draw needs one or more files and, as the last one, the picture"},
-        RefusalRow{"AnotherExtension", [](auto& a) { a.files.back() = "map.jpg"; },
-                   "'map.jpg': the picture comes last and ends in .svg, .png or .pdf"},
+                   "draw needs one or more files and, as the last one, the picture or page"},
+        RefusalRow{
+            "AnotherExtension", [](auto& a) { a.files.back() = "map.jpg"; },
+            "'map.jpg': the picture comes last and ends in .svg, .png or .pdf; a page for the "
+            "browser ends in .html"},
         RefusalRow{"StandardOutputWithoutAFormat", [](auto& a) { a.files.back() = "-"; },
-                   "a picture for standard output needs --format svg, png or pdf"},
+                   "a map for standard output needs --to svg, png, pdf or html"},
         RefusalRow{"AnUnknownFormat", [](auto& a) { a.format = "gif"; },
-                   "--format must be svg, png or pdf; found 'gif'"},
+                   "--to must be svg, png, pdf or html; found 'gif'"},
         RefusalRow{"AHugeWidth", [](auto& a) { a.width = 20000; },
                    "--width must be from 1 to 16384 pixels; found 20000"},
         RefusalRow{"NoWidth", [](auto& a) { a.width = 0; },

@@ -1,7 +1,7 @@
 // What a map keeps of its geometry until it is drawn.
 #include "app/draw/GeometrySpool.h"
 
-#include "app/draw/TextFrame.h"
+#include "app/map/TextFrame.h"
 #include "tests/draw/Picture.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Point symbols: shapes, sizes and characters of symbol fonts.
 #include "app/draw/MarkerPainter.h"
 
-#include "app/draw/FontCatalogue.h"
+#include "app/map/FontCatalogue.h"
 #include "tests/draw/Picture.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "tests/draw/Picture.h"
 
 #include "app/draw/MapFrame.h"
-#include "app/draw/TextFrame.h"
 #include "app/feature/ObjectStyles.h"
+#include "app/map/TextFrame.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,5 +1,5 @@
 // Texts: where their ink lies. The letters depend on the system's fonts, their place does not.
-#include "app/draw/TextFrame.h"
+#include "app/map/TextFrame.h"
 #include "tests/draw/Picture.h"
 
 #include <gtest/gtest.h>

@@ -23,13 +23,6 @@ TEST(Viewport, FindsTheWayBack) {
     EXPECT_DOUBLE_EQ(world.y, 21.0);
 }
 
-TEST(IsDrawable, RefusesWhatIsNoNumberOrBeyondAllLimits) {
-    EXPECT_TRUE(app::IsDrawable(-180.0, 90.0));
-    EXPECT_FALSE(app::IsDrawable(std::numeric_limits<double>::quiet_NaN(), 0.0));
-    EXPECT_FALSE(app::IsDrawable(0.0, std::numeric_limits<double>::infinity()));
-    EXPECT_FALSE(app::IsDrawable(1.7e308, 0.0));
-}
-
 TEST(LongitudeStretch, IsTheCosineOfTheMiddleLatitude) {
     EXPECT_NEAR(app::LongitudeStretch({0, 50, 10, 70}), 0.5, 1e-12);
     EXPECT_DOUBLE_EQ(app::LongitudeStretch({-180, -90, 180, 90}), 1.0);

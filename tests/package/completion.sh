@@ -38,6 +38,17 @@ for command in $(subcommands_of "$qolf"); do
     subcommands=$(subcommands_of "$qolf" "$command")
     expect "${subcommands:-$'rivers.mif\nroads.mif'}" "the words after $command" "$command" ""
 done
-expect roads.mif "a file as an option's value" info --encoding ro
+expect "$(printf 'geojson\ngeojsonl\ngeojsons')" "the formats of a conversion" convert --to geo
+expect pdf "the formats of a picture" draw --to pd
+expect wgs84 "a system" convert a.mif --crs wg
+expect EPSG:3301 "the code of a system" draw --assume-crs EPSG:3301
+expect 3301 "the code of a system, as bash splits it" convert --crs EPSG : 3301
+expect CP1251 "an encoding" info --encoding CP1251
+expect "$(printf 'RenderText=no\nRenderText=yes')" "the options to set" options set RenderT
+expect "$(printf 'no\nyes')" "the values of an option, as bash splits them" \
+    options set RenderText = ""
+expect "IgnoreStyles=yes" "a second option" options set RenderText=no IgnoreStyles=y
+expect "no" "a second value" options set RenderText = no IgnoreStyles = n
+expect roads.mif "a file as an option's value" info --module ro
 expect "--version" "an option's beginning" --vers
 [ "$failures" -eq 0 ]

@@ -31,7 +31,7 @@ done
 
 # The terms of every library that is linked in.
 for library in bzip2 cairo geos libarchive libpng pixman proj sqlite3 xz zlib boost cli11 \
-    nlohmann-json gcc-mingw-w64-base mingw-w64-x86-64-dev; do
+    leaflet nlohmann-json gcc-mingw-w64-base mingw-w64-x86-64-dev; do
     ls "$unpacked/licences/$library"/* >/dev/null || fail "the terms of $library are missing"
 done
 [ -f "$unpacked/proj/proj.db" ] || fail "proj.db is missing"

@@ -1,5 +1,7 @@
 #include "app/crs/detail/ProjectionMath.h"
 
+#include "app/base/Angles.h"
+
 #include <cmath>
 #include <numbers>
 

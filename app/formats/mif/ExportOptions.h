@@ -1,4 +1,4 @@
-// The export's options, which users store or give to a single run.
+// The options of an export, as the option string has them.
 #pragma once
 
 #include "app/feature/Target.h"
@@ -6,9 +6,8 @@
 
 namespace app {
 
-// Returns what the options mean for what is written, with the module's own rules: its defaults or
-// the stored options, then those of the option string, which are stored unless it says
-// ForgetOptions.
+// Returns what the option string means for what is written, with the module's own rules. Stored
+// options are for the module's own runs: what someone stored last month drops no object here.
 ObjectChoices ObjectChoicesOf(const TargetOptions& options);
 
 }  // namespace app

@@ -121,9 +121,12 @@ void MifSource::MakeRun(const std::filesystem::path& path, Reporter& reporter) {
     settings.path = path;
     settings.shownPath = path_;
     settings.noStore = options_.noStore;
-    // The filters share the option AreasToCurves. Areas become curves on the way out, when that is
-    // asked for, and never on the way in.
-    settings.optionString = "Defaults=1;ForgetOptions=1";
+    if (!options_.asIs) {
+        // What a user has stored is for the module's own runs. The filters also share the option
+        // AreasToCurves: areas become curves on the way out, when that is asked for.
+        settings.noStore = true;
+        settings.optionString = "Defaults=1;ForgetOptions=1";
+    }
     settings.codePage = standalone::CodePage0();
     settings.modulePath = options_.modulePath;
     run_.emplace(std::move(settings), reporter);
@@ -155,8 +158,15 @@ void MifSource::BeginReading(Reporter& reporter) {
         SetCodePageFor(header_, options_.encoding, reading_->Pair().areLettersUtf8, Name(),
                        reporter);
         MakeRun(reading_->Copy().Path(), reporter);
+        codePage_ = standalone::CodePage0();
     }
+    UseOwnCodePage();
     FillFacts();
+}
+
+// Another source may have set its own since.
+void MifSource::UseOwnCodePage() const {
+    static_cast<void>(standalone::SetCodePage0(codePage_));
 }
 
 void MifSource::FillFacts() {
@@ -179,7 +189,9 @@ void MifSource::Read(Reporter& reporter, const FeatureSink& sink) {
 }
 
 void MifSource::ReadJoined(Reporter& reporter, const FeatureSink& sink) {
-    const bool hasRows = !reading_->Pair().mid.empty() && !header_.columns.empty();
+    UseOwnCodePage();
+    const bool hasRows =
+        !options_.withoutValues && !reading_->Pair().mid.empty() && !header_.columns.empty();
     const InputFile mid = hasRows ? OpenInput(reading_->Pair().mid) : nullptr;
     if (hasRows && mid == nullptr) {
         throw Failure(PathText(reading_->Pair().mid) + ": can't be opened");

@@ -49,6 +49,7 @@ public:
 private:
     void BeginAsIs(Reporter& reporter);
     void BeginReading(Reporter& reporter);
+    void UseOwnCodePage() const;
     void FillFacts();
     LayerFacts CompletedFacts();
     void MakeRun(const std::filesystem::path& path, Reporter& reporter);
@@ -64,6 +65,8 @@ private:
     std::unique_ptr<PairReading> reading_;  // null with --as-is, and before the first Begin
     std::optional<ImportRun> run_;          // absent before the first Begin
     LayerFacts facts_;
+    std::string
+        codePage_;  // once begun without --as-is: the process may read one file after another
     bool hasSaidCares_ = false;
 };
 

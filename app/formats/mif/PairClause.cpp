@@ -1,6 +1,7 @@
 #include "app/formats/mif/PairClause.h"
 
 #include "app/crs/CoordinateSystem.h"
+#include "app/crs/ReadClause.h"
 #include "app/crs/WriteClause.h"
 
 #include <utility>
@@ -20,7 +21,8 @@ BoundsPlace BoundsPlaceOf(const Clause& clause) {
 
 PairClause ClauseFor(const LayerFacts& layer) {
     if (layer.pair && !layer.pair->coordSysText.empty()) {
-        return {layer.pair->coordSysText, BoundsPlace::Nowhere, layer.pair->version};
+        const std::string& text = layer.pair->coordSysText;
+        return {text, BoundsPlace::Nowhere, VersionOfClause(text).value_or(layer.pair->version)};
     }
     if (layer.system != nullptr && layer.system->clause) {
         const Clause& clause = *layer.system->clause;

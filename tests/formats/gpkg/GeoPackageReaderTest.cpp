@@ -3,7 +3,9 @@
 
 #include "app/base/Errors.h"
 #include "app/crs/Reprojection.h"
+#include "app/sqlite/Sqlite.h"
 #include "tests/formats/gpkg/Package.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -208,8 +210,10 @@ TEST_F(GeoPackageReader, ReadsALayerByItsName) {
 TEST_F(GeoPackageReader, AsksWhichOfSeveralLayers) {
     WriteTwoLayers();
 
-    EXPECT_EQ(ErrorOf(), Path().string() + ": holds several layers; choose one with --layer: "
-                                           "roads, places");
+    EXPECT_EQ(ErrorOf(), Path().string() +
+                             ": holds several layers; choose with --layer, or merge them with "
+                             "--merge, or write a file each with --output-dir: "
+                             "roads, places");
 }
 
 TEST_F(GeoPackageReader, NamesTheLayersThatAreThere) {
@@ -265,6 +269,20 @@ TEST_F(GeoPackageReader, TakesATableNameThatIsSqlAsAName) {
 
     EXPECT_EQ(Read().size(), 1U);
     EXPECT_EQ(Query("SELECT count(*) FROM gpkg_contents"), "1");
+}
+
+// As a full disk is for SQLite; the words are those of every other output.
+TEST(ADatabase, OnAFullDiskSaysThatThereIsNoSpaceLeft) {
+    const support::TemporaryFolder folder;
+    app::SqliteDatabase database(folder.path() / "a.gpkg", app::SqliteDatabase::Mode::Create,
+                                 "a.gpkg");
+    database.Execute("PRAGMA max_page_count = 2; CREATE TABLE t (text)");
+    try {
+        database.Execute("INSERT INTO t VALUES (hex(zeroblob(100000)))");
+        FAIL() << "more was written than there is space for";
+    } catch (const app::Failure& failure) {
+        EXPECT_STREQ(failure.what(), "a.gpkg: can't write: No space left on device");
+    }
 }
 
 }  // namespace

@@ -113,6 +113,20 @@ TEST_F(MifSource, HandsOverObjectsWithTypedValues) {
     EXPECT_EQ(messages_.Text(), "");
 }
 
+TEST_F(MifSource, ReadsNoRowsWhenNobodyWantsTheirValues) {
+    WritePair(std::string(kHeader) + "Point 1 2\nLine 1 2 3 4\n", "1,\"a\"\n");
+    options_.withoutValues = true;
+    app::MifSource source(Path(), options_);
+    source.Begin(0, messages_.Reporter());
+
+    const std::vector<app::Feature> features = FeaturesOf(source);
+
+    ASSERT_EQ(features.size(), 2U);
+    EXPECT_EQ(features[0].values, std::vector<app::Value>(2));
+    EXPECT_EQ(features[1].geometry.kind, GeometryKind::Line);
+    EXPECT_EQ(messages_.Text(), "");
+}
+
 TEST_F(MifSource, ReadsTextsInTheirCharset) {
     WritePair("Version 450\nCharset \"WindowsCyrillic\"\nDelimiter \",\"\n"
               "CoordSys NonEarth Units \"m\"\nColumns 1\n  \xE8 Char(9)\nData\n\nPoint 1 2\n",

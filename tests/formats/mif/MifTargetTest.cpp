@@ -320,6 +320,20 @@ TEST_F(MifTarget, RefusesAnEncodingThatMifFilesDoNotHave) {
     }
 }
 
+TEST_F(MifTarget, WritesTheLowestVersionThatHasTheClauseOfItsPair) {
+    layer_.columns = {Column("name", ColumnKind::Char)};
+    layer_.pair = {.version = 900,
+                   .charset = "WindowsLatin1",
+                   .codePage = "CP1252",
+                   .delimiter = ",",
+                   .coordSysText =
+                       "CoordSys Earth Projection 8, 1016, \"m\", 27, 0, 1, 3500000, 0"};
+
+    Write({PointAt(1, 2, {"a"})});
+
+    EXPECT_TRUE(folder_.Read("out.mif").starts_with("Version 600\n")) << folder_.Read("out.mif");
+}
+
 struct CharsetRow {
     std::string name;
     std::string charset;

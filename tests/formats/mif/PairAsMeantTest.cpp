@@ -108,7 +108,17 @@ const ObjectRow kObjects[] = {
      "Collection {Region 0 0, 1 0, 1 1, 0 0 brush 2 255; Line 0 0, 5 5 pen 1 2 3; "
      "MultiPoints 1 1, 2 2 symbol 35 0 12} [a]\nPoints 9 9 [b]\n"},
     {"CollectionInACollection", "Collection 2\nCollection 1\nPoint 1 1\nPoint 2 2\nPoint 3 3\n",
-     "Collection {Points 1 1; Points 2 2} [a]\nPoints 3 3 [b]\n"},
+     "Collection {Points 1 1; Points 2 2} [a]\nPoints 3 3 [b]\n",
+     "qolf: note: 1 collection inside a collection; its parts were taken for parts of the "
+     "outer one (in line 10)\n"},
+    {"CollectionOfTwoInACollection",
+     "Collection 2\nCollection 2\nPoint 1 1\nPoint 2 2\nPoint 3 3\nPoint 4 4\n",
+     "Collection {Points 1 1; Points 2 2; Points 3 3} [a]\nPoints 4 4 [b]\n",
+     "qolf: note: 1 collection inside a collection; its parts were taken for parts of the "
+     "outer one (in line 10)\n"},
+    {"UnknownObjectInACollection", "Collection 2\nPoint 1 1\nBlob 2 2\nPoint 3 3\n",
+     "Collection {Points 1 1} [a]\nPoints 3 3 [b]\n",
+     "qolf: warning: 1 line that is no object skipped (in line 11)\n"},
     {"MultipointOfOne", "Multipoint 1\n1 2\n", "MultiPoints 1 2 [a]\n"},
     {"RoundRectangle", "RoundRect 0 0 10 20\n  4\n", "Rectangle 0 0, 10 20 round 4 4 [a]\n"},
     {"TextOfTurnedLetters",
