@@ -4,6 +4,7 @@
 #   interrupt.sh QOLF_UNDER_WINE
 set -euo pipefail
 qolf=$(realpath "$1")
+rm -rf "${qolf%/*}"/wine/drive_c/users/*/Temp/.qolf-*
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
@@ -33,3 +34,5 @@ for format in geojson gpkg mif; do
     [ ! -s messages ] || { echo "FAILED: $format: $(cat messages)" >&2; exit 1; }
     rmdir out
 done
+left=$(find "${qolf%/*}/wine/drive_c/users" -path '*Temp/.qolf-*' -prune)
+[ -z "$left" ] || { echo "FAILED: left in the temporary folder: $left" >&2; exit 1; }

@@ -1,11 +1,13 @@
 #include "app/base/platform/RemovalList.h"
 
+#include "app/base/Paths.h"
+#include "app/base/TempFolder.h"
+
 #include <algorithm>
-#include <array>
 #include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #define WIN32_LEAN_AND_MEAN
@@ -37,19 +39,46 @@ std::wstring SystemName(HANDLE file) {
     return name;
 }
 
-std::vector<std::wstring> ListedFolders() {
-    std::vector<std::wstring> folders;
-    for (const std::filesystem::path& path : list) {
+// The folders in which private folders of this process may lie.
+std::set<std::filesystem::path> Places() {
+    std::error_code error;
+    std::set<std::filesystem::path> places{std::filesystem::temp_directory_path(error)};
+    for (const std::filesystem::path& folder : list) {
+        places.insert(folder.parent_path().empty() ? "." : folder.parent_path());
+    }
+    return places;
+}
+
+// All of them, those included that the program makes while its files are closed.
+std::vector<std::filesystem::path> OwnFolders(const std::set<std::filesystem::path>& places) {
+    const std::string prefix = kPrivateFolderPrefix + std::to_string(GetCurrentProcessId()) + "-";
+    std::vector<std::filesystem::path> folders;
+    for (const std::filesystem::path& place : places) {
+        std::error_code error;
+        std::filesystem::directory_iterator entries(place, error);
+        for (; !error && entries != std::filesystem::directory_iterator();
+             entries.increment(error)) {
+            if (ArgumentFromPath(entries->path().filename()).starts_with(prefix)) {
+                folders.push_back(entries->path());
+            }
+        }
+    }
+    return folders;
+}
+
+std::vector<std::wstring> SystemNames(const std::vector<std::filesystem::path>& folders) {
+    std::vector<std::wstring> names;
+    for (const std::filesystem::path& path : folders) {
         const HANDLE folder =
             CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                         nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
         if (folder != INVALID_HANDLE_VALUE) {
-            folders.push_back(SystemName(folder));
+            names.push_back(SystemName(folder));
             CloseHandle(folder);
         }
     }
-    std::erase(folders, L"");
-    return folders;
+    std::erase(names, L"");
+    return names;
 }
 
 // An open file can't be removed here. So the files in these folders are closed under the program,
@@ -69,30 +98,22 @@ void CloseFilesBelow(const std::vector<std::wstring>& folders) {
     }
 }
 
-// Returns whether all is gone.
-bool RemoveAll() {
-    bool isGone = true;
-    std::error_code error;
-    for (const std::filesystem::path& folder : list) {
-        std::filesystem::remove_all(folder, error);
-        isGone = isGone && !std::filesystem::exists(folder, error);
-    }
-    return isGone;
-}
-
 BOOL WINAPI RemoveListed(DWORD) {
     const std::lock_guard lock(listMutex);
-    if (!list.empty()) {
-        // What the program says of its files now is of no use to anybody.
-        _close(_fileno(stderr));
-    }
-    const std::vector<std::wstring> folders = ListedFolders();
+    // What the program says of its files from now on is of no use to anybody.
+    _close(_fileno(stderr));
+    const std::set<std::filesystem::path> places = Places();
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        CloseFilesBelow(folders);
-        if (RemoveAll()) {
+        const std::vector<std::filesystem::path> folders = OwnFolders(places);
+        if (folders.empty()) {
             break;
         }
-        Sleep(kBetweenAttempts);
+        Sleep(attempt == 0 ? 0 : kBetweenAttempts);
+        CloseFilesBelow(SystemNames(folders));
+        for (const std::filesystem::path& folder : folders) {
+            std::error_code error;
+            std::filesystem::remove_all(folder, error);
+        }
     }
     // As the default handler does, but at once, and with the same code on every Windows.
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(STATUS_CONTROL_C_EXIT));
