@@ -11,8 +11,9 @@
 namespace platform {
 
 enum class OpenMode {
-    ReadBinary,  // "rb"
-    WriteText,   // "wt": line ends become CR LF on Windows, nothing changes elsewhere
+    ReadBinary,   // "rb"
+    WriteText,    // "wt": line ends become CR LF on Windows, nothing changes elsewhere
+    WriteBinary,  // "wb"
 };
 
 // Opens a file by its wide path. Null on failure, with errno set.

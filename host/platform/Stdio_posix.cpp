@@ -37,7 +37,7 @@ std::FILE* OpenFile(const std::wstring& path, OpenMode mode) {
         return nullptr;
     }
     const std::string bytes = PathToBytes(path);
-    if (mode == OpenMode::WriteText) {
+    if (mode != OpenMode::ReadBinary) {
         return std::fopen(bytes.c_str(), "we");  // e: not for child processes
     }
     std::FILE* stream = std::fopen(bytes.c_str(), "rbe");
