@@ -34,13 +34,16 @@ string(SUBSTRING "${readme}" 0 ${readme_length} readme)
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/README.md" CONTENT "${readme}" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/README.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 foreach(document IN ITEMS
-    findings geopackage integrating reading reliability round-trip trace-format windows)
+    findings geopackage integrating reading reliability round-trip scale trace-format windows)
   install(FILES "${PROJECT_SOURCE_DIR}/docs/${document}.md"
           DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs")
 endforeach()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/images/"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs/images")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/count-objects"
+                  "${PROJECT_SOURCE_DIR}/examples/gnu-parallel"
+                  "${PROJECT_SOURCE_DIR}/examples/slurm"
+        USE_SOURCE_PERMISSIONS
         DESTINATION "${CMAKE_INSTALL_DOCDIR}/examples")
 
 # The Debian package has these two under names and in forms of its own (cmake/QolfPackage.cmake).

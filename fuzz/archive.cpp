@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <set>
 
@@ -47,6 +48,12 @@ void CheckMembers(const app::UnpackedArchive& archive) {
 }
 
 }  // namespace
+
+// Members are unpacked in memory, too.
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
+    const std::filesystem::path folder = std::filesystem::path(fuzz::PathOf("x")).parent_path();
+    return setenv("TMPDIR", folder.c_str(), /*overwrite=*/1);
+}
 
 // The first byte chooses the file's name; the rest is the file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

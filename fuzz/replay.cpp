@@ -1,4 +1,6 @@
-// Objects decoded from bytes into the export filter, and the import of what it wrote.
+// Objects decoded from bytes into the export filter, the import of what it wrote, and the pass of
+// the command over it, which finds nothing to edit.
+#include "app/mif/PairReading.h"
 #include "export/MifExportFilter.h"
 #include "fuzz/FuzzInput.h"
 #include "fuzz/ObjectsFromBytes.h"
@@ -119,6 +121,20 @@ void ImportAgain(std::size_t expectedObjects) {
     fuzz::Require(host.objectCount() == expectedObjects, "every object comes back");
 }
 
+void PassAgain(std::size_t expectedObjects) {
+    const app::PairReading reading(fuzz::PathOf("out.mif"));
+    // Coordinates that are no numbers make the pass take an object over, and characters of a text
+    // that end lines elsewhere make it edit them.
+    const std::string written = fuzz::ReadFile("out.mif");
+    const bool isPlain = written.find("NAN") == written.npos &&
+                         written.find("INF") == written.npos &&
+                         std::all_of(written.begin(), written.end(),
+                                     [](char c) { return c == '\n' || (c >= ' ' && c <= '~'); });
+    fuzz::Require(!reading.Copy().IsCopy() || !isPlain,
+                  "the module reads what it wrote without edits");
+    fuzz::Require(reading.Pair().objects.Objects() == expectedObjects, "the pass sees each object");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -134,6 +150,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Require(isWritten || drawing.expectedObjects() == 0, "objects make a file");
     if (isWritten && drawing.isReadable()) {
         ImportAgain(drawing.expectedObjects());
+        PassAgain(drawing.expectedObjects());
     }
     return 0;
 }

@@ -25,11 +25,15 @@ std::string SizeText(std::uint64_t bytes) {
                                : std::to_string(bytes) + " bytes";
 }
 
-// Counts what a member has unpacked to, and stops one that is beyond the limits.
+// Counts what a member has unpacked to, and all members of the archive: these may be packed in the
+// same bytes. Stops one that is beyond the limits.
 class MemberGuard {
 public:
-    MemberGuard(const ArchiveReader& reader, std::string shown, const ArchiveLimits& limits)
-        : reader_(reader), shown_(std::move(shown)), limits_(limits), taken_(reader.BytesTaken()) {}
+    // Adds to `unpacked`, what all members have unpacked to.
+    MemberGuard(const ArchiveReader& reader, std::string shown, const ArchiveLimits& limits,
+                std::uint64_t archiveBytes, std::uint64_t& unpacked)
+        : reader_(reader), shown_(std::move(shown)), limits_(limits), archiveBytes_(archiveBytes),
+          unpacked_(unpacked), taken_(reader.BytesTaken()) {}
 
     void CheckSize(std::uint64_t bytes) const {
         if (bytes > limits_.mostBytes) {
@@ -40,9 +44,9 @@ public:
 
     void Add(std::uint64_t bytes) {
         bytes_ += bytes;
-        const std::uint64_t packed = std::max<std::uint64_t>(
-            1, reader_.BytesTaken() - std::min(taken_, reader_.BytesTaken()));
-        if (bytes_ > limits_.leastBytes && bytes_ / limits_.mostRatio > packed) {
+        unpacked_ += bytes;
+        const std::uint64_t packed = reader_.BytesTaken() - std::min(taken_, reader_.BytesTaken());
+        if (IsBeyond(bytes_, packed) || IsBeyond(unpacked_, archiveBytes_)) {
             throw Failure(shown_ + ": unpacks to more than " + std::to_string(limits_.mostRatio) +
                           " times its size, as no map does; if it is one, unpack it and name the "
                           "file");
@@ -52,9 +56,16 @@ public:
     std::uint64_t Bytes() const { return bytes_; }
 
 private:
+    bool IsBeyond(std::uint64_t unpacked, std::uint64_t packed) const {
+        return unpacked > limits_.leastBytes &&
+               unpacked / limits_.mostRatio > std::max<std::uint64_t>(1, packed);
+    }
+
     const ArchiveReader& reader_;
     std::string shown_;
     const ArchiveLimits& limits_;
+    std::uint64_t archiveBytes_;
+    std::uint64_t& unpacked_;
     std::uint64_t taken_;
     std::uint64_t bytes_ = 0;
 };
@@ -111,6 +122,7 @@ void UnpackedArchive::Unpack(const std::filesystem::path& archive, const MemberC
                              const ArchiveLimits& limits, Reporter& reporter) {
     ArchiveReader reader(archive);
     archiveBytes_ = static_cast<std::uint64_t>(SizeOfFile(archive));
+    unpackedBytes_ = 0;
     reporter.StartProgress("unpacking " + reader.Name(), static_cast<double>(archiveBytes_));
     ArchiveMember member;
     while (reader.Next(member)) {
@@ -121,7 +133,7 @@ void UnpackedArchive::Unpack(const std::filesystem::path& archive, const MemberC
             continue;
         }
         if (!isWanted) {
-            MemberGuard guard(reader, shown, limits);
+            MemberGuard guard(reader, shown, limits, archiveBytes_, unpackedBytes_);
             if (reader.IsCompressedAsOne() && !member.isProtected) {
                 reader.Read([&](std::string_view bytes) { guard.Add(bytes.size()); });
             }
@@ -134,8 +146,7 @@ void UnpackedArchive::Unpack(const std::filesystem::path& archive, const MemberC
         } else if (member.isProtected) {
             throw Failure(shown + ": is protected by a password; unpack it and name the file");
         } else {
-            MemberGuard(reader, shown, limits).CheckSize(member.size.value_or(0));
-            Take(reader, shown, *inside, limits, reporter);
+            Take(reader, shown, member, *inside, limits, reporter);
         }
     }
     reporter.EndProgress();
@@ -145,8 +156,8 @@ void UnpackedArchive::Unpack(const std::filesystem::path& archive, const MemberC
 }
 
 void UnpackedArchive::Take(ArchiveReader& reader, const std::string& name,
-                           const std::filesystem::path& inside, const ArchiveLimits& limits,
-                           Reporter& reporter) {
+                           const ArchiveMember& member, const std::filesystem::path& inside,
+                           const ArchiveLimits& limits, Reporter& reporter) {
     if (places_.size() == kMostMembers) {
         throw Failure(reader.Name() + ": holds more than " + std::to_string(kMostMembers) +
                       " files; unpack it and name a folder");
@@ -155,7 +166,8 @@ void UnpackedArchive::Take(ArchiveReader& reader, const std::string& name,
     places_.push_back({inside, 0});
     errno = 0;
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-    MemberGuard guard(reader, name, limits);
+    MemberGuard guard(reader, name, limits, archiveBytes_, unpackedBytes_);
+    guard.CheckSize(member.size.value_or(0));
     reader.Read([&](std::string_view bytes) {
         guard.Add(bytes.size());
         guard.CheckSize(guard.Bytes());

@@ -15,13 +15,15 @@
 namespace app {
 
 class ArchiveReader;
+struct ArchiveMember;
 struct MemberPlace;
 
-// What a member may not exceed; a small archive can hold more than any disk.
+// What a member may not exceed, and the ratio also all of them; a small archive can hold more than
+// any disk.
 struct ArchiveLimits {
     std::uint64_t mostBytes = std::uint64_t{64} << 30;  // of one member
     std::uint64_t mostRatio = 1000;                     // unpacked to packed bytes, ...
-    std::uint64_t leastBytes = std::uint64_t{1} << 30;  // ... of a member beyond so many
+    std::uint64_t leastBytes = std::uint64_t{1} << 30;  // ... of what is beyond so many
 };
 
 // Whether the member at that place is wanted.
@@ -51,18 +53,17 @@ public:
     std::vector<std::filesystem::path> Roots() const;
 
 private:
-    struct Found;
-
     void Unpack(const std::filesystem::path& archive, const MemberChoice& wanted,
                 const ArchiveLimits& limits, Reporter& reporter);
-    void Take(ArchiveReader& reader, const std::string& name, const std::filesystem::path& inside,
-              const ArchiveLimits& limits, Reporter& reporter);
+    void Take(ArchiveReader& reader, const std::string& name, const ArchiveMember& member,
+              const std::filesystem::path& inside, const ArchiveLimits& limits, Reporter& reporter);
     void PutInPlace(const std::filesystem::path& archive);
     std::filesystem::path Root(std::size_t folder) const;
 
     std::filesystem::path archiveName_;
     TempFolder folder_;
-    std::uint64_t archiveBytes_ = 0;
+    std::uint64_t archiveBytes_ = 0;   // of the archive
+    std::uint64_t unpackedBytes_ = 0;  // of its members so far
     std::vector<MemberPlace> places_;  // of the files 0, 1, ... in folder_
     std::vector<Member> members_;
     std::vector<std::unique_ptr<ShownPlace>> shown_;

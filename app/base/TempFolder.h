@@ -6,8 +6,8 @@
 
 namespace app {
 
-// The beginning of every private folder's name; the number of the process, "-" and six random
-// characters follow.
+// The beginning of every private folder's name; the number of the process, "-", the machine's name,
+// "-" and some random characters follow.
 inline constexpr const char* kPrivateFolderPrefix = ".qolf-";
 
 // A new folder that only this user can use, removed with everything in it at the end of the

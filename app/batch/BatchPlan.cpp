@@ -4,10 +4,11 @@
 #include "app/base/Paths.h"
 #include "app/base/TempFolder.h"
 #include "app/base/Utf8.h"
+#include "app/batch/InputList.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace app {
 namespace {
@@ -24,18 +25,12 @@ bool IsPrivateFolder(const path& folder) {
     return ArgumentFromPath(folder.filename()).starts_with(kPrivateFolderPrefix);
 }
 
-path Canonical(const path& file) {
-    std::error_code error;
-    path canonical = std::filesystem::weakly_canonical(file, error);
-    return error ? file : canonical;
-}
-
 class Planner {
 public:
     Planner(const path& folder, const std::string& extension, const LayersOfInput& layersOf)
         : folder_(folder), extension_(extension), layersOf_(layersOf) {}
 
-    void Add(const path& input, const path& relative) {
+    void Add(const path& input, const path& relative, std::optional<std::uint64_t> bytes = {}) {
         if (!inputs_.insert(Canonical(input)).second) {
             return;
         }
@@ -47,14 +42,14 @@ public:
         }
         path output = folder_ / relative;
         output.replace_extension(extension_);
-        const auto [other, isNew] = inputOf_.try_emplace(output, input);
+        const auto [other, isNew] = inputOf_.try_emplace(output.native(), input);
         if (!isNew) {
             throw UsageError(PathText(other->second) + " and " + PathText(input) +
                              " would both be written to " + PathText(output) +
                              "; convert them into different folders");
         }
         taken_.insert(FoldedCase(PathText(output)));
-        items_.push_back({input, std::move(output)});
+        items_.push_back({input, std::move(output), "", bytes});
     }
 
     std::vector<BatchItem> Take() {
@@ -68,6 +63,22 @@ public:
     }
 
 private:
+    using Text = path::string_type;
+
+    // The file's name in its folder's own name. A batch may have a million files in few folders.
+    Text Canonical(const path& file) {
+        const path folder = file.has_parent_path() ? file.parent_path() : path(".");
+        const auto [known, isNew] = canonicalFolders_.try_emplace(folder.native());
+        if (isNew) {
+            std::error_code error;
+            known->second = std::filesystem::weakly_canonical(folder, error);
+            if (error) {
+                known->second = folder;
+            }
+        }
+        return (known->second / file.filename()).native();
+    }
+
     void AddLayers(const path& input, const path& relative,
                    const std::vector<std::string>& layers) {
         for (const std::string& layer : layers) {
@@ -76,8 +87,8 @@ private:
             for (int number = 2; !taken_.insert(FoldedCase(PathText(output))).second; ++number) {
                 output = LayerFile(relative, stem + "_" + std::to_string(number));
             }
-            inputOf_.emplace(output, input);
-            items_.push_back({input, std::move(output), layer});
+            inputOf_.emplace(output.native(), input);
+            items_.push_back({input, std::move(output), layer, std::nullopt});
         }
     }
 
@@ -90,9 +101,10 @@ private:
     const path& folder_;
     const std::string& extension_;
     const LayersOfInput& layersOf_;
-    std::set<path> inputs_;           // canonical
-    std::map<path, path> inputOf_;    // by output
-    std::set<std::u32string> taken_;  // outputs, whatever their case
+    std::unordered_map<Text, path> canonicalFolders_;  // by their names as given
+    std::unordered_set<Text> inputs_;                  // canonical
+    std::unordered_map<Text, path> inputOf_;           // by output
+    std::unordered_set<std::u32string> taken_;         // outputs, whatever their case
     std::vector<BatchItem> items_;
 };
 
@@ -141,7 +153,13 @@ std::vector<BatchItem> PlanBatch(std::span<const std::string> inputs,
             if (!std::filesystem::exists(input, error)) {
                 throw Failure(argument + ": there is no such file");
             }
-            planner.Add(input, input.filename());
+            if (!IsInputList(input)) {
+                planner.Add(input, input.filename());
+                continue;
+            }
+            for (const ListedInput& listed : ReadInputList(input)) {
+                planner.Add(listed.input, listed.place, listed.bytes);
+            }
             continue;
         }
         const std::vector<path> files = FilesBelow(input, inputExtensions);

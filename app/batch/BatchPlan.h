@@ -1,8 +1,10 @@
 // Which files a conversion of many reads and writes.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,6 +16,7 @@ struct BatchItem {
     std::filesystem::path input;
     std::filesystem::path output;
     std::string layer = {};  // of the input, to be converted alone; empty: the whole input
+    std::optional<std::uint64_t> bytes = {};  // the input's size, where a list names it
 };
 
 // Returns the names of an input's layers that become a file each; empty for one that becomes a file
@@ -27,6 +30,8 @@ using LayersOfInput = std::function<std::vector<std::string>(const std::filesyst
 // named twice is taken once. An input of which `layersOf` gives names becomes a file for each: a
 // layer roads becomes `folder`/roads.`extension`, without what file names can't have, and with a
 // number behind it when there is such a file already.
+// An input that is a list (InputList.h) means the files that it names, which keep their folders;
+// whether they exist shows when they are converted.
 //
 // Throws Failure for an input that does not exist and for a folder without such files. Throws
 // UsageError, with both names, when two inputs have the same output or an output is an input.

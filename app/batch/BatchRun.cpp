@@ -7,11 +7,14 @@
 #include "app/batch/ChildProcesses.h"
 
 #include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <iterator>
+#include <map>
 #include <new>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -22,6 +25,10 @@ namespace {
 
 constexpr std::string_view kErrorPrefix = "qolf: error: ";
 constexpr std::string_view kWarningPrefix = "qolf: warning: ";
+
+// A process says so how many features it has written, "-" when that is not known, and how many
+// seconds that took.
+constexpr std::string_view kOutcomePrefix = "qolf: outcome: ";
 
 struct Tally {
     std::size_t converted = 0;
@@ -48,19 +55,45 @@ void MakeFolderOf(const std::filesystem::path& file) {
 int ConvertItem(const BatchOptions& options, const BatchItem& item) {
     Reporter reporter(stderr, /*isTerminal=*/false, /*useColor=*/false);
     const IfExists ifExists = options.resume ? IfExists::Overwrite : options.ifExists;
+    const auto start = std::chrono::steady_clock::now();
+    ConvertedItem converted{1, std::nullopt};
     try {
-        return options.convert(item, ifExists, reporter);
+        converted = options.convert(item, ifExists, reporter);
     } catch (const std::bad_alloc&) {
         reporter.Error("out of memory");
     } catch (const std::exception& error) {
         reporter.Error(error.what());
     }
-    return 1;
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    const std::string features = converted.features ? std::to_string(*converted.features) : "-";
+    std::fprintf(stderr, "%s%s %lld\n", std::string(kOutcomePrefix).c_str(), features.c_str(),
+                 static_cast<long long>(taken.count() * 1e6));
+    return converted.exitCode;
 }
 
-// Repeats the warnings of a process as our own, and returns its error, whose lines become one.
-std::string ForwardMessages(std::string_view messages, Reporter& reporter) {
-    std::string error;
+// Reads what ConvertItem has printed behind the prefix: features and microseconds.
+void TakeOutcome(std::string_view text, BatchOutcome& outcome) {
+    const char* const end = text.data() + text.size();
+    const char* at = text.data();
+    std::uint64_t features = 0;
+    if (const auto result = std::from_chars(at, end, features); result.ec == std::errc{}) {
+        outcome.features = features;
+        at = result.ptr;
+    } else {
+        at += std::min<std::size_t>(1, text.size());
+    }
+    std::uint64_t microseconds = 0;
+    at += at != end ? 1 : 0;
+    if (std::from_chars(at, end, microseconds).ec == std::errc{}) {
+        outcome.seconds = static_cast<double>(microseconds) / 1e6;
+    }
+}
+
+// Repeats the warnings of a process as our own, and returns its outcome; the lines of its error
+// become one.
+BatchOutcome ForwardMessages(std::string_view messages, Reporter& reporter) {
+    BatchOutcome outcome;
+    std::string& error = outcome.error;
     while (!messages.empty()) {
         const std::size_t end = std::min(messages.find('\n'), messages.size());
         std::string_view line = messages.substr(0, end);
@@ -70,27 +103,33 @@ std::string ForwardMessages(std::string_view messages, Reporter& reporter) {
             error += (error.empty() ? "" : " ") + std::string(line);
         } else if (line.starts_with(kWarningPrefix)) {
             reporter.Warning(line.substr(kWarningPrefix.size()));
+        } else if (line.starts_with(kOutcomePrefix)) {
+            TakeOutcome(line.substr(kOutcomePrefix.size()), outcome);
         }
     }
-    return error;
+    return outcome;
 }
 
-void ReportEnd(const BatchItem& item, const ChildResult& result, Reporter& reporter, Tally& tally) {
-    std::string error = ForwardMessages(WithShownPlaces(result.messages), reporter);
+BatchOutcome ReportEnd(const BatchItem& item, const ChildResult& result, Reporter& reporter,
+                       Tally& tally) {
+    BatchOutcome outcome = ForwardMessages(WithShownPlaces(result.messages), reporter);
+    std::string& error = outcome.error;
     if (result.exitCode == 0 && result.signal == 0) {
         ++tally.converted;
-        return;
+        error.clear();
+        return outcome;
     }
     ++tally.failed;
     if (result.signal != 0) {
         error = "ended by " + SignalText(result.signal);
-        RemoveAbandonedFolders(FolderOf(item.output));
+        RemoveAbandonedFolders(FolderOf(item.output), {});
     } else if (error.empty()) {
         error = "ended with exit code " + std::to_string(result.exitCode);
     }
     const bool isNamed = error.find(PathText(item.input)) != std::string::npos ||
                          error.find(PathText(item.output)) != std::string::npos;
     reporter.Error(isNamed ? error : PathText(item.input) + ": " + error);
+    return outcome;
 }
 
 std::string Summary(const Tally& tally, std::size_t total) {
@@ -122,16 +161,21 @@ BatchItem ItemOfTask(const std::string& task) {
 std::vector<BatchItem> ItemsToDo(const BatchOptions& options) {
     std::vector<BatchItem> items;
     std::copy_if(options.items.begin(), options.items.end(), std::back_inserter(items),
-                 [&](const BatchItem& item) { return !options.resume || !IsDone(item); });
+                 [&](const BatchItem& item) { return !options.resume || !options.isDone(item); });
     return items;
 }
 
-void RemoveAbandoned(const std::vector<BatchItem>& items) {
-    std::set<std::filesystem::path> folders;
-    for (const BatchItem& item : items) {
-        folders.insert(FolderOf(item.output));
+void RemoveAbandoned(const BatchOptions& options) {
+    std::map<std::filesystem::path, OwnNames> folders;
+    for (const BatchItem& item : options.items) {
+        OwnNames& names = folders[FolderOf(item.output)];
+        if (options.ownsOutputs) {
+            names.insert(item.output.filename().native());
+        }
     }
-    std::for_each(folders.begin(), folders.end(), RemoveAbandonedFolders);
+    for (const auto& [folder, names] : folders) {
+        RemoveAbandonedFolders(folder, names);
+    }
 }
 
 }  // namespace
@@ -143,7 +187,7 @@ std::optional<int> RunBatchTask(const BatchOptions& options) {
 
 int RunBatch(const BatchOptions& options, Reporter& reporter) {
     if (options.resume) {
-        RemoveAbandoned(options.items);
+        RemoveAbandoned(options);
     }
     const std::vector<BatchItem> items = ItemsToDo(options);
     Tally tally;
@@ -158,7 +202,10 @@ int RunBatch(const BatchOptions& options, Reporter& reporter) {
         [&](std::size_t number) { return ConvertItem(options, items[number]); },
         [&](std::size_t number) { return TaskText(items[number]); },
         [&](std::size_t number, const ChildResult& result) {
-            ReportEnd(items[number], result, reporter, tally);
+            const BatchOutcome outcome = ReportEnd(items[number], result, reporter, tally);
+            if (options.onEnd && result.signal != SIGTERM) {
+                options.onEnd(items[number], outcome);
+            }
             reporter.Progress(static_cast<double>(tally.converted + tally.failed) /
                               static_cast<double>(items.size()));
         });

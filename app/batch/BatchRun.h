@@ -6,11 +6,26 @@
 #include "app/batch/BatchPlan.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace app {
+
+// How the conversion of a file has ended.
+struct BatchOutcome {
+    std::optional<std::uint64_t> features;  // that were written; absent when that is not known
+    double seconds = 0.0;                   // that it took; 0 when its process was killed
+    std::string error;                      // empty: it is done
+};
+
+// What the conversion of a file returns.
+struct ConvertedItem {
+    int exitCode = 0;
+    std::optional<std::uint64_t> features = {};
+};
 
 struct BatchOptions {
     std::vector<BatchItem> items;
@@ -19,9 +34,20 @@ struct BatchOptions {
                            // left behind
     IfExists ifExists = IfExists::Refuse;
 
-    // Converts one file and returns the exit code. Called in a process of its own; what it throws
-    // counts as that file's error.
-    std::function<int(const BatchItem& item, IfExists ifExists, Reporter& reporter)> convert;
+    bool ownsOutputs = false;  // no other run makes these outputs, on whatever machine: what is
+                               // left of them anywhere is abandoned when this one resumes
+
+    // Converts one file. Called in a process of its own; what it throws counts as that file's
+    // error.
+    std::function<ConvertedItem(const BatchItem& item, IfExists ifExists, Reporter& reporter)>
+        convert;
+
+    // Whether `resume` leaves the file out.
+    std::function<bool(const BatchItem& item)> isDone = IsDone;
+
+    // Called for each conversion that has ended, but for those that a request to terminate has
+    // ended. Empty: nobody asks.
+    std::function<void(const BatchItem& item, const BatchOutcome& outcome)> onEnd = {};
 };
 
 // In a process that RunBatch has started by running the command line anew, does its one item, of

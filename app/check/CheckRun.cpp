@@ -14,6 +14,7 @@
 #include "app/formats/Formats.h"
 #include "app/json/JsonText.h"
 #include "app/mif/Charsets.h"
+#include "app/mif/PairPass.h"
 #include "app/run/CodePage.h"
 
 #include <algorithm>
@@ -290,7 +291,7 @@ CheckOptions CheckedCheckOptions(const CheckArguments& arguments) {
             throw UsageError(
                 "a MIF file can't come from standard input: its .mid is a file beside it");
         }
-        options.files.push_back(PathFromArgument(file));
+        options.files.push_back(MifBeside(PathFromArgument(file)));
     }
     if (!arguments.fix.empty()) {
         if (options.files.size() != 1) {

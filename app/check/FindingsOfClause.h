@@ -4,6 +4,7 @@
 #include "app/crs/CoordinateSystem.h"
 #include "app/crs/ReadClause.h"
 #include "app/mif/Finding.h"
+#include "host/shr/Geometry.h"
 
 #include <vector>
 

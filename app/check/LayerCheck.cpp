@@ -1,6 +1,7 @@
 #include "app/check/LayerCheck.h"
 
 #include "app/base/Errors.h"
+#include "app/base/InputFile.h"
 #include "app/base/Paths.h"
 #include "app/base/Utf8.h"
 #include "app/check/RingCheck.h"
@@ -293,7 +294,9 @@ FindingCounts CheckLayers(const std::filesystem::path& file, const Format& forma
     try {
         CheckAll(file, format, report);
     } catch (const Failure& failure) {
-        report.Add(FindingCode::FileUnreadable, {}, ReasonOf(failure, PathText(file)));
+        const bool isThere = OpenInput(file) != nullptr;
+        report.Add(FindingCode::FileUnreadable, {}, ReasonOf(failure, PathText(file)),
+                   isThere ? "Write the file again with the program that made it." : "");
     }
     return report.Counts();
 }

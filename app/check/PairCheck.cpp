@@ -6,6 +6,7 @@
 #include "app/check/RowCheck.h"
 #include "app/check/ShapeCheck.h"
 #include "app/mif/LineReader.h"
+#include "app/mif/PairPass.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -90,6 +91,7 @@ private:
         return path.replace_extension(".mid");
     }
     bool Opens(const std::filesystem::path& path, FileOfPair file, InputFile& stream);
+    bool IsMif();
     void CheckMif(ByteSource& input);
     void ReportFaultsOfClause();
     void CheckMidName();
@@ -108,7 +110,7 @@ private:
 
 CheckedPair PairChecker::Check() {
     InputFile mif;
-    if (Opens(AsOnDisk(mif_), FileOfPair::Mif, mif)) {
+    if (Opens(AsOnDisk(mif_), FileOfPair::Mif, mif) && IsMif()) {
         WatchedSource input(mif.get(), options_.progress, 0.0, mifSize_ + midSize_);
         CheckMif(input);
     }
@@ -128,6 +130,14 @@ bool PairChecker::Opens(const std::filesystem::path& path, FileOfPair file, Inpu
     const std::string problem = OpenProblem(path, stream);
     if (!problem.empty()) {
         report_.Add(FindingCode::FileUnreadable, {file, 0, 0}, problem);
+    }
+    return problem.empty();
+}
+
+bool PairChecker::IsMif() {
+    const std::string problem = WhyNoMif(mif_);
+    if (!problem.empty()) {
+        report_.Add(FindingCode::FileUnreadable, {}, problem);
     }
     return problem.empty();
 }

@@ -26,7 +26,8 @@ Examples:
   qolf convert --where "pop > 1000 and name like 'A%'" places.mif a.geojson
   qolf convert --merge --source-column north.mif south.mif all.mif
   qolf convert --to mif --output-dir out/ maps.gpkg a file for each layer
-  qolf convert --jobs 2 --to gpkg --output-dir out/ maps/)";
+  qolf convert --jobs 2 --to gpkg --output-dir out/ maps/
+  qolf convert --shard 3/8 --resume --to gpkg --output-dir out/ files.txt)";
 
 std::vector<std::string> Split(const std::string& text) {
     std::vector<std::string> words(1);
@@ -149,6 +150,11 @@ void AddBatch(CLI::App& command, ConvertOptions& options) {
     command.add_option("--jobs", options.jobs, "Processes at a time with --output-dir")
         ->type_name("N")
         ->check(WholeNumber(1, 256))
+        ->needs(folder);
+    command
+        .add_option("--shard", options.shard,
+                    "Part K of N of the files, for N runs with one --output-dir, on any machines")
+        ->type_name("K/N")
         ->needs(folder);
     command
         .add_flag("--resume", options.resume,

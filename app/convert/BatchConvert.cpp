@@ -3,18 +3,28 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/batch/BatchRun.h"
+#include "app/batch/ShardRun.h"
 #include "app/convert/ConvertRun.h"
 #include "app/convert/LayerChoice.h"
+#include "app/convert/SystemPlan.h"
+#include "app/crs/Definitions.h"
 #include "app/formats/Formats.h"
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace app {
-
 namespace {
+
+// A wrong system is said once, and not for every file.
+void CheckSystem(const ConvertOptions& options, Reporter& reporter) {
+    if (!options.crs.empty() && options.crs != kKeepSystem) {
+        static_cast<void>(SystemOfOption("--crs", options.crs, reporter));
+    }
+}
 
 // The layers of a package that become a file each; none for an input that becomes one file.
 std::vector<std::string> LayersOf(const ConvertOptions& options, const SourceOptions& sourceOptions,
@@ -56,11 +66,14 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
             return LayersOf(options, sourceOptions, input);
         };
     }
+    CheckSystem(options, reporter);
+    const std::filesystem::path folder = PathFromArgument(options.outputFolder);
     BatchOptions batch;
     batch.jobs = options.jobs;
     batch.resume = options.resume;
     batch.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
-    batch.convert = [&options](const BatchItem& item, IfExists ifExists, Reporter& itemReporter) {
+    batch.convert = [&options](const BatchItem& item, IfExists ifExists,
+                               Reporter& itemReporter) -> ConvertedItem {
         ConvertOptions one = options;
         one.paths = {ArgumentFromPath(item.input), ArgumentFromPath(item.output)};
         one.outputFolder.clear();
@@ -68,15 +81,17 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
             one.layers = {item.layer};
         }
         one.overwrite = ifExists == IfExists::Overwrite;
-        return RunConvert(one, itemReporter);
+        ConvertedItem converted;
+        converted.exitCode = RunConvert(one, itemReporter, &converted.features);
+        return converted;
     };
     if (const std::optional<int> exitCode = RunBatchTask(batch)) {
         return *exitCode;
     }
-    batch.items =
-        PlanBatch(options.paths, PathFromArgument(options.outputFolder),
-                  std::string(extension.substr(1)), FormatOfName("mif").extensions, layersOf);
-    return RunBatch(batch, reporter);
+    batch.items = PlanBatch(options.paths, folder, std::string(extension.substr(1)),
+                            FormatOfName("mif").extensions, layersOf);
+    return options.shard.empty() ? RunBatch(batch, reporter)
+                                 : RunShard(batch, folder, ShardOf(options.shard), reporter);
 }
 
 }  // namespace app

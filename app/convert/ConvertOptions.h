@@ -20,6 +20,7 @@ struct ConvertOptions {
     std::string outputFolder;        // --output-dir: a file for each input; empty: one output
     std::size_t jobs = 1;
     bool resume = false;
+    std::string shard;  // --shard, such as 3/8; empty: all
 
     bool overwrite = false;
     bool asIs = false;

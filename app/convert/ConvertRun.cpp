@@ -100,8 +100,9 @@ bool IsCopy(const ConvertOptions& options, const Conversion& conversion) {
            (options.crs.empty() || options.crs == kKeepSystem);
 }
 
-void ConvertLayer(const ConvertOptions& options, Source& source, std::size_t layer,
-                  const Conversion& conversion, Target& target, Reporter& reporter) {
+// Returns how many features were written.
+std::uint64_t ConvertLayer(const ConvertOptions& options, Source& source, std::size_t layer,
+                           const Conversion& conversion, Target& target, Reporter& reporter) {
     LayerFacts facts = source.Begin(layer, reporter);
     const bool hasLayers = source.LayerNames().size() > 1;
     const std::string subject = source.Name() + (hasLayers ? ", layer " + facts.name : "");
@@ -113,6 +114,7 @@ void ConvertLayer(const ConvertOptions& options, Source& source, std::size_t lay
         source.Read(reporter, [&way](Feature& feature) { return way.Take(feature); });
     }
     way.End();
+    return way.WrittenCount();
 }
 
 // The layers of an input that the output is to have. Throws Failure for several that it can't hold.
@@ -136,14 +138,17 @@ std::vector<std::size_t> LayersOf(const ConvertOptions& options, const NamedFile
     return layers;
 }
 
-void ConvertInput(const ConvertOptions& options, const NamedFile& input,
-                  const Conversion& conversion, Target& target, Reporter& reporter) {
+// Returns how many features were written.
+std::uint64_t ConvertInput(const ConvertOptions& options, const NamedFile& input,
+                           const Conversion& conversion, Target& target, Reporter& reporter) {
     const std::unique_ptr<Source> source =
         input.format.openSource(input.argument, conversion.sourceOptions);
     const bool canHoldLayers = conversion.output.format.holds.layers;
+    std::uint64_t written = 0;
     for (const std::size_t layer : LayersOf(options, input, *source, canHoldLayers)) {
-        ConvertLayer(options, *source, layer, conversion, target, reporter);
+        written += ConvertLayer(options, *source, layer, conversion, target, reporter);
     }
+    return written;
 }
 
 // Every layer of every input, to be merged.
@@ -180,8 +185,8 @@ SystemPtr WantedSystem(const ConvertOptions& options, const Format& output, Repo
                : std::make_shared<const CoordinateSystem>(Wgs84System());
 }
 
-void ConvertMerged(const ConvertOptions& options, const Conversion& conversion, Target& target,
-                   Reporter& reporter) {
+std::uint64_t ConvertMerged(const ConvertOptions& options, const Conversion& conversion,
+                            Target& target, Reporter& reporter) {
     const NamedFile& output = conversion.output;
     MergeSettings settings;
     settings.name =
@@ -190,11 +195,12 @@ void ConvertMerged(const ConvertOptions& options, const Conversion& conversion, 
     settings.segments = options.segments;
     settings.wantedSystem = WantedSystem(options, output.format, reporter);
     MergedSource source(PartsOf(options, conversion), std::move(settings));
-    ConvertLayer(options, source, 0, conversion, target, reporter);
+    return ConvertLayer(options, source, 0, conversion, target, reporter);
 }
 
 // Returns false when there was nothing to write.
-bool Convert(const ConvertOptions& options, const Conversion& conversion, Reporter& reporter) {
+bool Convert(const ConvertOptions& options, const Conversion& conversion, Reporter& reporter,
+             std::optional<std::uint64_t>& features) {
     const NamedFile& output = conversion.output;
     if (IsCopy(options, conversion)) {
         SourceOptions sourceOptions = conversion.sourceOptions;
@@ -208,10 +214,11 @@ bool Convert(const ConvertOptions& options, const Conversion& conversion, Report
     const std::unique_ptr<Target> target =
         output.format.openTarget(output.argument, conversion.targetOptions, reporter);
     if (options.merge) {
-        ConvertMerged(options, conversion, *target, reporter);
+        features = ConvertMerged(options, conversion, *target, reporter);
     } else {
+        features = 0;
         for (const NamedFile& input : conversion.inputs) {
-            ConvertInput(options, input, conversion, *target, reporter);
+            *features += ConvertInput(options, input, conversion, *target, reporter);
         }
     }
     return target->Finish();
@@ -219,12 +226,18 @@ bool Convert(const ConvertOptions& options, const Conversion& conversion, Report
 
 }  // namespace
 
-int RunConvert(const ConvertOptions& options, Reporter& reporter) {
+int RunConvert(const ConvertOptions& options, Reporter& reporter,
+               std::optional<std::uint64_t>* features) {
     const Conversion conversion = Resolve(options, reporter);
     if (conversion.output.argument == "-" && IsTerminal(stdout)) {
         reporter.SetProgress(false);  // the features go to the terminal
     }
-    if (!Convert(options, conversion, reporter)) {
+    std::optional<std::uint64_t> written;
+    const bool hasOutput = Convert(options, conversion, reporter, written);
+    if (features != nullptr) {
+        *features = hasOutput ? written : 0;
+    }
+    if (!hasOutput) {
         reporter.Warning(options.paths.front() +
                          ": holds no objects that are drawn; nothing was written");
     }

@@ -64,7 +64,7 @@ bool LayerConversion::Take(Feature& feature) {
     }
     filter_.SelectValues(feature);
     target_.Write(feature);
-    isAnyWritten_ = true;
+    ++writtenCount_;
     return !filter_.CountIsLast();
 }
 
@@ -92,7 +92,7 @@ void LayerConversion::SayUnplaced() const {
 }
 
 void LayerConversion::End() {
-    if (outsideCount_ + unaskedCount_ > 0 && !isAnyWritten_) {
+    if (outsideCount_ + unaskedCount_ > 0 && writtenCount_ == 0) {
         reporter_.Warning(
             subject_ + ": no object meets " +
             (outsideCount_ == 0   ? "--where"

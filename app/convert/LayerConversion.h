@@ -32,6 +32,9 @@ public:
     // the output's system. Throws Failure when no object has one.
     void End();
 
+    // How many features the target was given.
+    std::uint64_t WrittenCount() const { return writtenCount_; }
+
 private:
     void Reproject(Feature& feature);
     void SayUnplaced() const;
@@ -47,7 +50,7 @@ private:
     std::uint64_t outsideCount_ = 0;   // features that --bbox has kept out
     std::uint64_t unplacedCount_ = 0;  // features with a point that can't be reprojected
     bool isAnyPlaced_ = false;
-    bool isAnyWritten_ = false;
+    std::uint64_t writtenCount_ = 0;
 };
 
 }  // namespace app

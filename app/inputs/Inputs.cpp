@@ -39,6 +39,17 @@ std::string Joined(std::span<const std::string_view> words) {
     return text;
 }
 
+// The first of them, sorted.
+std::string Listed(std::vector<std::filesystem::path> files) {
+    constexpr std::size_t kMost = 20;
+    std::ranges::sort(files);
+    std::string text;
+    for (std::size_t i = 0; i < files.size() && i < kMost; ++i) {
+        text += (i == 0 ? "" : ", ") + PathText(files[i]);
+    }
+    return files.size() > kMost ? text + ", ..." : text;
+}
+
 std::string LowerStem(std::filesystem::path file) {
     std::string text = PathText(file.replace_extension());
     std::ranges::transform(text, text.begin(), [](char c) {
@@ -50,6 +61,17 @@ std::string LowerStem(std::filesystem::path file) {
 bool IsBelow(const std::filesystem::path& file, const std::filesystem::path& folder) {
     return std::mismatch(folder.begin(), folder.end(), file.begin(), file.end()).first ==
            folder.end();
+}
+
+// Why nothing in an archive is wanted, which holds these maps.
+std::string WhyNothing(const PlaceInArchive& place,
+                       const std::vector<std::filesystem::path>& maps) {
+    if (maps.empty()) {
+        return "holds no file that can be read: " + Joined(MapExtensions());
+    }
+    return place.inside.empty()
+               ? "holds .json files alone; name the one to read: " + Listed(maps)
+               : "is not a file or folder in the archive; it holds " + Listed(maps);
 }
 
 // What of an archive is to be unpacked.
@@ -115,24 +137,26 @@ private:
 
     void AddArchive(const std::string& argument, const PlaceInArchive& place) {
         const Wish wish(place);
-        auto archive = std::make_unique<UnpackedArchive>(
-            place.archive, [&](const std::filesystem::path& file) { return wish.Wants(file); },
-            limits_, reporter_);
+        std::vector<std::filesystem::path> maps;  // that the archive holds, wanted or not
+        const auto wants = [&](const std::filesystem::path& file) {
+            if (FindFormatOfFile(file) != nullptr) {
+                maps.push_back(file);
+            }
+            return wish.Wants(file);
+        };
+        auto archive = std::make_unique<UnpackedArchive>(place.archive, wants, limits_, reporter_);
         std::vector<std::filesystem::path> files;
-        std::string names;
         for (const UnpackedArchive::Member& member : archive->Members()) {
             if (wish.IsInput(member.inside)) {
                 files.push_back(member.file);
-                names += (names.empty() ? "" : ", ") + PathText(member.inside);
             }
         }
         if (files.empty()) {
-            throw Failure(argument +
-                          ": holds no file that can be read: " + Joined(MapExtensions()));
+            throw Failure(argument + ": " + WhyNothing(place, maps));
         }
         if (rule_ == InputRule::OneFile && files.size() > 1) {
             throw Failure(argument + ": holds several files; name one of them (" +
-                          PathText(files.front()) + "): " + names);
+                          PathText(files.front()) + "): " + Listed(maps));
         }
         const bool areFolders = rule_ == InputRule::Folders && files.size() > 1;
         for (const std::filesystem::path& path : areFolders ? archive->Roots() : files) {

@@ -19,7 +19,7 @@ constexpr ReadByCommand kByClause = ReadByCommand::WithClause;
 // clang-format off
 constexpr std::array kCodes = {
     FindingInfo{FindingCode::FileUnreadable, "MIF-F001", "file-unreadable", E, kNoFix, kNotRead,
-             "The file cannot be opened or read.", "Check the name and the permissions."},
+             "The file cannot be opened or read, or is no MIF file.", "Check the name and the permissions."},
     FindingInfo{FindingCode::ByteOrderMark, "MIF-F002", "byte-order-mark", E, kFix, kRead,
              "The file begins with the UTF-8 byte-order mark. The reader takes it as a part of the first word, so the first header line, or the first value of the .mid, is not recognised.",
              "Remove the three bytes; --fix does."},

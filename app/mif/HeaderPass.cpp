@@ -271,6 +271,9 @@ void HeaderPass::TakeBounds(const HeaderLine& line) {
 
 // A factor of 0 means that there is none.
 void HeaderPass::TakeTransform(const HeaderLine& line) {
+    // The module takes four words, from the next lines where this one has fewer.
+    constexpr std::size_t kWords = 5;
+    areLinesPlain_ = areLinesPlain_ && line.tokens.size() >= kWords;
     report_.Add(FindingCode::TransformIgnored, At(line.line),
                 "the reader does not apply the Transform clause to the coordinates");
     std::vector<double> numbers = NumbersIn(line.tokens, 1);
@@ -446,6 +449,8 @@ void HeaderPass::TakeData(const HeaderLine& line) {
     header_.hasData = true;
     header_.dataOffset = line.line.next;
     header_.dataLine = line.line.number + 1;
+    // The module does not find a Data line that nothing ends.
+    areLinesPlain_ = areLinesPlain_ && line.line.lineEnd != LineEnd::None;
     header_.isReadByModule = IsReadByModule();
     lines_.Skip();
 }

@@ -103,7 +103,7 @@ void ObjectPass::ReadOddObject(ObjectFacts& facts) {
     pointLines_.clear();
     parts_.clear();
     lineClause_.clear();
-    facts.isOwn = facts.kind != ObjectKind::None;
+    facts.isOwn = true;
     ReadOddGeometry(facts);
     const bool isMadeOfPoints =
         facts.kind == ObjectKind::Point || facts.kind == ObjectKind::Pline ||

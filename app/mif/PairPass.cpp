@@ -83,6 +83,7 @@ public:
         problem_ = header.hasData ? "" : ProblemOf(lines_, begin, header);
     }
 
+    const std::string& Problem() const { return problem_; }
     [[noreturn]] void Fail() const { throw Failure(PathText(mif_) + ": " + problem_); }
 
     MifCounts PassObjects(FindingCounter& findings, PassSink& sink) {
@@ -159,6 +160,19 @@ std::filesystem::path MifBeside(const std::filesystem::path& path) {
     const std::filesystem::path mif =
         LowerExtension(path) == ".mid" ? FindCompanion(path, ".mif") : std::filesystem::path();
     return mif.empty() ? path : mif;
+}
+
+std::string WhyNoMif(const std::filesystem::path& path) {
+    constexpr std::string_view kNoMif = "is not a MIF file";
+    try {
+        PassedHeader passed;
+        FindingCounter findings;
+        MifPass pass(path);
+        pass.PassHeader(findings, passed.header);
+        return pass.Problem().starts_with(kNoMif) ? pass.Problem() : "";
+    } catch (const Failure&) {
+        return "";
+    }
 }
 
 PassedHeader PassHeaderOf(const std::filesystem::path& mif) {

@@ -47,6 +47,10 @@ std::uint64_t PassRows(LineReader& lines, char delimiter, std::size_t columns, U
 // The .mif file beside a path that is that of a .mid file; any other path as it is.
 std::filesystem::path MifBeside(const std::filesystem::path& path);
 
+// "is not a MIF file: it looks like a zip archive" of a file in which nothing of a header is found;
+// "" of others, of one in UTF-16, and of one that can't be opened.
+std::string WhyNoMif(const std::filesystem::path& path);
+
 // What a file is that is no MIF file, by its first bytes: "a zip archive". "" for text without
 // anything that tells.
 std::string KindOfFile(std::string_view begin);

@@ -200,6 +200,17 @@ TEST_F(AnUnpackedArchive, RefusesAMemberThatUnpacksToFarMoreThanItsSize) {
     }
 }
 
+TEST_F(AnUnpackedArchive, RefusesManyMembersThatTogetherUnpackToFarMore) {
+    std::vector<ArchiveEntry> entries;
+    for (int i = 0; i < 20; ++i) {
+        entries.push_back({std::to_string(i) + ".mif", std::string(500'000, '\0')});
+    }
+    const path file = Make(ArchiveForm::Zip, entries);
+
+    EXPECT_THAT(FailureOf(file, {.mostRatio = 100, .leastBytes = 1 << 20}),
+                HasSubstr(".mif: unpacks to more than 100 times"));
+}
+
 TEST_F(AnUnpackedArchive, RefusesSuchAMemberAlsoWhenItIsNotWanted) {
     const path file = Make(ArchiveForm::TarXz, {{"a.txt", std::string(8'000'000, '\0')}});
 

@@ -20,6 +20,15 @@ protected:
         folder_.Write(name, "x");
     }
 
+    void Write(const std::string& name, const std::string& text) { folder_.Write(name, text); }
+
+    std::string Path(const std::string& name) const { return (folder_.path() / name).string(); }
+
+    std::vector<app::BatchItem> ItemsOf(const std::string& list) {
+        constexpr std::array<std::string_view, 1> kExtensions{".mif"};
+        return app::PlanBatch(std::vector{Path(list)}, Path("out"), ".gpkg", kExtensions);
+    }
+
     void SetAge(const std::string& name, int seconds) {
         std::filesystem::last_write_time(folder_.path() / name,
                                          std::filesystem::file_time_type::clock::now() -
@@ -146,6 +155,33 @@ TEST_F(BatchPlan, RefusesAFolderWithoutMaps) {
     Touch("maps/readme.txt");
 
     EXPECT_EQ(ErrorOf<app::Failure>({"maps"}), "maps: holds no file to convert (looked for *.mif)");
+}
+
+TEST_F(BatchPlan, TakesTheFilesOfAListToTheirPlaces) {
+    Touch("north/a.mif");
+    Write("files.txt", Path("north/a.mif") + "\r\n\n12\t" + Path("none.mif") + "\n");
+
+    const std::vector<app::BatchItem> items = ItemsOf("files.txt");
+
+    ASSERT_EQ(items.size(), 2U);
+    EXPECT_EQ(items[0].input, Path("north/a.mif"));
+    EXPECT_EQ(items[0].output, Path("out") + Path("north/a.gpkg"));
+    EXPECT_EQ(items[0].bytes, std::nullopt);
+    EXPECT_EQ(items[1].output, Path("out") + Path("none.gpkg"));
+    EXPECT_EQ(items[1].bytes, 12U);
+}
+
+TEST_F(BatchPlan, RefusesAListThatLeadsOutOfTheWorkingFolder) {
+    Write("files.txt", "a.mif\n../b.mif\n");
+
+    EXPECT_EQ(ErrorOf<app::UsageError>({"files.txt"}),
+              "files.txt:2: ../b.mif leads out of the working folder; name it by its whole path");
+}
+
+TEST_F(BatchPlan, RefusesAListOfNothing) {
+    Write("files.lst", "\n");
+
+    EXPECT_EQ(ErrorOf<app::Failure>({"files.lst"}), "files.lst: lists no file");
 }
 
 TEST_F(BatchPlan, CountsAnOutputAsDoneThatIsNewerThanItsInput) {

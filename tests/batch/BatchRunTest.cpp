@@ -3,6 +3,7 @@
 
 #include "app/base/Errors.h"
 #include "app/base/TempFolder.h"
+#include "app/base/platform/System.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -36,7 +37,7 @@ pid_t EndedProcess() {
 }
 
 std::string PrivateFolderOf(pid_t process) {
-    return ".qolf-" + std::to_string(process) + "-AbCdEf";
+    return ".qolf-" + std::to_string(process) + "-" + app::HostName() + "-AbCdEf";
 }
 
 class BatchRun : public testing::Test {
@@ -55,8 +56,8 @@ protected:
     }
 
     // Copies the input; what is said and how it ends is written in the input.
-    static int Convert(const app::BatchItem& item, app::IfExists ifExists,
-                       app::Reporter& reporter) {
+    static app::ConvertedItem Convert(const app::BatchItem& item, app::IfExists ifExists,
+                                      app::Reporter& reporter) {
         std::stringstream text;
         text << std::ifstream(item.input).rdbuf();
         if (ifExists == app::IfExists::Refuse && std::filesystem::exists(item.output)) {
@@ -72,13 +73,13 @@ protected:
                  return std::raise(SIGKILL);
              }}};
         if (const auto ending = endings.find(text.str()); ending != endings.end()) {
-            return ending->second();
+            return {ending->second()};
         }
         if (text.str() == "warn") {
             reporter.Warning(item.input.string() + ": careful");
         }
         std::ofstream(item.output) << text.str();
-        return 0;
+        return {0, text.str().size()};
     }
 
     int Run() {
@@ -274,6 +275,50 @@ TEST_F(BatchRun, ResumedLeavesFoldersOfOtherRunsAndOtherNamesAlone) {
     std::vector<std::string> left = others;
     left.push_back("a.gpkg");
     EXPECT_THAT(NamesInOutput(), testing::UnorderedElementsAreArray(left));
+}
+
+TEST_F(BatchRun, ResumedLeavesFoldersOfOtherMachinesAlone) {
+    Add("a", "one");
+    const std::string other = "out/.qolf-" + std::to_string(EndedProcess()) + "-elsewhere-AbCdEf";
+    Leave(other);
+    options_.resume = true;
+
+    EXPECT_EQ(Run(), 0);
+
+    EXPECT_TRUE(folder_.Has(other));
+}
+
+TEST_F(BatchRun, ResumedRemovesWhatItsOwnOutputsLeftOnOtherMachines) {
+    Add("a", "one");
+    const std::string other = "out/.qolf-" + std::to_string(getpid()) + "-elsewhere-AbCdEf";
+    Leave(other);
+    folder_.Write(other + "/a.gpkg", "half");
+    options_.resume = true;
+    options_.ownsOutputs = true;
+
+    EXPECT_EQ(Run(), 0);
+
+    EXPECT_FALSE(folder_.Has(other));
+    EXPECT_EQ(folder_.Read("out/a.gpkg"), "one");
+}
+
+TEST_F(BatchRun, TellsHowEachFileEnded) {
+    Add("a", "one");
+    Add("b", "fail");
+    Add("c", "crash");
+    std::map<std::string, app::BatchOutcome> ends;
+    options_.onEnd = [&ends](const app::BatchItem& item, const app::BatchOutcome& outcome) {
+        ends[item.input.filename().string()] = outcome;
+    };
+
+    Run();
+
+    EXPECT_EQ(ends.at("a.mif").features, 3U);
+    EXPECT_EQ(ends.at("a.mif").error, "");
+    EXPECT_GT(ends.at("a.mif").seconds, 0.0);
+    EXPECT_EQ(ends.at("b.mif").features, std::nullopt);
+    EXPECT_EQ(ends.at("b.mif").error, "first line second line");
+    EXPECT_EQ(ends.at("c.mif").error, "ended by signal 9");
 }
 
 TEST_F(BatchRun, SaysWhyAFolderCannotBeMade) {

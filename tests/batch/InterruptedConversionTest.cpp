@@ -103,8 +103,8 @@ protected:
 
     // Breaks a run off once it has made so many outputs.
     int RunUntil(std::size_t count, int signalNumber, const std::string& format,
-                 const std::string& outputFolder) {
-        const pid_t process = Start(format, outputFolder);
+                 const std::string& outputFolder, const std::vector<std::string>& more = {}) {
+        const pid_t process = Start(format, outputFolder, more);
         while (NamesIn(outputFolder).size() < count) {
             std::this_thread::sleep_for(std::chrono::milliseconds(2));
         }
@@ -124,10 +124,13 @@ protected:
         return names;
     }
 
+    // Of the files in a folder, without those of folders in it.
     std::map<std::string, std::string> BytesIn(const std::string& folder) const {
         std::map<std::string, std::string> bytes;
         for (const std::string& name : NamesIn(folder)) {
-            bytes[name] = folder_.Read(folder + "/" + name);
+            if (!fs::is_directory(folder_.path() / folder / name)) {
+                bytes[name] = folder_.Read(folder + "/" + name);
+            }
         }
         return bytes;
     }
@@ -164,10 +167,40 @@ TEST_F(ManyFiles, KilledAndResumedGiveThePackagesOfAnUndisturbedRun) {
     ASSERT_EQ(Run("gpkg", "whole"), 0) << folder_.Read("messages");
 
     EXPECT_EQ(RunUntil(20, SIGKILL, "gpkg", "resumed"), -SIGKILL);
+    const std::map<std::string, std::string> whole = DumpsIn("whole");
+    std::size_t count = 0;
+    for (const std::string& name : NamesIn("resumed")) {
+        if (name.ends_with(".gpkg")) {
+            EXPECT_EQ(DumpOf(Path("resumed/" + name)), whole.at(name))
+                << "a killed run left " << name;
+            ++count;
+        }
+    }
+    EXPECT_GE(count, 10U);
     EXPECT_EQ(Run("gpkg", "resumed", {"--resume"}), 0) << folder_.Read("messages");
 
     EXPECT_EQ(NamesIn("whole").size(), 60U);
     EXPECT_EQ(DumpsIn("resumed"), DumpsIn("whole"));
+}
+
+// A part that is killed at any time, on any machine, is started again in the same way.
+TEST_F(ManyFiles, InPartsOfWhichOneIsKilledGiveTheBytesOfAnUndisturbedRun) {
+    WriteMaps(400);
+    ASSERT_EQ(Run("geojson", "whole"), 0) << folder_.Read("messages");
+    const std::vector<std::string> first = {"--shard", "1/2", "--resume"};
+    const std::vector<std::string> second = {"--shard", "2/2", "--resume"};
+
+    EXPECT_EQ(RunUntil(100, SIGKILL, "geojson", "parts", first), -SIGKILL);
+    EXPECT_EQ(Run("geojson", "parts", second), 0) << folder_.Read("messages");
+    EXPECT_EQ(Run("geojson", "parts", first), 0) << folder_.Read("messages");
+
+    EXPECT_TRUE(BytesIn("parts") == BytesIn("whole"));
+    EXPECT_EQ(NamesIn("parts/.qolf"),
+              (std::vector<std::string>{"1-of-2.jsonl", "2-of-2.jsonl", "plan.jsonl"}));
+    for (const char* log : {"parts/.qolf/1-of-2.jsonl", "parts/.qolf/2-of-2.jsonl"}) {
+        const std::string lines = folder_.Read(log);
+        EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), 200) << log;
+    }
 }
 
 TEST_F(ManyFiles, ReplaceNothingUnasked) {

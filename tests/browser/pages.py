@@ -188,7 +188,7 @@ class Pages(unittest.TestCase):
             collection('blue', [point(26, 59, **{'marker-color': '#0000ff'})]))
         self.show(page)
         self.assertEqual(self.drawn(), 2)
-        switch = ("Array.from(document.querySelectorAll('.layers .layer'))"
+        switch = ("Array.from(document.querySelectorAll('.layers .row'))"
                   ".find(row => row.textContent.includes('red')).querySelector('input').click()")
 
         self.browser.run(switch)
@@ -370,6 +370,14 @@ class Pages(unittest.TestCase):
         self.assertIn(page.as_uri(), urls)
         self.assertTrue(all(url == page.as_uri() or url.startswith(tiles.address + '/')
                             for url in urls), urls)
+
+    def test_data_of_the_map_is_not_laid_out(self):
+        page = self.make(collection('data', [point(25, 59)]))
+        self.show(page)
+
+        self.assertEqual(self.browser.run(
+            "return Array.from(document.scripts, script => getComputedStyle(script).display)"),
+            ['none'] * 3)
 
     def test_many_objects_appear_within_seconds(self):
         # A grid of 40,000 areas. The limit is wide: it is there for steps that grow as a square.

@@ -16,8 +16,8 @@ ARGUMENTS = [
     '--disable-dev-shm-usage', '--force-device-scale-factor=1', '--hide-scrollbars',
     '--lang=en',
 ]
-START_SECONDS = 60
-CALL_SECONDS = 120
+START_SECONDS = 180
+CALL_SECONDS = 300
 
 
 class Browser:
@@ -61,7 +61,7 @@ class Browser:
         """Runs the body of a function in the page and returns what it returns."""
         return self._call('POST', '/execute/sync', {'script': script, 'args': list(arguments)})
 
-    def wait_for(self, script, seconds=60):
+    def wait_for(self, script, seconds=180):
         """Waits until the body of a function returns something that counts as true."""
         end = time.monotonic() + seconds
         while True:

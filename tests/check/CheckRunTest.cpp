@@ -62,6 +62,25 @@ TEST(QolfCheck, AnswersZeroForNotesWithStrict) {
     EXPECT_EQ(Check({.files = {Data("doubled-vertex.mif")}, .strict = true}).exitCode, 0);
 }
 
+TEST(QolfCheck, SaysOfAFileThatIsNoMifFileWhatItLooksLike) {
+    const support::TemporaryFolder folder;
+    folder.Write("a.mif", "PK\x03\x04");
+
+    const Outcome outcome = Check({.files = {folder.path() / "a.mif"}});
+
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.text, HasSubstr("a.mif: error MIF-F001: is not a MIF file: it looks like a "
+                                        "zip archive\n"));
+    EXPECT_THAT(outcome.text, HasSubstr("a.mif: 1 error, 0 warnings, 0 notes\n"));
+}
+
+TEST(QolfCheck, TakesTheMifFileBesideAMidFile) {
+    app::CheckArguments arguments;
+    arguments.files = {Data("clean-region.mid")};
+
+    EXPECT_EQ(app::CheckedCheckOptions(arguments).files.front(), Data("clean-region.mif"));
+}
+
 TEST(QolfCheck, PrintsPlaceSeverityCodeObjectMessageAndAdvice) {
     const Outcome outcome = Check({.files = {Data("unclosed-ring.mif")}});
 

@@ -83,7 +83,7 @@ const std::vector<FindingRow>& Rows() {
         FindingRow{"empty-line-in-object", {"empty-line-in-object@11"}},
         FindingRow{"empty-row", {"mid:row-empty@2"}},
         FindingRow{"empty-text", {"text-empty@9"}},
-        FindingRow{"empty", {"data-missing@0"}},
+        FindingRow{"empty", {"file-unreadable@0"}},
         FindingRow{"fractional-angle", {"angle-truncated@11"}},
         FindingRow{"line-break-in-value", {"mid:line-break-in-value@1"}},
         FindingRow{"lone-carriage-returns",

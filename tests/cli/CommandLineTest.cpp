@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -72,9 +73,13 @@ TEST_P(EachCommand, RefusesAnUnknownOptionWithExitCode2) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, EachCommand,
-                         testing::Values("info", "convert", "trace", "replay", "draw", "check",
-                                         "options"),
-                         [](const auto& row) { return std::string(row.param); });
+                         testing::Values("info", "convert", "batch-report", "trace", "replay",
+                                         "draw", "check", "options"),
+                         [](const auto& row) {
+                             std::string name = row.param;
+                             std::replace(name.begin(), name.end(), '-', '_');
+                             return name;
+                         });
 
 TEST(TheCommandLine, NamesACommandThatThereIsNot) {
     const Sandbox sandbox;

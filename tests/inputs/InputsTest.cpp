@@ -100,7 +100,14 @@ TEST_F(TheInputs, MayBeAFolderOrAFileInAnArchive) {
     EXPECT_THAT(Resolve({"maps/geofla.zip/2015"}), ElementsAre("maps/geofla.zip/2015/commune.mif"));
     EXPECT_THAT(Resolve({"maps/geofla.zip/other.json"}), ElementsAre("maps/geofla.zip/other.json"));
     EXPECT_THAT(FailureOf({"maps/geofla.zip/2016"}),
-                HasSubstr("maps/geofla.zip/2016: holds no file that can be read: .mif, .geojson"));
+                HasSubstr("maps/geofla.zip/2016: is not a file or folder in the archive; it holds "
+                          "2014/COMMUNE.MIF, 2014/lakes.geojson, 2015/commune.mif, other.json"));
+    support::MakeArchive(folder_.path() / "json.zip", ArchiveForm::Zip, {{"a.json", "1"}});
+    EXPECT_THAT(FailureOf({"json.zip"}),
+                HasSubstr("json.zip: holds .json files alone; name the one to read: a.json"));
+    support::MakeArchive(folder_.path() / "texts.zip", ArchiveForm::Zip, {{"a.txt", "1"}});
+    EXPECT_THAT(FailureOf({"texts.zip"}),
+                HasSubstr("texts.zip: holds no file that can be read: .mif, .geojson"));
 }
 
 TEST_F(TheInputs, OfACompressedFileMayBeJson) {

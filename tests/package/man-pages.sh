@@ -29,7 +29,7 @@ check_sections() {
     done
     grep -qE '@[A-Z_]+@' "$page" && fail "$(basename "$page") names a fragment that is not there"
     gzip -dc "${page%.md}.1.gz" | grep -q '^\.TH' || fail "$(basename "$page") gave no man page"
-    for other in $(grep -oE '\*\*qolf(-[a-z]+)?\*\*\(1\)' "$page" | tr -d '*' | sed 's/(1)//'); do
+    for other in $(grep -oE '\*\*qolf(-[a-z]+)*\*\*\(1\)' "$page" | tr -d '*' | sed 's/(1)//'); do
         [ -f "$pages/$other.md" ] || fail "$(basename "$page") mentions $other(1), which is missing"
     done
 }

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+#include <string>
+
 namespace {
 
 app::PageArguments Arguments() {
@@ -55,6 +58,9 @@ struct OriginRow {
     std::string tiles;
     std::string origin;
 };
+void PrintTo(const OriginRow& row, std::ostream* out) {
+    *out << row.name;
+}
 class TheServerOfTiles : public testing::TestWithParam<OriginRow> {};
 
 TEST_P(TheServerOfTiles, IsInThePolicy) {
@@ -86,6 +92,9 @@ struct RefusalRow {
     void (*change)(app::PageArguments&);
     std::string message;
 };
+void PrintTo(const RefusalRow& row, std::ostream* out) {
+    *out << row.name;
+}
 class APageRefuses : public testing::TestWithParam<RefusalRow> {};
 
 TEST_P(APageRefuses, WithThisMessage) {

@@ -65,6 +65,10 @@ void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,
 // them. Throws Failure.
 void LinkFile(const std::filesystem::path& target, const std::filesystem::path& link);
 
+// Returns the name of this machine; "-" and what names of files can't have become "_". Empty when
+// the system does not know it.
+std::string HostName();
+
 // Makes an empty folder below `parent` that only this user can use, with a new name, and returns
 // its path. Throws Failure.
 std::filesystem::path MakePrivateFolder(const std::filesystem::path& parent);

@@ -4,6 +4,7 @@
 #include "app/base/Paths.h"
 #include "app/base/TempFolder.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -158,9 +159,22 @@ void LinkFile(const std::filesystem::path& target, const std::filesystem::path& 
     }
 }
 
+std::string HostName() {
+    char name[256] = {};
+    if (gethostname(name, sizeof name - 1) != 0) {
+        return "";
+    }
+    std::string text = name;
+    std::ranges::replace_if(
+        text, [](char c) { return c == '-' || c == '/' || static_cast<signed char>(c) <= ' '; },
+        '_');
+    return text;
+}
+
 std::filesystem::path MakePrivateFolder(const std::filesystem::path& parent) {
     std::string pattern =
-        (parent / (kPrivateFolderPrefix + std::to_string(getpid()) + "-XXXXXX")).string();
+        (parent / (kPrivateFolderPrefix + std::to_string(getpid()) + "-" + HostName() + "-XXXXXX"))
+            .string();
     if (mkdtemp(pattern.data()) == nullptr) {
         throw Failure(PathText(parent) + ": can't write there: " + std::strerror(errno));
     }

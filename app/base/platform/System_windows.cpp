@@ -206,12 +206,23 @@ void LinkFile(const std::filesystem::path& target, const std::filesystem::path& 
     }
 }
 
+std::string HostName() {
+    char name[MAX_COMPUTERNAME_LENGTH + 1] = {};
+    DWORD size = sizeof name;
+    if (GetComputerNameA(name, &size) == 0) {
+        return "";
+    }
+    std::string text(name, size);
+    std::replace(text.begin(), text.end(), '-', '_');
+    return text;
+}
+
 std::filesystem::path MakePrivateFolder(const std::filesystem::path& parent) {
     for (unsigned attempt = 0; attempt < 1000; ++attempt) {
         const unsigned long long number = GetTickCount64() + attempt;
         const std::filesystem::path folder =
             parent / (kPrivateFolderPrefix + std::to_string(GetCurrentProcessId()) + "-" +
-                      std::to_string(number));
+                      HostName() + "-" + std::to_string(number));
         std::error_code error;
         if (std::filesystem::create_directory(folder, error)) {
             return folder;

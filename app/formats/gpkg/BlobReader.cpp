@@ -128,7 +128,8 @@ std::vector<shr::Vec2d> ReadPoints(Cursor& cursor, std::size_t dimensions) {
 }
 
 // Returns the points of the arc from a over b to c, without a; b and c when the three lie on a
-// line. A full circle has c equal to a, and b on the other side.
+// line, or on a circle that is too large for numbers. A full circle has c equal to a, and b on the
+// other side.
 void AppendArc(std::vector<shr::Vec2d>& points, const shr::Vec2d& a, const shr::Vec2d& b,
                const shr::Vec2d& c) {
     const double bx = b.x - a.x;
@@ -148,6 +149,11 @@ void AppendArc(std::vector<shr::Vec2d>& points, const shr::Vec2d& a, const shr::
                                        : shr::Vec2d{a.x + (cy * bb - by * cc) / (2.0 * twiceArea),
                                                     a.y + (bx * cc - cx * bb) / (2.0 * twiceArea)};
     const double radius = std::hypot(a.x - centre.x, a.y - centre.y);
+    if (!std::isfinite(radius)) {
+        points.push_back(b);
+        points.push_back(c);
+        return;
+    }
     const double start = std::atan2(a.y - centre.y, a.x - centre.x);
     double sweep = std::atan2(c.y - centre.y, c.x - centre.x) - start;
     if (isCircle) {

@@ -71,23 +71,35 @@ std::string Lower(std::string_view name) {
     return lower;
 }
 
+// The beginning of the name, with a number where it is taken.
+std::string UniqueName(const std::string& name, std::set<std::string>& taken) {
+    std::string unique(Beginning(name, kMostCharacters));
+    for (int number = 2; !taken.insert(Lower(unique)).second; ++number) {
+        const std::string suffix = "_" + std::to_string(number);
+        unique = std::string(Beginning(name, kMostCharacters - suffix.size())) + suffix;
+    }
+    return unique;
+}
+
 }  // namespace
 
 std::vector<std::string> ColumnNamesFor(std::span<const LayerColumn> columns,
                                         CharsetEncoder& encoder) {
-    std::vector<std::string> names;
+    std::vector<std::string> names(columns.size());
     std::set<std::string> taken;  // in lower case
-    for (const LayerColumn& column : columns) {
-        std::string name = CleanName(column.name, encoder);
-        if (name.empty()) {
-            name = "column_" + std::to_string(names.size() + 1);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const std::string name = CleanName(columns[i].name, encoder);
+        const bool isKept = name == columns[i].name && Beginning(name, kMostCharacters) == name;
+        if (isKept && taken.insert(Lower(name)).second) {
+            names[i] = name;
         }
-        std::string unique(Beginning(name, kMostCharacters));
-        for (int number = 2; !taken.insert(Lower(unique)).second; ++number) {
-            const std::string suffix = "_" + std::to_string(number);
-            unique = std::string(Beginning(name, kMostCharacters - suffix.size())) + suffix;
+    }
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (names[i].empty()) {
+            names[i] = UniqueName(columns[i].name.empty() ? "column_" + std::to_string(i + 1)
+                                                          : CleanName(columns[i].name, encoder),
+                                  taken);
         }
-        names.push_back(std::move(unique));
     }
     return names;
 }

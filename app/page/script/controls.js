@@ -49,7 +49,7 @@ const LayerList = L.Control.extend({
     },
 
     rowOf: function (layer) {
-        const row = newElement('label', 'layer');
+        const row = newElement('label', 'row');
         const box = newElement('input', '');
         box.type = 'checkbox';
         box.checked = true;

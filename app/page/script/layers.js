@@ -42,6 +42,27 @@ function partsOf(geometry) {
     }
 }
 
+// Numbers in a list that grows.
+class Numbers {
+    constructor() {
+        this.list = new Float64Array(1 << 12);
+        this.size = 0;
+    }
+
+    push(number) {
+        if (this.size === this.list.length) {
+            const list = new Float64Array(2 * this.size);
+            list.set(this.list);
+            this.list = list;
+        }
+        this.list[this.size++] = number;
+    }
+
+    taken() {
+        return this.list.slice(0, this.size);
+    }
+}
+
 // A layer has features, and items, which are what is drawn: a feature of several geometries has
 // several items. Item i has the parts from firstPart[i] to firstPart[i + 1], and part p the points
 // from firstPoint[p] to firstPoint[p + 1]; point q is at xy[2 * q] and xy[2 * q + 1].
@@ -59,68 +80,48 @@ class Layer {
         this.text = [];  // by item; undefined for what is no text
         this.firstPart = [0];
         this.firstPoint = [0];
-        this.box = [];  // four numbers an item: left, top, right, bottom
-        const xy = [];
-        this.features.forEach((feature, at) => this.addFeature(feature, at, xy));
-        this.xy = Float64Array.from(xy);
-        this.box = Float64Array.from(this.box);
+        const xy = new Numbers();
+        const box = new Numbers();  // four numbers an item: left, top, right, bottom
+        for (let i = 0; i < this.features.length; ++i) {
+            this.addFeature(this.features[i], i, xy, box);
+        }
+        this.xy = xy.taken();
+        this.box = box.taken();
     }
 
     get size() {
         return this.kind.length;
     }
 
-    addFeature(feature, at, xy) {
+    addFeature(feature, at, xy, box) {
         const geometry = feature.geometry;
-        const isCollection = geometry.type === 'GeometryCollection';
-        const members = isCollection ? geometry.geometries : [geometry];
-        members.forEach((member, i) => {
-            const text = feature.text && (isCollection ? feature.text[i] : feature.text);
-            const style = isCollection ? feature.style[i] : feature.style;
-            this.addItem(at, member, style, text || undefined, xy);
-        });
+        if (geometry.type === 'GeometryCollection') {
+            geometry.geometries.forEach((member, i) => {
+                const text = feature.text ? feature.text[i] : null;
+                this.addItem(at, member, feature.style[i], text || undefined, xy, box);
+            });
+        } else {
+            this.addItem(at, geometry, feature.style, feature.text, xy, box);
+        }
         feature.geometry = undefined;  // the numbers are kept, not the text's lists
     }
 
-    addItem(feature, geometry, style, text, xy) {
-        const begin = xy.length;
+    addItem(feature, geometry, style, text, xy, box) {
+        const begin = xy.size;
         const parts = text ? [text.frame] : partsOf(geometry);
         for (const part of parts) {
-            for (const position of part) {
-                xy.push(worldX(position[0]), worldY(position[1]));
+            for (let i = 0; i < part.length; ++i) {
+                xy.push(worldX(part[i][0]));
+                xy.push(worldY(part[i][1]));
             }
-            this.firstPoint.push(xy.length / 2);
+            this.firstPoint.push(xy.size / 2);
         }
         this.firstPart.push(this.firstPoint.length - 1);
         this.kind.push(text ? TEXT : KIND_OF_TYPE[geometry.type]);
         this.style.push(style);
         this.feature.push(feature);
         this.text.push(text);
-        this.addBox(xy, begin, text);
-    }
-
-    addBox(xy, begin, text) {
-        let left = Infinity, top = Infinity, right = -Infinity, bottom = -Infinity;
-        const include = (x, y) => {
-            left = Math.min(left, x);
-            right = Math.max(right, x);
-            top = Math.min(top, y);
-            bottom = Math.max(bottom, y);
-        };
-        for (let i = begin; i < xy.length; i += 2) {
-            include(xy[i], xy[i + 1]);
-        }
-        if (text) {
-            cornersOfText(text, xy, begin).forEach(corner => include(corner[0], corner[1]));
-        }
-        if (settings.seam !== undefined && right < worldX(settings.seam)) {
-            for (let i = begin; i < xy.length; i += 2) {
-                xy[i] += 1;
-            }
-            left += 1;
-            right += 1;
-        }
-        this.box.push(left, top, right, bottom);
+        addBox(box, xy, begin, text);
     }
 
     // The value that labels the item; '' for none.
@@ -153,6 +154,34 @@ function cornersOfText(text, xy, begin) {
         }
     }
     return corners;
+}
+
+// Adds the box of the points from `begin` on. What is west of the map's cut goes to its eastern end.
+function addBox(box, xy, begin, text) {
+    let left = Infinity, top = Infinity, right = -Infinity, bottom = -Infinity;
+    const include = (x, y) => {
+        left = Math.min(left, x);
+        right = Math.max(right, x);
+        top = Math.min(top, y);
+        bottom = Math.max(bottom, y);
+    };
+    for (let i = begin; i < xy.size; i += 2) {
+        include(xy.list[i], xy.list[i + 1]);
+    }
+    if (text) {
+        cornersOfText(text, xy.list, begin).forEach(corner => include(corner[0], corner[1]));
+    }
+    if (settings.seam !== undefined && right < worldX(settings.seam)) {
+        for (let i = begin; i < xy.size; i += 2) {
+            xy.list[i] += 1;
+        }
+        left += 1;
+        right += 1;
+    }
+    box.push(left);
+    box.push(top);
+    box.push(right);
+    box.push(bottom);
 }
 
 function readLayers() {

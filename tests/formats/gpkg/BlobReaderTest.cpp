@@ -255,6 +255,12 @@ TEST(ReadingABlob, StrokesAFullCircleOfTwoEqualEnds) {
     EXPECT_NEAR(points[16].y, 1.0, 1e-12);
 }
 
+TEST(ReadingABlob, TakesAnArcOnACircleBeyondAllNumbersForStraight) {
+    const Bytes bytes = Little().Type(8).Whole(3).Reals({0, 0, 1e200, 1e200, 1e200, -1e199});
+
+    EXPECT_EQ(FeatureOf(bytes.Text()).geometry.points.size(), 3U);
+}
+
 struct BrokenRow {
     std::string name;
     std::string bytes;

@@ -37,6 +37,7 @@ INSTANTIATE_TEST_SUITE_P(
         NamesRow{"NotBegunByADigit", {"1st"}, {"_1st"}},
         NamesRow{"NumberedWhenDoubled", {"a", "A", "a"}, {"a", "A_2", "a_3"}},
         NamesRow{"NumberedPastATakenNumber", {"a", "a_2", "a"}, {"a", "a_2", "a_3"}},
+        NamesRow{"KeptWhereAnotherBecomesTheSame", {"a b", "a_b"}, {"a_b_2", "a_b"}},
         NamesRow{"CutAt31Characters", {std::string(40, 'x')}, {std::string(31, 'x')}},
         NamesRow{"CutForTheirNumber",
                  {std::string(31, 'x'), std::string(32, 'x')},

@@ -129,6 +129,7 @@ const ObjectRow kObjects[] = {
 
     // Features without a place.
     {"None", "None\nPoint 1 1\nNone\n", "None [a]\nPoints 1 1 [b]\nNone [c]\n"},
+    {"NoneBeforeALoneReturn", "None\rNone\rPoint 1 1\n", "None [a]\nNone [b]\nPoints 1 1 [c]\n"},
     {"NothingButNone", "None\nNone\nNone\n", "None [a]\nNone [b]\nNone [c]\n"},
 
     // Counts.
@@ -314,6 +315,22 @@ TEST_F(APairAsMeant, IsReadBehindAByteOrderMark) {
 TEST_F(APairAsMeant, NeedsNoVersion) {
     EXPECT_EQ(support::TextOf(FeaturesOf("Columns 1\n  a Char(9)\nData\n\nPoint 1 1\n", "x\n")),
               "Points 1 1 [x]\n");
+}
+
+// The module takes the next line for the numbers that are missing.
+TEST_F(APairAsMeant, NeedsNoWholeTransform) {
+    EXPECT_EQ(
+        support::TextOf(FeaturesOf(
+            "Version 450\nTransform \",\"\nCoordSys NonEarth Units \"m\"\nData\n\nPoint 1 1\n",
+            "")),
+        "Points 1 1 []\n");
+}
+
+// The module does not find the Data line there.
+TEST_F(APairAsMeant, MayEndWithItsDataLine) {
+    EXPECT_TRUE(
+        FeaturesOf("Version 450\nDelimiter \",\"\nColumns 1\n  a Char(9)\nSomething\nData", "")
+            .empty());
 }
 
 TEST_F(APairAsMeant, KeepsEachRowWithItsObjectWhenCollectionsHaveOneEach) {

@@ -1,0 +1,140 @@
+#include "app/batch/BatchLog.h"
+
+#include "app/base/Errors.h"
+#include "app/base/Paths.h"
+#include "app/json/JsonObjectWriter.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+namespace app {
+namespace {
+
+using nlohmann::json;
+
+constexpr const char* kLogExtension = ".jsonl";
+
+std::string LineText(const BatchLogLine& line) {
+    std::string text;
+    JsonObjectWriter object(text);
+    object.Text("input", line.input);
+    object.Text("output", line.output);
+    if (line.features) {
+        object.Integer("features", static_cast<std::int64_t>(*line.features));
+    } else {
+        object.Null("features");
+    }
+    object.Number("seconds", line.seconds);
+    if (line.error.empty()) {
+        object.Null("error");
+    } else {
+        object.Text("error", line.error);
+    }
+    object.Close();
+    return text + "\n";
+}
+
+std::string TextMember(const json& object, const char* name) {
+    const auto member = object.find(name);
+    return member != object.end() && member->is_string() ? member->get<std::string>() : "";
+}
+
+// Absent for what is no line of a log.
+std::optional<BatchLogLine> LineOf(const std::string& text) {
+    const json object = json::parse(text, nullptr, /*allow_exceptions=*/false);
+    if (!object.is_object() || !object.contains("error")) {
+        return std::nullopt;
+    }
+    BatchLogLine line;
+    line.input = TextMember(object, "input");
+    line.output = TextMember(object, "output");
+    line.error = TextMember(object, "error");
+    if (const auto features = object.find("features");
+        features != object.end() && features->is_number_unsigned()) {
+        line.features = features->get<std::uint64_t>();
+    }
+    if (const auto seconds = object.find("seconds");
+        seconds != object.end() && seconds->is_number()) {
+        line.seconds = seconds->get<double>();
+    }
+    return line.output.empty() ? std::nullopt : std::optional(line);
+}
+
+// Whether the file has bytes and the last one is no line end.
+bool EndsInALine(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary | std::ios::ate);
+    if (!stream || stream.tellg() <= 0) {
+        return false;
+    }
+    stream.seekg(-1, std::ios::end);
+    return stream.get() != '\n';
+}
+
+}  // namespace
+
+std::filesystem::path LogPathOf(const std::filesystem::path& folder, const Shard& shard) {
+    return folder / kBatchFolder /
+           (std::to_string(shard.number) + "-of-" + std::to_string(shard.count) + kLogExtension);
+}
+
+std::vector<std::filesystem::path> LogsIn(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> logs;
+    std::error_code error;
+    std::filesystem::directory_iterator entries(folder / kBatchFolder, error);
+    for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+        const std::filesystem::path& path = entries->path();
+        if (path.extension() == kLogExtension &&
+            PathText(path.filename()).find("-of-") != std::string::npos) {
+            logs.push_back(path);
+        }
+    }
+    std::ranges::sort(logs);
+    return logs;
+}
+
+std::vector<BatchLogLine> ReadBatchLog(const std::filesystem::path& file) {
+    std::vector<BatchLogLine> lines;
+    std::ifstream stream(file, std::ios::binary);
+    for (std::string text; std::getline(stream, text);) {
+        if (std::optional<BatchLogLine> line = LineOf(text)) {
+            lines.push_back(std::move(*line));
+        }
+    }
+    return lines;
+}
+
+BatchLog::BatchLog(const std::filesystem::path& file, Begin begin) : file_(file) {
+    std::error_code error;
+    std::filesystem::create_directories(file.parent_path(), error);
+    if (begin == Begin::Anew) {
+        std::filesystem::remove(file, error);
+    }
+    const bool isCut = EndsInALine(file);
+    errno = 0;
+    stream_.reset(std::fopen(file.string().c_str(), "ab"));
+    if (stream_ == nullptr) {
+        throw Failure(PathText(file_) + ": can't write: " + std::strerror(errno));
+    }
+    // Without a buffer a line is one write: a killed run leaves all of it or nothing, as a rule.
+    std::setvbuf(stream_.get(), nullptr, _IONBF, 0);
+    if (isCut) {
+        Write("\n");
+    }
+}
+
+void BatchLog::Add(const BatchLogLine& line) {
+    Write(LineText(line));
+}
+
+void BatchLog::Write(const std::string& text) {
+    errno = 0;
+    if (std::fwrite(text.data(), 1, text.size(), stream_.get()) != text.size()) {
+        throw Failure(PathText(file_) + ": can't write: " + std::strerror(errno));
+    }
+}
+
+}  // namespace app
