@@ -38,7 +38,8 @@ std::FILE* OpenFile(const std::wstring& path, OpenMode mode) {
     }
     const std::string bytes = PathToBytes(path);
     if (mode != OpenMode::ReadBinary) {
-        return std::fopen(bytes.c_str(), "we");  // e: not for child processes
+        // e: not for child processes
+        return std::fopen(bytes.c_str(), mode == OpenMode::AppendBinary ? "ae" : "we");
     }
     std::FILE* stream = std::fopen(bytes.c_str(), "rbe");
     if (stream == nullptr && errno == ENOENT) {

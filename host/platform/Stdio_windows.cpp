@@ -34,6 +34,8 @@ const wchar_t* ModeText(OpenMode mode) {
         return L"wtN";
     case OpenMode::WriteBinary:
         return L"wbN";
+    case OpenMode::AppendBinary:
+        return L"abN";
     case OpenMode::ReadBinary:
         break;
     }
