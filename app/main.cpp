@@ -12,7 +12,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cstdlib>
 #include <iostream>
 #include <sstream>
 #include <string_view>
@@ -32,8 +31,7 @@ Examples:
 
 app::Reporter StderrReporter() {
     const bool isTerminal = app::IsTerminal(stderr);
-    const char* noColor = std::getenv("NO_COLOR");
-    return {stderr, isTerminal, isTerminal && (noColor == nullptr || *noColor == '\0')};
+    return {stderr, isTerminal, isTerminal && app::EnvironmentVariable("NO_COLOR").empty()};
 }
 
 struct GlobalOptions {
@@ -190,7 +188,7 @@ int ParseAndRun(CLI::App& program, std::vector<std::string> arguments, const Glo
 
 int main(int argc, char** argv) {
     app::IgnoreClosedPipes();
-    app::UseBinaryStandardStreams();
+    app::PrepareStandardStreams();
     app::CommandContext context(StderrReporter());
     std::vector<std::string> arguments = app::ProgramArguments(argc, argv);
     arguments.erase(arguments.begin());

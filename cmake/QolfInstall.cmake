@@ -33,7 +33,8 @@ string(FIND "${readme}" "\n## Development\n" readme_length)
 string(SUBSTRING "${readme}" 0 ${readme_length} readme)
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/README.md" CONTENT "${readme}" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/README.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-foreach(document IN ITEMS findings geopackage integrating reading reliability round-trip scale trace-format)
+foreach(document IN ITEMS
+    findings geopackage integrating reading reliability round-trip scale trace-format windows)
   install(FILES "${PROJECT_SOURCE_DIR}/docs/${document}.md"
           DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs")
 endforeach()

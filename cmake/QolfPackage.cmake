@@ -1,9 +1,6 @@
 # The Debian package that `cpack` makes in a build of the preset `package`: everything that
 # `cmake --install` installs, with what Debian wants in its place for licence and history.
 include_guard(GLOBAL)
-if(WIN32)
-  return()
-endif()
 
 set(debian "${PROJECT_SOURCE_DIR}/cmake/debian")
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)

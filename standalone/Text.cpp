@@ -2,6 +2,9 @@
 
 #include "host/platform/Utf8.h"
 #include "standalone/CodePages.h"
+#include "standalone/platform/CodePage.h"
+
+#include <utility>
 
 namespace standalone {
 
@@ -49,6 +52,15 @@ std::optional<std::string> Encode(const std::string& codePage, std::string_view 
         return std::nullopt;
     }
     return bytes;
+}
+
+std::optional<std::wstring> Decode(const std::string& codePage, std::string_view bytes) {
+    if (!HasCodePage(codePage)) {
+        return std::nullopt;
+    }
+    std::wstring text = DecodeCodePage(codePage, bytes);
+    const bool isLossy = text.find(wchar_t{platform::kReplacementCharacter}) != text.npos;
+    return isLossy ? std::nullopt : std::optional(std::move(text));
 }
 
 }  // namespace standalone

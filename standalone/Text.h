@@ -23,4 +23,9 @@ QOLF_HOST_API std::string Narrow(std::wstring_view text);
 // page lacks one of the characters, or the system lacks the code page. "CP1252" has all 256 bytes.
 QOLF_HOST_API std::optional<std::string> Encode(const std::string& codePage, std::string_view utf8);
 
+// Bytes of a code page as text. Absent when one of them is no character there, or when the system
+// lacks the code page. "CP1252" lacks five bytes here.
+QOLF_HOST_API std::optional<std::wstring> Decode(const std::string& codePage,
+                                                 std::string_view bytes);
+
 }  // namespace standalone

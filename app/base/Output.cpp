@@ -2,6 +2,7 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/base/platform/System.h"
 #include "host/platform/Stdio.h"
 
 #include <cerrno>
@@ -139,9 +140,8 @@ void OutputFile::OpenStream() {
         stream_ = stdout;
         return;
     }
-    // Text mode differs on Windows only, where other programs write CR LF, too.
     stream_ =
-        platform::OpenFile(WidePath(folder_ ? workPath_ : path_), platform::OpenMode::WriteText);
+        platform::OpenFile(WidePath(folder_ ? workPath_ : path_), platform::OpenMode::WriteBinary);
     if (stream_ == nullptr) {
         throw Failure(PathText(path_) + ": can't write: " + std::strerror(errno));
     }
@@ -149,7 +149,7 @@ void OutputFile::OpenStream() {
 
 void OutputFile::FailWriting() {
     hasFailed_ = true;
-    if (errno == EPIPE) {
+    if (IsClosedPipe(errno)) {
         throw ClosedPipe();
     }
     throw Failure((path_ == "-" ? "standard output" : PathText(path_)) +
@@ -167,7 +167,7 @@ void OutputFile::Write(std::string_view bytes) {
     if (stream_ == nullptr) {
         OpenStream();
     }
-    if (std::fwrite(buffer_.data(), 1, buffer_.size(), stream_) != buffer_.size()) {
+    if (!WriteToStream(stream_, buffer_)) {
         FailWriting();
     }
     buffer_.clear();
@@ -177,8 +177,7 @@ void OutputFile::Flush() {
     if (stream_ == nullptr) {
         OpenStream();
     }
-    if (std::fwrite(buffer_.data(), 1, buffer_.size(), stream_) != buffer_.size() ||
-        std::fflush(stream_) != 0) {
+    if (!WriteToStream(stream_, buffer_) || std::fflush(stream_) != 0) {
         FailWriting();
     }
     buffer_.clear();

@@ -2,6 +2,7 @@
 
 #include "app/base/ShownPlace.h"
 #include "app/base/Utf8.h"
+#include "app/base/platform/System.h"
 #include "host/platform/Stdio.h"
 #include "standalone/Text.h"
 
@@ -27,10 +28,21 @@ std::string LowerAscii(std::string text) {
 }  // namespace
 
 std::filesystem::path PathFromArgument(const std::string& argument) {
+    std::filesystem::path path;
     if constexpr (kWidePaths) {
-        return std::filesystem::path(platform::PathFromBytes(argument));
+        path = platform::PathFromBytes(argument);
     } else {
-        return std::filesystem::path(argument);
+        path = argument;
+    }
+    CheckFileName(path);
+    return path;
+}
+
+std::string ArgumentFromPath(const std::filesystem::path& path) {
+    if constexpr (kWidePaths) {
+        return platform::PathToBytes(path.wstring());
+    } else {
+        return path.string();
     }
 }
 

@@ -7,8 +7,12 @@
 
 namespace app {
 
-// Turns an argument of the command line into a path.
+// Turns an argument of the command line into a path. Throws Failure for a name that the system
+// keeps for a device, like "aux.mif" on Windows.
 std::filesystem::path PathFromArgument(const std::string& argument);
+
+// Returns the argument from which PathFromArgument makes `path`.
+std::string ArgumentFromPath(const std::filesystem::path& path);
 
 // Returns the wide form that the host's interfaces take. Bytes that are not UTF-8 survive the way
 // there and back.

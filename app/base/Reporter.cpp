@@ -1,5 +1,7 @@
 #include "app/base/Reporter.h"
 
+#include "app/base/platform/System.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -118,10 +120,18 @@ void Reporter::Line(std::string_view kind, std::string_view color, std::string_v
         const bool isColored = useColor_ && !color.empty();
         line.append(isColored ? color : "").append(kind).append(isColored ? kPlain : "");
         line.append(": ").append(TerminalText(text.substr(begin, end - begin))).append("\n");
-        std::fputs(line.c_str(), stream_);
+        Put(line);
         begin = end + 1;
     }
-    std::fflush(stream_);
+}
+
+void Reporter::Put(const std::string& text) {
+    if (kept_ != nullptr) {
+        *kept_ += text;
+    } else {
+        static_cast<void>(WriteToStream(stream_, text));  // there is no other place to say so
+        std::fflush(stream_);
+    }
 }
 
 void Reporter::StartProgress(std::string_view title, double total, ProgressUnit unit) {
@@ -134,7 +144,7 @@ void Reporter::StartProgress(std::string_view title, double total, ProgressUnit 
 }
 
 void Reporter::Progress(double fraction) {
-    if (!isRunning_ || !showProgress_ || verbosity_ == Verbosity::Quiet) {
+    if (!isRunning_ || !showProgress_ || kept_ != nullptr || verbosity_ == Verbosity::Quiet) {
         return;
     }
     const Clock::time_point now = Clock::now();
@@ -161,8 +171,7 @@ void Reporter::DrawBar(double fraction, Clock::time_point now) {
         line += "... " + Duration(seconds);
     }
     line += "\033[K";
-    std::fputs(line.c_str(), stream_);
-    std::fflush(stream_);
+    Put(line);
     drawn_ = now;
     isDrawn_ = true;
 }
@@ -174,8 +183,7 @@ void Reporter::EndProgress() {
 
 void Reporter::ClearBar() {
     if (isDrawn_) {
-        std::fputs("\r\033[K", stream_);
-        std::fflush(stream_);
+        Put("\r\033[K");
         isDrawn_ = false;
     }
 }

@@ -28,6 +28,10 @@ public:
     // bar, `useColor` allows colours.
     Reporter(std::FILE* stream, bool isTerminal, bool useColor);
 
+    // Appends the lines to `kept`, which stays the caller's and must outlive the reporter. There is
+    // no progress bar.
+    explicit Reporter(std::string& kept) : kept_(&kept) {}
+
     void SetVerbosity(Verbosity verbosity) { verbosity_ = verbosity; }
     Verbosity GetVerbosity() const { return verbosity_; }
 
@@ -56,13 +60,15 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    void Put(const std::string& text);
     void Line(std::string_view kind, std::string_view color, std::string_view text);
     void DrawBar(double fraction, Clock::time_point now);
     void ClearBar();
 
-    std::FILE* stream_;
-    bool useColor_;
-    bool showProgress_;
+    std::FILE* stream_ = nullptr;  // null when the lines are kept
+    std::string* kept_ = nullptr;
+    bool useColor_ = false;
+    bool showProgress_ = false;
     Verbosity verbosity_ = Verbosity::Normal;
     std::string title_;
     double total_ = 0.0;  // 0 shows no rate

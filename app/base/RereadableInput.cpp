@@ -21,7 +21,7 @@ std::FILE* OpenForReading(const std::filesystem::path& path, const std::string& 
 }
 
 void SpoolStandardInput(const std::filesystem::path& target) {
-    std::FILE* stream = std::fopen(target.string().c_str(), "wb");
+    std::FILE* stream = platform::OpenFile(WidePath(target), platform::OpenMode::WriteBinary);
     if (stream == nullptr) {
         throw Failure(PathText(target) + ": can't write: " + std::strerror(errno));
     }

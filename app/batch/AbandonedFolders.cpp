@@ -1,23 +1,22 @@
 #include "app/batch/AbandonedFolders.h"
 
+#include "app/base/Paths.h"
 #include "app/base/TempFolder.h"
 #include "app/base/platform/System.h"
+#include "app/batch/ChildProcesses.h"
 
-#include <cerrno>
 #include <charconv>
-#include <csignal>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <sys/types.h>
 
 namespace app {
 namespace {
 
 // The process that has made a private folder.
 struct Maker {
-    pid_t process = 0;
+    std::uint64_t process = 0;
     std::string host;  // empty: the name does not say
 };
 
@@ -30,7 +29,7 @@ std::optional<Maker> MakerOf(const std::string& name) {
     Maker maker;
     const char* const end = name.data() + name.size();
     const auto result = std::from_chars(name.data() + prefix.size(), end, maker.process);
-    if (result.ec != std::errc{} || result.ptr == end || *result.ptr != '-' || maker.process <= 0) {
+    if (result.ec != std::errc{} || result.ptr == end || *result.ptr != '-' || maker.process == 0) {
         return std::nullopt;
     }
     const std::string rest(result.ptr + 1, end);
@@ -51,12 +50,12 @@ bool HoldsOneOf(const std::filesystem::path& folder, const OwnNames& names) {
 
 // Returns false when it is not known whether the folder's process still runs.
 bool IsAbandoned(const std::filesystem::path& folder, const OwnNames& ownNames) {
-    const std::optional<Maker> maker = MakerOf(folder.filename().string());
+    const std::optional<Maker> maker = MakerOf(ArgumentFromPath(folder.filename()));
     if (!maker) {
         return false;
     }
     const bool isOfHere = maker->host.empty() || maker->host == HostName();
-    return isOfHere ? kill(maker->process, 0) != 0 && errno == ESRCH : HoldsOneOf(folder, ownNames);
+    return isOfHere ? IsProcessGone(maker->process) : HoldsOneOf(folder, ownNames);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/json/JsonObjectWriter.h"
+#include "host/platform/Stdio.h"
 
 #include <nlohmann/json.hpp>
 
@@ -115,7 +116,7 @@ BatchLog::BatchLog(const std::filesystem::path& file, Begin begin) : file_(file)
     }
     const bool isCut = EndsInALine(file);
     errno = 0;
-    stream_.reset(std::fopen(file.string().c_str(), "ab"));
+    stream_.reset(platform::OpenFile(WidePath(file), platform::OpenMode::AppendBinary));
     if (stream_ == nullptr) {
         throw Failure(PathText(file_) + ": can't write: " + std::strerror(errno));
     }

@@ -22,7 +22,7 @@ bool HasExtension(const path& file, std::span<const std::string_view> extensions
 
 // Whether the folder is a private one that a killed run of ours may have left.
 bool IsPrivateFolder(const path& folder) {
-    return folder.filename().string().starts_with(kPrivateFolderPrefix);
+    return ArgumentFromPath(folder.filename()).starts_with(kPrivateFolderPrefix);
 }
 
 class Planner {

@@ -2,6 +2,7 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/base/ShownPlace.h"
 #include "app/batch/AbandonedFolders.h"
 #include "app/batch/ChildProcesses.h"
 
@@ -13,6 +14,7 @@
 #include <iterator>
 #include <map>
 #include <new>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -110,7 +112,7 @@ BatchOutcome ForwardMessages(std::string_view messages, Reporter& reporter) {
 
 BatchOutcome ReportEnd(const BatchItem& item, const ChildResult& result, Reporter& reporter,
                        Tally& tally) {
-    BatchOutcome outcome = ForwardMessages(result.messages, reporter);
+    BatchOutcome outcome = ForwardMessages(WithShownPlaces(result.messages), reporter);
     std::string& error = outcome.error;
     if (result.exitCode == 0 && result.signal == 0) {
         ++tally.converted;
@@ -119,7 +121,7 @@ BatchOutcome ReportEnd(const BatchItem& item, const ChildResult& result, Reporte
     }
     ++tally.failed;
     if (result.signal != 0) {
-        error = "ended by signal " + std::to_string(result.signal);
+        error = "ended by " + SignalText(result.signal);
         RemoveAbandonedFolders(FolderOf(item.output), {});
     } else if (error.empty()) {
         error = "ended with exit code " + std::to_string(result.exitCode);
@@ -140,6 +142,20 @@ std::string Summary(const Tally& tally, std::size_t total) {
         text += ", " + std::to_string(tally.failed) + " failed";
     }
     return text;
+}
+
+// What TaskOfThisProcess says in the process of an item: a line of text for each of its parts. No
+// path of Windows has a line feed.
+std::string TaskText(const BatchItem& item) {
+    return ArgumentFromPath(item.input) + "\n" + ArgumentFromPath(item.output) + "\n" + item.layer;
+}
+
+BatchItem ItemOfTask(const std::string& task) {
+    const std::size_t input = std::min(task.find('\n'), task.size());
+    const std::size_t output = std::min(task.find('\n', input + 1), task.size());
+    return {PathFromArgument(task.substr(0, input)),
+            PathFromArgument(task.substr(std::min(input + 1, output), output - input - 1)),
+            task.substr(std::min(output + 1, task.size()))};
 }
 
 std::vector<BatchItem> ItemsToDo(const BatchOptions& options) {
@@ -164,6 +180,11 @@ void RemoveAbandoned(const BatchOptions& options) {
 
 }  // namespace
 
+std::optional<int> RunBatchTask(const BatchOptions& options) {
+    const std::optional<std::string> task = TaskOfThisProcess();
+    return task ? std::optional(ConvertItem(options, ItemOfTask(*task))) : std::nullopt;
+}
+
 int RunBatch(const BatchOptions& options, Reporter& reporter) {
     if (options.resume) {
         RemoveAbandoned(options);
@@ -179,6 +200,7 @@ int RunBatch(const BatchOptions& options, Reporter& reporter) {
     const int signalNumber = RunChildren(
         items.size(), options.jobs == 0 ? processors : options.jobs,
         [&](std::size_t number) { return ConvertItem(options, items[number]); },
+        [&](std::size_t number) { return TaskText(items[number]); },
         [&](std::size_t number, const ChildResult& result) {
             const BatchOutcome outcome = ReportEnd(items[number], result, reporter, tally);
             if (options.onEnd && result.signal != SIGTERM) {

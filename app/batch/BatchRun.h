@@ -50,6 +50,10 @@ struct BatchOptions {
     std::function<void(const BatchItem& item, const BatchOutcome& outcome)> onEnd = {};
 };
 
+// In a process that RunBatch has started by running the command line anew, does its one item, of
+// which `options.items` needs to know nothing, and returns the exit code. Absent in any other.
+std::optional<int> RunBatchTask(const BatchOptions& options);
+
 // Makes the folders of the outputs and converts the items. A file that fails gives one line on the
 // reporter, and the others go on; a note at the end counts them. Returns 0 when all were converted,
 // else 1. A signal that ends the program ends its processes first. Throws Failure.

@@ -3,23 +3,11 @@
 #include "app/base/Utf8.h"
 #include "app/mif/Charsets.h"
 #include "app/mif/Words.h"
-
-#include <iconv.h>
+#include "standalone/Text.h"
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstdint>
 
 namespace app {
-namespace {
-
-iconv_t NoConversion() {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): what iconv_open answers on failure
-    return reinterpret_cast<iconv_t>(static_cast<std::intptr_t>(-1));
-}
-
-}  // namespace
 
 CharsetTester::CharsetTester(std::string_view declaredName) {
     if (declaredName.empty()) {
@@ -41,21 +29,12 @@ CharsetTester::CharsetTester(std::string_view declaredName) {
     const bool hasConversion = !charset->iconvName.empty() && charset->mifName != "UTF-16";
     kind_ = isUtf8_ ? CharsetKind::Known : CharsetKind::Untestable;
     if (!isUtf8_ && hasConversion) {
-        const iconv_t conversion = iconv_open("UTF-8", std::string(charset->iconvName).c_str());
-        if (conversion != NoConversion()) {
-            conversion_ = conversion;
-            kind_ = CharsetKind::Known;
-        }
+        conversion_ = charset->iconvName;
+        kind_ = standalone::Decode(conversion_, "") ? CharsetKind::Known : kind_;
     }
 }
 
-CharsetTester::~CharsetTester() {
-    if (conversion_ != nullptr) {
-        iconv_close(conversion_);
-    }
-}
-
-bool CharsetTester::Converts(std::string_view bytes) {
+bool CharsetTester::Converts(std::string_view bytes) const {
     std::string input(bytes);
     if (isThai_) {
         // The common table of this charset lacks the punctuation that Windows put into it.
@@ -67,22 +46,10 @@ bool CharsetTester::Converts(std::string_view bytes) {
             },
             ' ');
     }
-    iconv(conversion_, nullptr, nullptr, nullptr, nullptr);
-    char* in = input.data();
-    std::size_t inLeft = input.size();
-    std::array<char, 4096> output{};
-    while (inLeft > 0) {
-        char* out = output.data();
-        std::size_t outLeft = output.size();
-        if (iconv(conversion_, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1) &&
-            errno != E2BIG) {
-            return false;
-        }
-    }
-    return true;
+    return standalone::Decode(conversion_, input).has_value();
 }
 
-CharsetVerdict CharsetTester::Test(std::string_view bytes) {
+CharsetVerdict CharsetTester::Test(std::string_view bytes) const {
     if (IsAscii(bytes)) {
         return CharsetVerdict::Fits;
     }

@@ -27,23 +27,20 @@ class CharsetTester {
 public:
     // `declaredName` is the name as in the header, in any case; empty when there is none.
     explicit CharsetTester(std::string_view declaredName);
-    ~CharsetTester();
-    CharsetTester(const CharsetTester&) = delete;
-    CharsetTester& operator=(const CharsetTester&) = delete;
 
     CharsetKind Kind() const { return kind_; }
     // `bytes` is a whole line: characters of several bytes do not reach over line ends. Lines of
     // ASCII always fit.
-    CharsetVerdict Test(std::string_view bytes);
+    CharsetVerdict Test(std::string_view bytes) const;
     // Returns the number of characters, for column widths: of UTF-8 text its characters, else its
     // bytes.
     std::size_t CountCharacters(std::string_view bytes) const;
 
 private:
-    bool Converts(std::string_view bytes);
+    bool Converts(std::string_view bytes) const;
 
     CharsetKind kind_ = CharsetKind::Undeclared;
-    void* conversion_ = nullptr;  // an open conversion, or null
+    std::string conversion_;  // its name; empty when the system has none
     bool isUtf8_ = false;
     bool isThai_ = false;
     bool isMultiByte_ = false;  // two bytes of it may look like UTF-8 by chance

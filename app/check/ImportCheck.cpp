@@ -1,46 +1,18 @@
 // The part of the pair check that runs the module.
 #include "app/check/PairCheck.h"
 
-#include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/base/Reporter.h"
 #include "app/run/ImportRun.h"
 #include "app/run/Module.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-#include <memory>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace app {
 namespace {
-
-// What a reporter says, kept in memory.
-class KeptText {
-public:
-    KeptText() : stream_(open_memstream(&text_, &size_)) {
-        if (stream_ == nullptr) {
-            throw Failure("no memory for the messages of the import");
-        }
-    }
-    ~KeptText() {
-        static_cast<void>(std::fclose(stream_));  // memory only: nothing to lose
-        std::free(text_);
-    }
-    KeptText(const KeptText&) = delete;
-    KeptText& operator=(const KeptText&) = delete;
-
-    std::FILE* Stream() { return stream_; }
-    std::string Text() {
-        std::fflush(stream_);
-        return {text_, size_};
-    }
-
-private:
-    char* text_ = nullptr;
-    std::size_t size_ = 0;
-    std::FILE* stream_;
-};
 
 void Pass(FindingCode code, const std::filesystem::path& mif, std::string message,
           FindingSink& sink, FindingCounts& counts) {
@@ -90,8 +62,8 @@ void CheckByImport(const std::filesystem::path& mif, const std::string& modulePa
     constexpr std::uint64_t kStep = 1024;  // objects between two reports
     const auto all = static_cast<double>(std::max<std::uint64_t>(1, objects));
     std::uint64_t imported = 0;
-    KeptText kept;
-    Reporter reporter(kept.Stream(), false, false);
+    std::string kept;
+    Reporter reporter(kept);
     ImportSettings settings;
     settings.path = mif;
     settings.noStore = true;
@@ -106,7 +78,7 @@ void CheckByImport(const std::filesystem::path& mif, const std::string& modulePa
     } catch (const ImportFailure& failure) {
         error = failure.Reason();
     }
-    PassWarnings(kept.Text(), mif, sink, counts);
+    PassWarnings(kept, mif, sink, counts);
     if (!error.empty()) {
         Pass(FindingCode::ModuleError, mif, WithoutName(error, mif), sink, counts);
     }

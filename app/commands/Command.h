@@ -33,8 +33,7 @@ struct CommandContext {
     std::function<CrsIdentity(const CoordinateSystem&)> identify;
 
     // Returns the system that an option names, as SystemOfOption does (app/crs/Definitions.h).
-    // Loads the command library; throws Failure when there is none. Empty where there are no
-    // systems.
+    // Loads the command library; throws Failure when there is none.
     std::function<SystemPtr(const std::string& option, const std::string& definition, Reporter&)>
         systemOfOption;
 

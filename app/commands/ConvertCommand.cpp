@@ -1,4 +1,5 @@
 // The options of qolf convert.
+#include "app/batch/ChildProcesses.h"
 #include "app/commands/Command.h"
 #include "app/commands/NumberRules.h"
 #include "app/convert/BatchConvert.h"
@@ -194,7 +195,9 @@ void AddConvertCommand(CLI::App& program, CommandContext& context) {
     command->callback([options, &context] {
         context.run = [options, &context] {
             options->modulePath = context.modulePath;
-            const Inputs inputs = ResolveInputsOf(*options, context);
+            // A process of a batch has its one file, which the first process has unpacked.
+            const Inputs inputs =
+                TaskOfThisProcess() ? Inputs() : ResolveInputsOf(*options, context);
             return options->outputFolder.empty() ? RunConvert(*options, context.reporter)
                                                  : ConvertMany(*options, context.reporter);
         };

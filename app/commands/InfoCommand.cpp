@@ -47,23 +47,17 @@ void AddInfoCommand(CLI::App& program, CommandContext& context) {
                      "Encoding of the texts, whatever the header says")
         ->type_name("NAME");
     const auto assumedCrs = std::make_shared<std::string>();
-    if (context.systemOfOption) {
-        command
-            ->add_option("--assume-crs", *assumedCrs,
-                         "Coordinate system of the files, whatever their headers say")
-            ->type_name("SYSTEM");
-    }
+    command
+        ->add_option("--assume-crs", *assumedCrs,
+                     "Coordinate system of the files, whatever their headers say")
+        ->type_name("SYSTEM");
     const auto isStats = std::make_shared<bool>(false);
     const auto where = std::make_shared<std::string>();
-    if (context.runStats) {
-        CLI::Option* const stats = command->add_flag(
-            "--stats", *isStats, "Statistics of objects and columns instead, of any format");
-        command
-            ->add_option("--where", *where,
-                         "Count the objects of which this SQL expression is true")
-            ->type_name("EXPRESSION")
-            ->needs(stats);
-    }
+    CLI::Option* const stats = command->add_flag(
+        "--stats", *isStats, "Statistics of objects and columns instead, of any format");
+    command->add_option("--where", *where, "Count the objects of which this SQL expression is true")
+        ->type_name("EXPRESSION")
+        ->needs(stats);
     command->footer(kInfoFooter);
     command->callback([options, assumedCrs, isStats, where, &context] {
         context.run = [options, assumedCrs, isStats, where, &context] {

@@ -12,6 +12,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -71,15 +72,13 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
     CheckSystem(options, reporter);
     const std::filesystem::path folder = PathFromArgument(options.outputFolder);
     BatchOptions batch;
-    batch.items = PlanBatch(options.paths, folder, std::string(extension.substr(1)),
-                            FormatOfName("mif").extensions, layersOf);
     batch.jobs = options.jobs;
     batch.resume = options.resume;
     batch.ifExists = options.overwrite ? IfExists::Overwrite : IfExists::Refuse;
     batch.convert = [&options](const BatchItem& item, IfExists ifExists,
                                Reporter& itemReporter) -> ConvertedItem {
         ConvertOptions one = options;
-        one.paths = {item.input.string(), item.output.string()};
+        one.paths = {ArgumentFromPath(item.input), ArgumentFromPath(item.output)};
         one.outputFolder.clear();
         if (!item.layer.empty()) {
             one.layers = {item.layer};
@@ -89,6 +88,11 @@ int ConvertMany(const ConvertOptions& options, Reporter& reporter) {
         converted.exitCode = RunConvert(one, itemReporter, &converted.features);
         return converted;
     };
+    if (const std::optional<int> exitCode = RunBatchTask(batch)) {
+        return *exitCode;
+    }
+    batch.items = PlanBatch(options.paths, folder, std::string(extension.substr(1)),
+                            FormatOfName("mif").extensions, layersOf);
     return options.shard.empty() ? RunBatch(batch, reporter)
                                  : RunShard(batch, folder, ShardOf(options.shard), reporter);
 }

@@ -1,5 +1,6 @@
 #include "app/diff/LayerDiff.h"
 
+#include "app/base/Paths.h"
 #include "app/base/Spool.h"
 #include "app/base/TempFolder.h"
 #include "app/diff/FeatureRecord.h"
@@ -33,7 +34,7 @@ class KeyedFeatures {
 public:
     KeyedFeatures()
         : database_(folder_.File("features"), SqliteDatabase::Mode::Create,
-                    "the temporary folder " + folder_.Path().parent_path().string()) {
+                    "the temporary folder " + PathText(folder_.Path().parent_path())) {
         database_.Execute("CREATE TABLE feature(id INTEGER PRIMARY KEY, key TEXT, record BLOB)");
         database_.Execute("BEGIN");
         insert_.emplace(database_, "INSERT INTO feature(key, record) VALUES (?, ?)");

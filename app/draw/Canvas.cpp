@@ -1,11 +1,11 @@
 #include "app/draw/Canvas.h"
 
+#include "app/base/Paths.h"
 #include "app/feature/StyleLooks.h"
 
 #include <cairo-pdf.h>
 #include <cairo-svg.h>
 
-#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -19,10 +19,7 @@ constexpr double kPointsPerInch = 72.0;
 }  // namespace
 
 std::optional<PictureFormat> PictureFormatOf(const std::filesystem::path& file) {
-    std::string extension = file.extension().string();
-    std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
+    const std::string extension = LowerExtension(file);
     if (extension == ".svg") {
         return PictureFormat::Svg;
     }

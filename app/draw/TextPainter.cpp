@@ -3,6 +3,7 @@
 #include "app/draw/Canvas.h"
 #include "app/draw/PagePath.h"
 #include "app/feature/LabelText.h"
+#include "app/map/platform/Fonts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,7 +44,7 @@ double DistanceOf(const PagePoint& from, const PagePoint& to) {
 }  // namespace
 
 void SelectFont(cairo_t* context, const std::string& family, bool isBold, bool isItalic) {
-    cairo_select_font_face(context, family.empty() ? "sans-serif" : family.c_str(),
+    cairo_select_font_face(context, family.empty() ? UsualFontFamily() : family.c_str(),
                            isItalic ? CAIRO_FONT_SLANT_ITALIC : CAIRO_FONT_SLANT_NORMAL,
                            isBold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
     cairo_font_options_t* const options = cairo_font_options_create();

@@ -5,13 +5,10 @@
 #include "app/base/Output.h"
 #include "app/base/Paths.h"
 #include "app/base/Reporter.h"
-#include "app/info/FileFacts.h"
-#include "app/json/JsonText.h"
-
-#ifdef QOLF_HAS_CRS
 #include "app/crs/DescribeCoordSys.h"
 #include "app/crs/FrequentSystems.h"
-#endif
+#include "app/info/FileFacts.h"
+#include "app/json/JsonText.h"
 
 #include <algorithm>
 #include <memory>
@@ -120,7 +117,6 @@ void AddCountRows(Table& table, const ObjectCounts& counts) {
     table.Row("Rows", counts.rows ? std::to_string(*counts.rows) : "no .mid file");
 }
 
-#ifdef QOLF_HAS_CRS
 // Leaves PROJ alone where it can; without WKT, which only PROJ makes.
 CrsIdentifier AskedLast(const CrsIdentifier& identify) {
     return [&identify](const CoordinateSystem& system) {
@@ -129,10 +125,8 @@ CrsIdentifier AskedLast(const CrsIdentifier& identify) {
         return known ? CrsIdentity{"", known->epsgCode, known->epsgName} : identify(system);
     };
 }
-#endif
 
 void AddCoordSysRows(Table& table, const FileFacts& facts, const CrsIdentifier& identify) {
-#ifdef QOLF_HAS_CRS
     const CoordSysDescription description =
         DescribeCoordSys(facts.coordinateSystem.get(), AskedLast(identify));
     table.Row("System", description.name);
@@ -148,10 +142,6 @@ void AddCoordSysRows(Table& table, const FileFacts& facts, const CrsIdentifier& 
     for (const std::string& note : description.notes) {
         table.Row("Note", note);
     }
-#else
-    static_cast<void>(identify);
-    table.Row("System", facts.isEarth ? "on the Earth" : "plane");
-#endif
     if (facts.format.empty()) {
         table.Row("Clause", facts.coordSysLine.empty() ? "none" : facts.coordSysLine);
     }
@@ -288,7 +278,6 @@ void AddCoordSys(std::string& out, const FileFacts& facts, const CrsIdentifier& 
     if (facts.format.empty()) {
         AddText(out, "coordSys", facts.coordSysText);
     }
-#ifdef QOLF_HAS_CRS
     const CoordSysDescription description =
         DescribeCoordSys(facts.coordinateSystem.get(), identify);
     AddText(out, "crsName", description.name);
@@ -297,9 +286,6 @@ void AddCoordSys(std::string& out, const FileFacts& facts, const CrsIdentifier& 
     AddText(out, "wkt2", description.wkt2);
     AddMember(out, "epsg");
     out += description.epsgCode != 0 ? std::to_string(description.epsgCode) : "null";
-#else
-    static_cast<void>(identify);
-#endif
 }
 
 std::string InfoJson(const FileFacts& facts, const CrsIdentifier& identify) {

@@ -4,7 +4,6 @@
 #include "app/base/Paths.h"
 #include "app/base/platform/System.h"
 
-#include <cstdlib>
 #include <vector>
 
 namespace app {
@@ -43,8 +42,8 @@ std::filesystem::path FindModule(const std::string& wanted) {
     if (!wanted.empty()) {
         return PathFromArgument(wanted);
     }
-    if (const char* fromEnvironment = std::getenv("QOLF_MODULE");
-        fromEnvironment != nullptr && *fromEnvironment != '\0') {
+    if (const std::string fromEnvironment = EnvironmentVariable("QOLF_MODULE");
+        !fromEnvironment.empty()) {
         return PathFromArgument(fromEnvironment);
     }
     const Search search = SearchUsualPlaces(ModuleFileName());

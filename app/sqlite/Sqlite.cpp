@@ -1,6 +1,7 @@
 #include "app/sqlite/Sqlite.h"
 
 #include "app/base/Errors.h"
+#include "app/base/Paths.h"
 
 #include <sqlite3.h>
 
@@ -132,7 +133,7 @@ SqliteDatabase::SqliteDatabase(const std::filesystem::path& path, Mode mode, std
                       : mode == Mode::Change ? SQLITE_OPEN_READWRITE
                                              : SQLITE_OPEN_READONLY;
     sqlite3* handle = nullptr;
-    const int result = sqlite3_open_v2(path.string().c_str(), &handle, flags, nullptr);
+    const int result = sqlite3_open_v2(ArgumentFromPath(path).c_str(), &handle, flags, nullptr);
     handle_.reset(handle);
     if (result != SQLITE_OK) {
         Fail();

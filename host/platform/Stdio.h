@@ -11,8 +11,10 @@
 namespace platform {
 
 enum class OpenMode {
-    ReadBinary,  // "rb"
-    WriteText,   // "wt": line ends become CR LF on Windows, nothing changes elsewhere
+    ReadBinary,   // "rb"
+    WriteText,    // "wt": line ends become CR LF on Windows, nothing changes elsewhere
+    WriteBinary,  // "wb"
+    AppendBinary  // "ab"
 };
 
 // Opens a file by its wide path. Null on failure, with errno set.

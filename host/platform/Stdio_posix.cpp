@@ -37,8 +37,9 @@ std::FILE* OpenFile(const std::wstring& path, OpenMode mode) {
         return nullptr;
     }
     const std::string bytes = PathToBytes(path);
-    if (mode == OpenMode::WriteText) {
-        return std::fopen(bytes.c_str(), "we");  // e: not for child processes
+    if (mode != OpenMode::ReadBinary) {
+        // e: not for child processes
+        return std::fopen(bytes.c_str(), mode == OpenMode::AppendBinary ? "ae" : "we");
     }
     std::FILE* stream = std::fopen(bytes.c_str(), "rbe");
     if (stream == nullptr && errno == ENOENT) {

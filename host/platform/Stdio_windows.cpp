@@ -27,6 +27,21 @@ std::optional<char32_t> DecodeLoneSurrogate(const std::string& bytes, std::size_
     return 0xD000U | ((second & 0x3FU) << 6U) | (third & 0x3FU);
 }
 
+// N: not for child processes.
+const wchar_t* ModeText(OpenMode mode) {
+    switch (mode) {
+    case OpenMode::WriteText:
+        return L"wtN";
+    case OpenMode::WriteBinary:
+        return L"wbN";
+    case OpenMode::AppendBinary:
+        return L"abN";
+    case OpenMode::ReadBinary:
+        break;
+    }
+    return L"rbN";
+}
+
 bool IsFolder(const std::wstring& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
@@ -40,8 +55,7 @@ std::FILE* OpenFile(const std::wstring& path, OpenMode mode) {
         errno = path.empty() ? ENOENT : EINVAL;
         return nullptr;
     }
-    // N: not for child processes.
-    std::FILE* stream = _wfopen(systemPath.c_str(), mode == OpenMode::WriteText ? L"wtN" : L"rbN");
+    std::FILE* stream = _wfopen(systemPath.c_str(), ModeText(mode));
     if (stream == nullptr && errno == EACCES && IsFolder(systemPath)) {
         errno = EISDIR;
     }

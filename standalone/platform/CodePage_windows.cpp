@@ -5,8 +5,11 @@
 #include "host/platform/WindowSystem.h"
 #include "standalone/Text.h"
 
+#include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <optional>
+#include <utility>
 
 namespace standalone {
 
@@ -19,7 +22,28 @@ struct NumberPrefix {
     UINT base;  // what is added to the number behind it
 };
 constexpr NumberPrefix kPrefixes[] = {
-    {"ISO-8859-", kLatin1 - 1}, {"WINDOWS-", 0}, {"CP", 0}, {"", 0}};
+    {"ISO-8859-", kLatin1 - 1}, {"WINDOWS-", 0}, {"IBM", 0}, {"CP", 0}, {"", 0}};
+
+// The names without a number that iconv and this program use for them.
+struct NamedPage {
+    const char* name;
+    UINT number;
+};
+constexpr NamedPage kNamedPages[] = {{"UTF-8", CP_UTF8},           {"SHIFT_JIS", 932},
+                                     {"MACINTOSH", 10000},         {"MAC-CYRILLIC", 10007},
+                                     {"MAC-CENTRALEUROPE", 10029}, {"EUC-JP", 20932}};
+
+// The code pages of Windows itself, which have no control characters above 0x7F. The system decodes
+// a byte without a character as a control character or as one of some private ones.
+constexpr UINT kPagesOfWindows[] = {874,  932,  936,  949,  950,  1250, 1251,
+                                    1252, 1253, 1254, 1255, 1256, 1257, 1258};
+
+bool HasFiller(UINT codePage, std::wstring_view text) {
+    return std::ranges::find(kPagesOfWindows, codePage) != std::end(kPagesOfWindows) &&
+           std::ranges::any_of(text, [](wchar_t c) {
+               return (c >= 0x80 && c < 0xA0) || (c >= 0xF8C0 && c <= 0xF8FF);
+           });
+}
 
 std::optional<UINT> ParseNumber(std::string_view digits) {
     UINT number = 0;
@@ -38,8 +62,10 @@ bool StartsWithNoCase(const std::string& name, std::string_view prefix) {
 //
 // The system converts others as well, but can't tell for them what was undecodable.
 std::optional<UINT> NumberOf(const std::string& name) {
-    if (platform::CompareNoCase(name.c_str(), "UTF-8") == 0) {
-        return UINT{CP_UTF8};
+    for (const NamedPage& page : kNamedPages) {
+        if (platform::CompareNoCase(name.c_str(), page.name) == 0) {
+            return page.number;
+        }
     }
     for (const NumberPrefix& prefix : kPrefixes) {
         if (!StartsWithNoCase(name, prefix.text)) {
@@ -68,7 +94,7 @@ std::optional<std::wstring> DecodeValid(UINT codePage, std::string_view bytes) {
     }
     std::wstring text(static_cast<std::size_t>(count), L'\0');
     MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, bytes.data(), length, text.data(), count);
-    return text;
+    return HasFiller(codePage, text) ? std::nullopt : std::optional(std::move(text));
 }
 
 std::wstring DecodePiecewise(UINT codePage, std::string_view bytes) {

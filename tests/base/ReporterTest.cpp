@@ -166,4 +166,18 @@ TEST(AReporter, ShowsNoProgressWhereThereIsNoTerminal) {
     EXPECT_EQ(capture.Text(), "");
 }
 
+TEST(AReporter, KeepsItsLinesInATextWithoutABar) {
+    std::string kept;
+    Reporter reporter(kept);
+    reporter.SetProgress(true);
+
+    reporter.StartProgress("a.mif");
+    reporter.Warning("odd");
+    std::this_thread::sleep_for(std::chrono::milliseconds(600));
+    reporter.Progress(0.5);
+    reporter.EndProgress();
+
+    EXPECT_EQ(kept, "qolf: warning: odd\n");
+}
+
 }  // namespace

@@ -14,6 +14,10 @@
 
 namespace {
 
+std::string NoTask(std::size_t /*number*/) {
+    return "";
+}
+
 class RunChildren : public testing::Test {
 protected:
     // Runs shell scripts, at most parallel at a time.
@@ -25,6 +29,7 @@ protected:
                 execl("/bin/sh", "sh", "-c", scripts[number].c_str(), nullptr);
                 return 127;
             },
+            NoTask,
             [&](std::size_t number, const app::ChildResult& result) {
                 order_.push_back(number);
                 results_[number] = result;
@@ -91,7 +96,7 @@ TEST_F(RunChildren, ChangesNothingInThisProcess) {
             value = 2;
             return 5;
         },
-        [&](std::size_t, const app::ChildResult& result) { results_.push_back(result); });
+        NoTask, [&](std::size_t, const app::ChildResult& result) { results_.push_back(result); });
 
     EXPECT_EQ(value, 1);
     EXPECT_EQ(results_.front().exitCode, 5);
@@ -99,7 +104,7 @@ TEST_F(RunChildren, ChangesNothingInThisProcess) {
 
 TEST_F(RunChildren, TellsAnExceptionAsACrash) {
     app::RunChildren(
-        1, 1, [](std::size_t) -> int { throw std::runtime_error("lost"); },
+        1, 1, [](std::size_t) -> int { throw std::runtime_error("lost"); }, NoTask,
         [&](std::size_t, const app::ChildResult& result) { results_.push_back(result); });
 
     EXPECT_EQ(results_.front().signal, SIGABRT);

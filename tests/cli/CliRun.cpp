@@ -53,7 +53,7 @@ Sandbox::~Sandbox() {
 }
 
 Result Sandbox::Qolf(const std::vector<std::string>& arguments, const std::string& input) const {
-    return Run(QOLF_COMMAND, arguments, input);
+    return Run(Command().string(), arguments, input);
 }
 
 Result Sandbox::Run(const std::string& program, const std::vector<std::string>& arguments,
@@ -98,7 +98,13 @@ std::filesystem::path Sandbox::Write(const std::string& name, const std::string&
 }
 
 std::string Sandbox::Read(const std::string& name) const {
-    return BytesOf(Path(name));
+    std::string bytes = BytesOf(Path(name));
+    // Pairs that the command has written on Windows.
+    const bool isPair = name.ends_with(".mif") || name.ends_with(".mid");
+    if (isPair && std::getenv("QOLF_COMMAND") != nullptr) {
+        std::erase(bytes, '\r');
+    }
+    return bytes;
 }
 
 std::vector<std::string> Sandbox::Names() const {
@@ -113,7 +119,8 @@ std::vector<std::string> Sandbox::Names() const {
 }
 
 std::filesystem::path Command() {
-    return QOLF_COMMAND;
+    const char* const other = std::getenv("QOLF_COMMAND");
+    return other != nullptr ? other : QOLF_COMMAND;
 }
 
 std::string Sample(const std::string& name) {

@@ -30,6 +30,9 @@ public:
 
     std::filesystem::path Path(const std::string& name) const { return folder_ / name; }
     std::filesystem::path Write(const std::string& name, const std::string& bytes) const;
+
+    // The bytes of a file; of a pair's the lines with LF, whatever another command (Command) ended
+    // them with.
     std::string Read(const std::string& name) const;
 
     // The names in the folder, in order, without what the command keeps for its user.
@@ -39,7 +42,8 @@ private:
     std::filesystem::path folder_;
 };
 
-// The built command; the module and the libraries are in its folder.
+// The built command; the module and the libraries are in its folder. QOLF_COMMAND in the
+// environment names another one.
 std::filesystem::path Command();
 
 // The path of a sample file, and a file's bytes.

@@ -273,8 +273,7 @@ TEST(TheCommandLine, NamesAModuleThatThereIsNot) {
 
 TEST(TheCommandLine, RefusesALibraryThatIsNoModule) {
     const Sandbox sandbox;
-    const std::string library =
-        (std::filesystem::path(QOLF_COMMAND).parent_path() / "libqolfhost.so").string();
+    const std::string library = (cli::Command().parent_path() / "libqolfhost.so").string();
 
     const Result result = sandbox.Qolf({"--module", library, "info", cli::Sample("texts.mif")});
 
@@ -312,7 +311,7 @@ TEST(TheCommandLine, TellsVersionAndModuleWhenVerbose) {
 TEST(Trace, IntoAPipeThatNobodyReadsEndsQuietly) {
     const Sandbox sandbox;
     // The shell's own notion of a reader that goes away at once.
-    const std::string command = std::string(QOLF_COMMAND) + " trace --no-store " +
+    const std::string command = cli::Command().string() + " trace --no-store " +
                                 cli::Sample("real/osm_water.mif") + " 2>" +
                                 sandbox.Path("err").string() + " | true";
 
@@ -328,13 +327,14 @@ pid_t StartWaitingReplay(const Sandbox& sandbox, int& input) {
         throw std::runtime_error("no pipe");
     }
     const std::string folder = sandbox.Path("").string();
+    const std::string command = cli::Command().string();
     const pid_t child = fork();
     if (child == 0) {
         setenv("TMPDIR", folder.c_str(), 1);
         dup2(ends[0], 0);
         close(ends[0]);
         close(ends[1]);
-        execl(QOLF_COMMAND, "qolf", "replay", "--no-store", "-", (folder + "out.mif").c_str(),
+        execl(command.c_str(), "qolf", "replay", "--no-store", "-", (folder + "out.mif").c_str(),
               static_cast<char*>(nullptr));
         _exit(127);
     }

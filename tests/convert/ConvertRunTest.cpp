@@ -129,7 +129,7 @@ TEST_F(AConversion, WritesAPairThatHasNoObjects) {
 
     EXPECT_EQ(Run({"in.mif", "out.mif"}), 0);
 
-    EXPECT_NE(folder_.Read("out.mif").find("\nColumns 1\n  id Integer\n"), std::string::npos);
+    EXPECT_NE(folder_.ReadText("out.mif").find("\nColumns 1\n  id Integer\n"), std::string::npos);
     EXPECT_TRUE(folder_.Has("out.mid"));
 }
 
@@ -151,8 +151,9 @@ TEST_F(AConversion, WritesAsTheModuleDoesWhenTold) {
 
     EXPECT_EQ(Run({"in.geojson", "out.mif"}), 0);
 
-    EXPECT_TRUE(folder_.Read("out.mif").starts_with("VERSION  300\nCHARSET \"WindowsLatin1\"\n"));
-    EXPECT_EQ(folder_.Read("out.mid"), "\"1\"\n\"2\"\n");
+    EXPECT_TRUE(
+        folder_.ReadText("out.mif").starts_with("VERSION  300\nCHARSET \"WindowsLatin1\"\n"));
+    EXPECT_EQ(folder_.ReadText("out.mid"), "\"1\"\n\"2\"\n");
 }
 
 TEST_F(AConversion, TakesTheEncodingForItsOutputWhenNoInputHasOne) {
@@ -161,7 +162,8 @@ TEST_F(AConversion, TakesTheEncodingForItsOutputWhenNoInputHasOne) {
 
     EXPECT_EQ(Run({"in.geojson", "out.mif"}), 0);
 
-    EXPECT_NE(folder_.Read("out.mif").find("\nCharset \"WindowsCyrillic\"\n"), std::string::npos);
+    EXPECT_NE(folder_.ReadText("out.mif").find("\nCharset \"WindowsCyrillic\"\n"),
+              std::string::npos);
 }
 
 TEST_F(AConversion, TakesTheOutputsEncodingForItsOutput) {
@@ -172,8 +174,8 @@ TEST_F(AConversion, TakesTheOutputsEncodingForItsOutput) {
 
     EXPECT_EQ(Run({"in.mif", "out.mif"}), 0);
 
-    EXPECT_NE(folder_.Read("out.mif").find("\nCharset \"UTF-8\"\n"), std::string::npos);
-    EXPECT_EQ(folder_.Read("out.mid"), "\"\u0416\"\n");
+    EXPECT_NE(folder_.ReadText("out.mif").find("\nCharset \"UTF-8\"\n"), std::string::npos);
+    EXPECT_EQ(folder_.ReadText("out.mid"), "\"\u0416\"\n");
 }
 
 TEST_F(AConversion, LeavesWhatExistsUnlessTold) {

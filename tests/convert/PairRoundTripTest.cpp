@@ -49,8 +49,8 @@ protected:
 
     // Of a and b; and of the bytes of b and c.
     std::string Difference() const {
-        const bool isStable = folder_.Read("b.mif") == folder_.Read("c.mif") &&
-                              folder_.Read("b.mid") == folder_.Read("c.mid");
+        const bool isStable = folder_.ReadText("b.mif") == folder_.ReadText("c.mif") &&
+                              folder_.ReadText("b.mid") == folder_.ReadText("c.mid");
         return support::DifferenceOf(Read("a"), Read("b")) +
                (isStable ? "" : "the second conversion differs\n");
     }

@@ -108,4 +108,19 @@ TEST(EncodeInACodePage, GivesNothingForWhatItLacks) {
     EXPECT_EQ(standalone::Encode("CP1251", "\u00E9"), std::nullopt);
 }
 
+TEST(Decode, GivesTheTextOfBytesThatAreCharacters) {
+    EXPECT_EQ(standalone::Decode("CP1251", "\xE6"), L"\u0436");
+    EXPECT_EQ(standalone::Decode("CP932", "\x93\xFA"), L"\u65E5");
+    EXPECT_EQ(standalone::Decode("ISO-8859-1", "\x81"), L"\u0081");
+    EXPECT_EQ(standalone::Decode("IBM850", "\x81"), L"\u00FC");
+    EXPECT_EQ(standalone::Decode("MACINTOSH", "\x8E"), L"\u00E9");
+}
+
+TEST(Decode, GivesNothingForBytesWithoutACharacterAndForAnUnknownCodePage) {
+    EXPECT_EQ(standalone::Decode("CP1252", "\x81"), std::nullopt);
+    EXPECT_EQ(standalone::Decode("CP1257", "\xA1"), std::nullopt);
+    EXPECT_EQ(standalone::Decode("CP932", "\x93"), std::nullopt);
+    EXPECT_EQ(standalone::Decode("no-such-page", "a"), std::nullopt);
+}
+
 }  // namespace

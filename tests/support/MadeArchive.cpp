@@ -71,7 +71,7 @@ void MakeArchive(const std::filesystem::path& path, ArchiveForm form,
             << archive_error_string(handle);
         archive_write_set_passphrase(handle, password.c_str());
     }
-    ASSERT_EQ(archive_write_open_filename(handle, path.c_str()), ARCHIVE_OK);
+    ASSERT_EQ(archive_write_open_filename(handle, path.string().c_str()), ARCHIVE_OK);
     for (const ArchiveEntry& entry : entries) {
         // A name that the program's locale lacks is written as its bytes, with a warning.
         ASSERT_GE(archive_write_header(handle, EntryOf(entry).get()), ARCHIVE_WARN)

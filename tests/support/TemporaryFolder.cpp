@@ -8,11 +8,12 @@
 
 namespace support {
 
-TemporaryFolder::TemporaryFolder() {
+TemporaryFolder::TemporaryFolder() : TemporaryFolder(std::filesystem::temp_directory_path()) {}
+
+TemporaryFolder::TemporaryFolder(const std::filesystem::path& parent) {
     std::random_device random;
     for (int attempt = 0; attempt < 100; ++attempt) {
-        path_ = std::filesystem::temp_directory_path() /
-                ("qolf-test-" + std::to_string(random()) + std::to_string(random()));
+        path_ = parent / ("qolf-test-" + std::to_string(random()) + std::to_string(random()));
         if (std::filesystem::create_directory(path_)) {
             return;
         }
@@ -44,6 +45,11 @@ std::wstring TemporaryFolder::Write(const std::string& name, std::string_view by
 
 std::string TemporaryFolder::Read(const std::string& name) const {
     std::ifstream stream(path_ / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+std::string TemporaryFolder::ReadText(const std::string& name) const {
+    std::ifstream stream(path_ / name);
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 

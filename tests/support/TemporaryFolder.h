@@ -9,7 +9,9 @@ namespace support {
 
 class TemporaryFolder {
 public:
+    // Below the system's folder of temporary files.
     TemporaryFolder();
+    explicit TemporaryFolder(const std::filesystem::path& parent);
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -24,6 +26,9 @@ public:
 
     // The bytes of a file; empty when there is none.
     std::string Read(const std::string& name) const;
+
+    // The same with LF for the line ends of the system, which the files of a pair have.
+    std::string ReadText(const std::string& name) const;
 
     bool Has(const std::string& name) const;
 

@@ -7,18 +7,33 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace app {
 
-// Returns the arguments of main() as UTF-8; on POSIX their bytes as they came.
+// Returns the arguments of main() as UTF-8; on POSIX their bytes as they came. On Windows, whose
+// shells leave that to programs, "*" and "?" in the last name of a path stand for the files there.
 std::vector<std::string> ProgramArguments(int argc, char** argv);
 
 // Makes a write to a pipe without a reader fail, in place of ending the program.
 void IgnoreClosedPipes();
 
-// Puts standard input and output into binary mode, on systems that have a text mode.
-void UseBinaryStandardStreams();
+// Whether this is the error (errno) of a write to a pipe whose reader has ended.
+bool IsClosedPipe(int error);
+
+// Makes the standard streams carry bytes, on systems where they have a text mode.
+void PrepareStandardStreams();
+
+// Writes UTF-8 to a stream, to a console of Windows as the text that it is. Returns false, with
+// errno set, when not all of it could be written.
+bool WriteToStream(std::FILE* stream, std::string_view utf8);
+
+// Returns a variable of the environment, in the form of ProgramArguments; "" when it is not set.
+std::string EnvironmentVariable(const char* name);
+
+// Throws Failure when the last name in the path can't be a file's on this system.
+void CheckFileName(const std::filesystem::path& path);
 
 // When a library's functions are looked up. AtOnce shows a missing function of a foreign library
 // when it is loaded; AtFirstCall loads a library of our own faster. Windows always looks at once.
@@ -38,6 +53,7 @@ const char* ModuleFileName();
 // Returns the folder of the running program; empty when the system does not know it.
 std::filesystem::path ProgramFolder();
 
+// Whether a person sees the stream: a terminal, or a console that understands escape sequences.
 bool IsTerminal(std::FILE* stream);
 
 // Appends the bytes of the file `source`, from `offset` on, to the file `target`; the kernel copies

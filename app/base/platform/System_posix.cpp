@@ -79,7 +79,22 @@ void IgnoreClosedPipes() {
     std::signal(SIGPIPE, SIG_IGN);
 }
 
-void UseBinaryStandardStreams() {}
+bool IsClosedPipe(int error) {
+    return error == EPIPE;
+}
+
+void PrepareStandardStreams() {}
+
+bool WriteToStream(std::FILE* stream, std::string_view utf8) {
+    return std::fwrite(utf8.data(), 1, utf8.size(), stream) == utf8.size();
+}
+
+std::string EnvironmentVariable(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+void CheckFileName(const std::filesystem::path& /*path*/) {}
 
 std::shared_ptr<void> LoadSharedLibrary(const std::filesystem::path& path, std::string& reason,
                                         SymbolBinding binding) {

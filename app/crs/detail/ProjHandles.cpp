@@ -1,5 +1,7 @@
 #include "app/crs/detail/ProjHandles.h"
 
+#include "app/crs/detail/platform/ProjData.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -10,6 +12,7 @@ ContextHandle MakeContext() {
     ContextHandle context(proj_context_create());
     proj_log_level(context.get(), PJ_LOG_NONE);
     proj_context_set_enable_network(context.get(), 0);
+    UseDataBesideProgram(context.get());
     return context;
 }
 

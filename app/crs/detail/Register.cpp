@@ -1,6 +1,7 @@
 #include "app/crs/detail/Register.h"
 
 #include "app/base/Angles.h"
+#include "app/base/Paths.h"
 #include "app/crs/ProjText.h"
 #include "app/crs/detail/Frames.h"
 
@@ -24,7 +25,7 @@ constexpr std::array kOriginLongitudes = {8802, 8812, 8822, 8833};
 
 std::filesystem::path DatabasePath(PJ_CONTEXT* context) {
     const char* path = proj_context_get_database_path(context);
-    return path != nullptr ? path : "";
+    return path != nullptr ? PathFromArgument(path) : std::filesystem::path();
 }
 
 double FromSexagesimal(double value) {

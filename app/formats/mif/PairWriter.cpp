@@ -43,8 +43,9 @@ void PairWriter::Begin(PairLayer layer) {
         charset_->Append(bytes, names[i]);  // the charset must have all of them
         most.columns[i].name = bytes;
     }
-    headerBytes_ = MostHeaderBytes(std::move(most));
-    mif_.Buffer().append(headerBytes_, '\n');
+    headerBytes_ = MostHeaderBytes(most);
+    // As many lines as the header that takes its place: in text mode a line end may be two bytes.
+    mif_.Buffer() += HeaderText(most, headerBytes_);
     objects_.emplace(layer_.objects, *charset_);
     rows_.emplace(layer_.columns, layer_.rows, *charset_);
 }

@@ -8,6 +8,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -190,8 +191,13 @@ private:
 
 }  // namespace
 
+std::optional<std::string> TaskOfThisProcess() {
+    return std::nullopt;
+}
+
 int RunChildren(std::size_t count, std::size_t parallel,
                 const std::function<int(std::size_t)>& work,
+                const std::function<std::string(std::size_t)>& /*taskOf*/,
                 const std::function<void(std::size_t, const ChildResult&)>& onEnd) {
     const SignalWatch watch;
     ChildTable children(watch);
@@ -213,9 +219,19 @@ int RunChildren(std::size_t count, std::size_t parallel,
     return pendingSignal;
 }
 
+std::string SignalText(int signalNumber) {
+    return "signal " + std::to_string(signalNumber);
+}
+
 void EndBySignal(int signalNumber) {
     std::signal(signalNumber, SIG_DFL);
     std::raise(signalNumber);
+}
+
+bool IsProcessGone(std::uint64_t process) {
+    return process > 0 &&
+           process <= static_cast<std::uint64_t>(std::numeric_limits<pid_t>::max()) &&
+           kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
 }
 
 }  // namespace app
