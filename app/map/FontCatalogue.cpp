@@ -1,7 +1,7 @@
 #include "app/map/FontCatalogue.h"
 
-#include "app/map/platform/Fonts.h"
 #include "app/feature/LabelText.h"
+#include "app/map/platform/Fonts.h"
 
 #include <array>
 #include <memory>
