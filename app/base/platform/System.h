@@ -65,6 +65,9 @@ void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,
 // them. Throws Failure.
 void LinkFile(const std::filesystem::path& target, const std::filesystem::path& link);
 
+// Whether a file can be renamed over one that is open.
+bool CanReplaceOpenFiles();
+
 // Returns the name of this machine; "-" and what names of files can't have become "_". Empty when
 // the system does not know it.
 std::string HostName();

@@ -159,6 +159,10 @@ void LinkFile(const std::filesystem::path& target, const std::filesystem::path& 
     }
 }
 
+bool CanReplaceOpenFiles() {
+    return true;
+}
+
 std::string HostName() {
     char name[256] = {};
     if (gethostname(name, sizeof name - 1) != 0) {

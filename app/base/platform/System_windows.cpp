@@ -206,6 +206,10 @@ void LinkFile(const std::filesystem::path& target, const std::filesystem::path& 
     }
 }
 
+bool CanReplaceOpenFiles() {
+    return false;
+}
+
 std::string HostName() {
     char name[MAX_COMPUTERNAME_LENGTH + 1] = {};
     DWORD size = sizeof name;

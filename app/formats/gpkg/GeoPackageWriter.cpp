@@ -3,6 +3,7 @@
 #include "app/base/Counted.h"
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/base/platform/System.h"
 #include "app/formats/gpkg/BlobFunctions.h"
 #include "app/formats/gpkg/PackageSchema.h"
 
@@ -193,6 +194,11 @@ bool GeoPackageWriter::Finish() {
     EndLayer();
     database_.Execute("COMMIT");
     database_.Close();
+    // Where it can be, the lock is kept until the package is replaced: a program that waited for it
+    // then finds its file moved, and doesn't write to one that is gone.
+    if (!CanReplaceOpenFiles()) {
+        original_.reset();
+    }
     output_.Finish();
     return true;
 }
