@@ -13,6 +13,11 @@ target_compile_options(qolf_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow
 add_library(qolf_version INTERFACE)
 target_compile_definitions(qolf_version INTERFACE QOLF_VERSION="${PROJECT_VERSION}")
 
+# The same as numbers, for the version of a Windows resource.
+set(QOLF_VERSION_NUMBERS
+  QOLF_VERSION_MAJOR=${PROJECT_VERSION_MAJOR} QOLF_VERSION_MINOR=${PROJECT_VERSION_MINOR}
+  QOLF_VERSION_PATCH=${PROJECT_VERSION_PATCH})
+
 # The standard library's headers, compiled once: reading them is most of what a small file costs.
 # Files still include what they use; a build with QOLF_FAST_BUILD off, as clang-tidy has, shows it.
 if(QOLF_FAST_BUILD)

@@ -12,6 +12,8 @@ for program in qolf.exe qolf.dll qolfhost.dll; do
     "$source/tests/windows/dependencies/only-system-libraries.sh" "$objdump" "$unpacked/$program" ||
         fail "$program needs a library that not every Windows has"
 done
+grep -aq '<longPathAware[^>]*>true<' "$unpacked/qolf.exe" ||
+    fail "Windows would keep qolf.exe from paths of more than 260 characters"
 for text in README LICENSE CHANGELOG; do
     [ -z "$(grep -vc $'\r$' "$unpacked/$text.txt" | grep -v '^0$')" ] || fail "$text.txt has lines without CR LF"
 done
