@@ -1,9 +1,9 @@
 #include "app/diff/DiffReport.h"
 
 #include "app/base/Reporter.h"
+#include "app/feature/ValueText.h"
 #include "app/json/JsonObjectWriter.h"
 #include "app/json/JsonText.h"
-#include "app/query/ValueText.h"
 
 #include <cstddef>
 #include <utility>

@@ -4,7 +4,7 @@
 #include "app/base/Spool.h"
 #include "app/base/TempFolder.h"
 #include "app/diff/FeatureRecord.h"
-#include "app/query/ValueText.h"
+#include "app/feature/ValueText.h"
 #include "app/sqlite/Sqlite.h"
 
 #include <cmath>

@@ -2,9 +2,9 @@
 
 #include "app/draw/PagePath.h"
 #include "app/feature/LabelText.h"
+#include "app/feature/ValueText.h"
 #include "app/map/FontCatalogue.h"
 #include "app/map/MapExtent.h"
-#include "app/query/ValueText.h"
 
 #include <algorithm>
 #include <cmath>

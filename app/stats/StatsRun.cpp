@@ -4,12 +4,12 @@
 #include "app/base/Errors.h"
 #include "app/base/Output.h"
 #include "app/base/Paths.h"
+#include "app/feature/ValueText.h"
 #include "app/formats/Formats.h"
 #include "app/json/JsonObjectWriter.h"
 #include "app/json/JsonText.h"
 #include "app/json/ShortestNumber.h"
 #include "app/query/Question.h"
-#include "app/query/ValueText.h"
 #include "app/stats/LayerStatistics.h"
 
 #include <algorithm>

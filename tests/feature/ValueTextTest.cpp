@@ -1,4 +1,4 @@
-#include "app/query/ValueText.h"
+#include "app/feature/ValueText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/query/ValueText.h"
+#include "app/feature/ValueText.h"
 
 #include "app/json/JsonText.h"
 #include "app/json/ShortestNumber.h"
