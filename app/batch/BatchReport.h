@@ -24,7 +24,7 @@ struct BatchSummary {
     std::uint64_t features = 0;  // of what is done
     double seconds = 0.0;        // of work, added up over all processes
     std::vector<OpenFile> failed;
-    std::vector<OpenFile> missing;  // never run, or without the output that its log tells of
+    std::vector<OpenFile> missing;  // never run, or without the output that its log names
 
     bool IsComplete() const { return done == files; }
 };

@@ -93,7 +93,7 @@ SystemPlan Plan(const SystemPtr& source, SystemRule rule, const std::string& crs
                 const std::string& prefix, Reporter& reporter) {
     if (source == nullptr || !source->IsOnEarth()) {
         if (!crs.empty() && crs != kKeepSystem) {
-            static_cast<void>(SystemOfOption("--crs", crs, reporter));  // refuses what is none
+            static_cast<void>(SystemOfOption("--crs", crs, reporter));  // refuses what is no system
         }
         return {source, std::nullopt};
     }

@@ -3,7 +3,6 @@
 #include "app/json/JsonText.h"
 #include "app/json/ShortestNumber.h"
 
-#include <cmath>
 #include <cstdint>
 
 namespace app {
@@ -26,13 +25,7 @@ void AppendJsonValue(std::string& out, const Value& value) {
         void operator()(const std::string& text) const { AppendJsonString(out, text); }
         void operator()(std::int64_t number) const { AppendJsonNumber(out, number); }
         void operator()(bool isTrue) const { out += isTrue ? "true" : "false"; }
-        void operator()(double number) const {
-            if (std::isfinite(number)) {
-                out += PlainText(number);
-            } else {
-                AppendJsonNumber(out, number);
-            }
-        }
+        void operator()(double number) const { AppendPlainJsonNumber(out, number); }
     };
     std::visit(Writer{out}, value);
 }

@@ -8,7 +8,8 @@
 #include "app/crs/DescribeCoordSys.h"
 #include "app/crs/FrequentSystems.h"
 #include "app/info/FileFacts.h"
-#include "app/json/JsonText.h"
+#include "app/info/InfoJson.h"
+#include "app/json/ShortestNumber.h"
 
 #include <algorithm>
 #include <memory>
@@ -17,12 +18,6 @@
 
 namespace app {
 namespace {
-
-std::string Number(double value) {
-    std::string text;
-    AppendJsonNumber(text, value);
-    return text;
-}
 
 // "Tab", "comma", or the characters themselves.
 std::string DelimiterInWords(const std::string& delimiter) {
@@ -50,8 +45,8 @@ std::string SizeInWords(std::uintmax_t bytes) {
 }
 
 std::string BoxInWords(const shr::Box2d& box) {
-    return "x " + Number(box.minX) + " to " + Number(box.maxX) + ", y " + Number(box.minY) +
-           " to " + Number(box.maxY);
+    return "x " + PlainText(box.minX) + " to " + PlainText(box.maxX) + ", y " +
+           PlainText(box.minY) + " to " + PlainText(box.maxY);
 }
 
 std::string ColumnType(const LayerColumn& column) {
@@ -191,143 +186,6 @@ std::string InfoText(const FileFacts& facts, const CrsIdentifier& identify) {
     return TerminalText(PathText(facts.path) + "\n" + table.Text("  ") + columns.Text("    "));
 }
 
-void AddMember(std::string& out, const char* key) {
-    out += out.empty() || out.back() == '{' ? "\"" : ",\"";
-    out.append(key).append("\":");
-}
-
-void AddText(std::string& out, const char* key, const std::string& text) {
-    AddMember(out, key);
-    AppendJsonString(out, text);
-}
-
-void AddInteger(std::string& out, const char* key, std::int64_t value) {
-    AddMember(out, key);
-    AppendJsonNumber(out, value);
-}
-
-void AddBox(std::string& out, const char* key, const shr::Box2d& box) {
-    AddMember(out, key);
-    out += "[" + Number(box.minX) + "," + Number(box.minY) + "," + Number(box.maxX) + "," +
-           Number(box.maxY) + "]";
-}
-
-void AddBox(std::string& out, const char* key, const std::optional<shr::Box2d>& box) {
-    if (box) {
-        AddBox(out, key, *box);
-    } else {
-        AddMember(out, key);
-        out += "null";
-    }
-}
-
-void AddFlag(std::string& out, const char* key, bool value) {
-    AddMember(out, key);
-    out += value ? "true" : "false";
-}
-
-void AddCares(std::string& out, const std::vector<Care>& cares) {
-    AddMember(out, "cares");
-    out += '[';
-    for (const Care& care : cares) {
-        out += out.back() == '[' ? "" : ",";
-        AppendJsonString(out, care.text);
-    }
-    out += ']';
-}
-
-void AddColumns(std::string& out, const std::vector<LayerColumn>& columns) {
-    AddMember(out, "columns");
-    out += '[';
-    for (const LayerColumn& column : columns) {
-        out += out.back() == '[' ? "{" : ",{";
-        AddText(out, "name", column.name);
-        AddText(out, "type", ColumnKindName(column.kind));
-        AddInteger(out, "width", column.width);
-        AddInteger(out, "decimals", column.decimals);
-        out += '}';
-    }
-    out += ']';
-}
-
-void AddCounts(std::string& out, const ObjectCounts& counts) {
-    AddMember(out, "objects");
-    out += '{';
-    AddInteger(out, "total", static_cast<std::int64_t>(counts.Objects()));
-    AddInteger(out, "points", static_cast<std::int64_t>(counts.points));
-    AddInteger(out, "lines", static_cast<std::int64_t>(counts.lines));
-    AddInteger(out, "regions", static_cast<std::int64_t>(counts.regions));
-    AddInteger(out, "rectangles", static_cast<std::int64_t>(counts.rectangles));
-    AddInteger(out, "ellipses", static_cast<std::int64_t>(counts.ellipses));
-    AddInteger(out, "arcs", static_cast<std::int64_t>(counts.arcs));
-    AddInteger(out, "texts", static_cast<std::int64_t>(counts.texts));
-    AddInteger(out, "collections", static_cast<std::int64_t>(counts.collections));
-    AddInteger(out, "withoutPlace", static_cast<std::int64_t>(counts.withoutPlace));
-    out += '}';
-    AddInteger(out, "vertices", static_cast<std::int64_t>(counts.vertices));
-    AddBox(out, "extent", counts.extent);
-    if (counts.rows) {
-        AddInteger(out, "rows", static_cast<std::int64_t>(*counts.rows));
-    } else {
-        AddMember(out, "rows");
-        out += "null";
-    }
-}
-
-void AddCoordSys(std::string& out, const FileFacts& facts, const CrsIdentifier& identify) {
-    if (facts.format.empty()) {
-        AddText(out, "coordSys", facts.coordSysText);
-    }
-    const CoordSysDescription description =
-        DescribeCoordSys(facts.coordinateSystem.get(), identify);
-    AddText(out, "crsName", description.name);
-    AddText(out, "unit", description.unit);
-    AddText(out, "proj", description.proj);
-    AddText(out, "wkt2", description.wkt2);
-    AddMember(out, "epsg");
-    out += description.epsgCode != 0 ? std::to_string(description.epsgCode) : "null";
-}
-
-std::string InfoJson(const FileFacts& facts, const CrsIdentifier& identify) {
-    std::string out = "{";
-    AddText(out, "file", PathText(facts.path));
-    AddInteger(out, "fileSize", static_cast<std::int64_t>(facts.fileSize));
-    if (facts.format.empty()) {
-        AddFlag(out, "canImport", facts.canImport);
-        AddInteger(out, "version", facts.version);
-        AddText(out, "charset", facts.charset);
-        AddText(out, "codePage", facts.codePage);
-        AddText(out, "delimiter", facts.delimiter);
-    } else {
-        AddText(out, "format", facts.format);
-        AddText(out, "layer", facts.layer);
-    }
-    AddFlag(out, "earth", facts.isEarth);
-    AddCoordSys(out, facts, identify);
-    AddBox(out, "bounds", facts.bounds);
-    if (facts.format.empty()) {
-        AddFlag(out, "mid", facts.hasMid);
-        AddFlag(out, "careTaken", facts.isCareTaken);
-        AddCares(out, facts.cares);
-    }
-    AddColumns(out, facts.columns);
-    if (facts.counts) {
-        AddCounts(out, *facts.counts);
-    }
-    if (!facts.problem.empty()) {
-        AddText(out, "error", facts.problem);
-    }
-    return out + "}";
-}
-
-// In place of a file that has no header.
-std::string ErrorJson(const std::filesystem::path& path, const std::string& error) {
-    std::string out = "{";
-    AddText(out, "file", PathText(path));
-    AddText(out, "error", error);
-    return out + "}";
-}
-
 // What there is to say of one file: of a pair once, of another format for each layer.
 template <typename Sink>
 void CollectAll(const std::string& file, const InfoOptions& options,
@@ -372,7 +230,7 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
         const std::filesystem::path path = PathFromArgument(file);
         try {
             CollectAll(file, options, sourceOptions, reporter, [&](const FileFacts& facts) {
-                write(options.json ? InfoJson(facts, options.identify)
+                write(options.json ? FactsAsJson(facts, options.identify)
                                    : InfoText(facts, options.identify));
                 if (!facts.problem.empty()) {
                     reporter.Warning(PathText(facts.path) + ": " + facts.problem);
@@ -382,7 +240,7 @@ int RunInfo(const InfoOptions& options, Reporter& reporter) {
             throw;  // every file would say the same
         } catch (const Failure& failure) {
             if (options.json) {
-                write(ErrorJson(path, failure.what()));
+                write(ErrorAsJson(path, failure.what()));
             }
             reporter.Error(failure.what());
             anyFailed = true;

@@ -3,6 +3,8 @@
 #include "app/json/JsonText.h"
 #include "standalone/Text.h"
 
+#include <utility>
+
 namespace app {
 
 std::string& JsonObjectWriter::Member(std::string_view key) {
@@ -29,6 +31,20 @@ void JsonObjectWriter::Number(std::string_view key, double value) {
 
 void JsonObjectWriter::Integer(std::string_view key, std::int64_t value) {
     AppendJsonNumber(Member(key), value);
+}
+
+void JsonObjectWriter::Box(std::string_view key, const std::optional<shr::Box2d>& box) {
+    if (!box) {
+        Null(key);
+        return;
+    }
+    std::string& out = Member(key);
+    char separator = '[';
+    for (const double number : {box->minX, box->minY, box->maxX, box->maxY}) {
+        out += std::exchange(separator, ',');
+        AppendPlainJsonNumber(out, number);
+    }
+    out += ']';
 }
 
 void JsonObjectWriter::Boolean(std::string_view key, bool value) {

@@ -1,7 +1,10 @@
 // Writes one JSON object, member by member.
 #pragma once
 
+#include "host/shr/Geometry.h"
+
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +24,10 @@ public:
     void Number(std::string_view key, double value);
     void Integer(std::string_view key, std::int64_t value);
     void Boolean(std::string_view key, bool value);
+
+    // Smallest x and y, then largest x and y; null without a box.
+    void Box(std::string_view key, const std::optional<shr::Box2d>& box);
+
     void Null(std::string_view key) { Member(key) += "null"; }
 
     void Close() { out_ += '}'; }

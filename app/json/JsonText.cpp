@@ -77,6 +77,19 @@ void AppendEscape(std::string& out, unsigned char byte) {
     }
 }
 
+void AppendNumber(std::string& out, double value, char* (*write)(char*, double)) {
+    if (std::isnan(value)) {
+        out += "\"nan\"";
+    } else if (std::isinf(value)) {
+        out += value > 0 ? "\"inf\"" : "\"-inf\"";
+    } else if (value == 0.0 && std::signbit(value)) {
+        out += "-0.0";  // many readers of JSON take "-0" for the integer 0 and lose the sign
+    } else {
+        char text[kShortestNumberSize];
+        out.append(text, write(text, value));
+    }
+}
+
 }  // namespace
 
 void AppendJsonString(std::string& out, std::string_view utf8) {
@@ -112,20 +125,11 @@ void AppendJsonString(std::string& out, std::string_view utf8) {
 }
 
 void AppendJsonNumber(std::string& out, double value) {
-    if (std::isnan(value)) {
-        out += "\"nan\"";
-        return;
-    }
-    if (std::isinf(value)) {
-        out += value > 0 ? "\"inf\"" : "\"-inf\"";
-        return;
-    }
-    if (value == 0.0 && std::signbit(value)) {
-        out += "-0.0";  // many readers of JSON take "-0" for the integer 0 and lose the sign
-        return;
-    }
-    char text[kShortestNumberSize];
-    out.append(text, WriteShortest(text, value));
+    AppendNumber(out, value, WriteShortest);
+}
+
+void AppendPlainJsonNumber(std::string& out, double value) {
+    AppendNumber(out, value, WritePlain);
 }
 
 void AppendJsonNumber(std::string& out, std::int64_t value) {

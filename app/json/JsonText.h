@@ -15,6 +15,9 @@ void AppendJsonString(std::string& out, std::string_view utf8);
 // others: they become "nan", "inf" or "-inf" in quotes.
 void AppendJsonNumber(std::string& out, double value);
 
+// The same, without an exponent where people expect none (WritePlain).
+void AppendPlainJsonNumber(std::string& out, double value);
+
 void AppendJsonNumber(std::string& out, std::int64_t value);
 
 }  // namespace app

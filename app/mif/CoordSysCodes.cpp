@@ -144,7 +144,7 @@ std::string ProjectionInWords(std::int64_t code) {
     }
     const ProjectionCode split = SplitProjectionCode(code);
     if (split.projection == nullptr) {
-        return "none that the format is known to have";
+        return "not known in this format";
     }
     return "projection " + std::to_string(split.projection->code) + " with " +
            (split.hasAffine ? "an affine transformation" : "") +

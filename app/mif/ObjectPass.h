@@ -59,7 +59,7 @@ private:
 
     // A count as in the file.
     struct Count {
-        std::uint64_t declared = 0;  // 0: none that counts
+        std::uint64_t declared = 0;  // 0 for what is no count
         std::string text;
         std::uint64_t begin = 0;  // offsets of the text
         std::uint64_t end = 0;

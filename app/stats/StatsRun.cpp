@@ -118,20 +118,6 @@ std::string LayerText(const std::string& name, const LayerStatistics& layer) {
                         (layer.Columns().empty() ? "" : ColumnsText(layer)));
 }
 
-void AddBox(JsonObjectWriter& object, const std::optional<shr::Box2d>& box) {
-    if (!box) {
-        object.Null("extent");
-        return;
-    }
-    std::string& out = object.Member("extent");
-    char separator = '[';
-    for (const double number : {box->minX, box->minY, box->maxX, box->maxY}) {
-        out += std::exchange(separator, ',');
-        AppendJsonNumber(out, number);
-    }
-    out += ']';
-}
-
 void AppendColumn(std::string& out, const LayerColumn& column, const ColumnStatistics& values) {
     JsonObjectWriter object(out);
     object.Text("name", column.name);
@@ -145,7 +131,7 @@ void AppendColumn(std::string& out, const LayerColumn& column, const ColumnStati
     AppendJsonValue(object.Member("minimum"), values.Minimum());
     AppendJsonValue(object.Member("maximum"), values.Maximum());
     if (const std::optional<double> mean = values.Mean()) {
-        object.Number("mean", *mean);
+        AppendPlainJsonNumber(object.Member("mean"), *mean);
     } else {
         object.Null("mean");
     }
@@ -157,7 +143,7 @@ std::string LayerJson(const std::string& name, const LayerStatistics& layer) {
     JsonObjectWriter object(out);
     object.Text("layer", name);
     object.Integer("features", static_cast<std::int64_t>(layer.Features()));
-    AddBox(object, layer.Extent());
+    object.Box("extent", layer.Extent());
     std::string& kinds = object.Member("objects");
     kinds += '[';
     for (const KindStatistics& kind : layer.Kinds()) {
@@ -166,7 +152,7 @@ std::string LayerJson(const std::string& name, const LayerStatistics& layer) {
             JsonObjectWriter member(kinds);
             member.Text("kind", std::string_view(kind.name));
             member.Integer("count", static_cast<std::int64_t>(kind.count));
-            AddBox(member, kind.extent);
+            member.Box("extent", kind.extent);
             member.Close();
         }
     }

@@ -94,7 +94,7 @@ const ClauseRow kClauses[] = {
     {"Range", R"(Earth Projection 29, 104, "m", 10, 52, 45)", "MIF-C010", true, ""},
     {"Albers", R"(Earth Projection 9, 74, "m", -96, 23, 29.5, 45.5, 3000, 4000)", "MIF-C011", true, ""},
     {"MapGrid", R"(Earth Projection 18, 31, "m", 173, -41, 2510000, 6023150)", "MIF-C012", true, ""},
-    {"UnknownProjection", R"(Earth Projection 777, 104, "m", 1, 2)", "MIF-C001", false, " For qolf itself, projection code 777 is none that the format is known to have, and its coordinates can't be placed. qolf itself reads the coordinates with --assume-crs."},
+    {"UnknownProjection", R"(Earth Projection 777, 104, "m", 1, 2)", "MIF-C001", false, " For qolf itself, projection code 777 is not known in this format, and its coordinates can't be placed. qolf itself reads the coordinates with --assume-crs."},
     {"UnknownDatum", R"(Earth Projection 8, 777, "m", 27, 0, 1, 500000, 0)", "MIF-C003", false, " For qolf itself, the datum code 777 is not known; WGS 84 is taken."},
     {"UnknownEllipsoid", R"(Earth Projection 8, 999, 99, 1, 2, 3, "m", 27, 0, 1, 5, 0)", "MIF-C004", false, " For qolf itself, the ellipsoid code 99 is not known; WGS 84 is taken."},
     {"UnknownUnit", R"(Earth Projection 8, 104, "smoot", 27, 0, 1, 500000, 0)", "MIF-C005", false, " For qolf itself, the unit 'smoot' is not known; metres are taken."},

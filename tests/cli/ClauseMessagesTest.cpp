@@ -73,7 +73,7 @@ const MessageRow kMessages[] = {
     {"Range", R"(Earth Projection 29, 104, "m", 10, 52, 45)", "note: a.mif: the range of 45 degrees around the centre is ignored; it moves no coordinate\n"},
     {"EllipsoidZero", R"(Earth Projection 1, 999, 0, 1, 2, 3)", "note: a.mif: ellipsoid 0 of the datum is read as GRS 80\n"},
     {"UnknownDatum", R"(Earth Projection 1, 777)", "warning: a.mif: the datum code 777 is not known; WGS 84 is taken\n"},
-    {"UnknownProjection", R"(Earth Projection 777, 104, "m", 1, 2)", "warning: a.mif: projection code 777 is none that the format is known to have, and its coordinates can't be placed; "},
+    {"UnknownProjection", R"(Earth Projection 777, 104, "m", 1, 2)", "warning: a.mif: projection code 777 is not known in this format, and its coordinates can't be placed; "},
 };
 // clang-format on
 

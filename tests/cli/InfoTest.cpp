@@ -234,9 +234,9 @@ const ProjectionRow kProjections[] = {
      "Projection code 24 is the Finnish KKJ variant of Transverse Mercator (Gauss-Kruger). 'qolf "
      "convert' and 'qolf draw' read it."},
     {"ThatNobodyKnows", "CoordSys Earth Projection 777, 104, \"m\", 5",
-     "projection code 777 is none that the format is known to have, and its coordinates can't be "
+     "projection code 777 is not known in this format, and its coordinates can't be "
      "placed",
-     "Projection code 777 is none that the format is known to have. 'qolf convert' reads the "
+     "Projection code 777 is not known in this format. 'qolf convert' reads the "
      "geometry; name the coordinate system with --assume-crs EPSG:…."},
 };
 INSTANTIATE_TEST_SUITE_P(, InfoOfAProjectionThatTheModuleLacks, testing::ValuesIn(kProjections),

@@ -135,14 +135,14 @@ TEST_F(APlanOfSystems, LeavesCoordinatesOfAnUnknownSystemWithAWarning) {
 
     EXPECT_FALSE(plan.reprojection);
     EXPECT_EQ(Messages(),
-              "qolf: warning: a.mif: projection code 99 is none that the format is known to have, "
+              "qolf: warning: a.mif: projection code 99 is not known in this format, "
               "and its coordinates can't be placed; the coordinates stay as they are\n");
 }
 
 TEST_F(APlanOfSystems, AsksForTheSystemOfTheInputWhenAnotherIsWanted) {
     EXPECT_EQ(Refusal(Clause(R"(Earth Projection 99, 104, "m", 5)"), SystemRule::Wgs84IfUnnamed,
                       "EPSG:3301"),
-              "a.mif: projection code 99 is none that the format is known to have, and its "
+              "a.mif: projection code 99 is not known in this format, and its "
               "coordinates can't be placed; name the system of the file with --assume-crs");
 }
 

@@ -193,9 +193,9 @@ TEST_P(AProblem, LeavesTheSystemUnknownAndSaysWhy) {
 
 // clang-format off
 const ProblemRow kProblems[] = {
-    {"ACodeThatNobodyKnows", R"(Earth Projection 777, 104, "m", 1, 2)", app::SystemKind::Unknown, "projection code 777 is none that the format is known to have, and its coordinates can't be placed"},
+    {"ACodeThatNobodyKnows", R"(Earth Projection 777, 104, "m", 1, 2)", app::SystemKind::Unknown, "projection code 777 is not known in this format, and its coordinates can't be placed"},
     {"ACodeKnownByNameAlone", R"(Earth Projection 32, 104, "m", 1, 2)", app::SystemKind::Unknown, "projection code 32 is Krovak, and its coordinates can't be placed"},
-    {"ACodeWithThousandsOfNone", R"(Earth Projection 2099, 104, "m", 1, 2)", app::SystemKind::Unknown, "projection code 2099 is none that the format is known to have, and its coordinates can't be placed"},
+    {"ACodeWithThousandsOfNone", R"(Earth Projection 2099, 104, "m", 1, 2)", app::SystemKind::Unknown, "projection code 2099 is not known in this format, and its coordinates can't be placed"},
     {"AScaleOfZero", R"(Earth Projection 8, 104, "m", 27, 0)", app::SystemKind::Unknown, "the scale factor 0 of the projection \"Transverse Mercator\" is missing or out of range"},
     {"ALatitudeBeyondThePole", R"(Earth Projection 27, 104, "m", 0, 91, 0, 0)", app::SystemKind::Unknown, "the origin latitude 91 of the projection \"Polyconic\" is missing or out of range"},
     {"OppositeParallels", R"(Earth Projection 3, 104, "m", 0, 0, 20, -20, 0, 0)", app::SystemKind::Unknown, "the standard parallels of the projection \"Lambert Conformal Conic\" are missing, or equal and opposite"},

@@ -68,4 +68,14 @@ TEST(AJsonNumber, IsATextForWhatJsonHasNoNumberFor) {
     EXPECT_EQ(NumberOf(-std::numeric_limits<double>::infinity()), "\"-inf\"");
 }
 
+TEST(APlainJsonNumber, HasNoExponentWherePeopleExpectNone) {
+    std::string text;
+    app::AppendPlainJsonNumber(text, 500000.0);
+    EXPECT_EQ(text, "500000");
+
+    text.clear();
+    app::AppendPlainJsonNumber(text, -0.0);
+    EXPECT_EQ(text, "-0.0");
+}
+
 }  // namespace

@@ -4,6 +4,7 @@
 #include "app/base/Paths.h"
 #include "app/feature/RingNesting.h"
 #include "app/feature/StyleLooks.h"
+#include "app/feature/ValueText.h"
 #include "app/formats/geojson/SimpleStyle.h"
 #include "app/json/JsonText.h"
 #include "app/json/ShortestNumber.h"
@@ -12,7 +13,6 @@
 #include <array>
 #include <cmath>
 #include <string_view>
-#include <type_traits>
 
 namespace app {
 
@@ -30,9 +30,9 @@ void AppendPosition(std::string& text, const shr::Vec2d& point) {
     char buffer[2 * kShortestNumberSize + 3];
     char* end = buffer;
     *end++ = '[';
-    end = WriteShortest(end, point.x);
+    end = WritePlain(end, point.x);
     *end++ = ',';
-    end = WriteShortest(end, point.y);
+    end = WritePlain(end, point.y);
     *end++ = ']';
     text.append(buffer, end);
 }
@@ -82,23 +82,6 @@ void AppendPolygon(std::string& text, const NestedPolygon& polygon) {
         AppendRing(text, hole, /*isCounterClockwise=*/false);
     }
     text += ']';
-}
-
-void AppendValue(std::string& text, const Value& value) {
-    std::visit(
-        [&text](const auto& held) {
-            using Held = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<Held, std::monostate>) {
-                text += "null";
-            } else if constexpr (std::is_same_v<Held, bool>) {
-                text += held ? "true" : "false";
-            } else if constexpr (std::is_same_v<Held, std::string>) {
-                AppendJsonString(text, held);
-            } else {
-                AppendJsonNumber(text, held);
-            }
-        },
-        value);
 }
 
 std::string HexColor(std::uint32_t color) {
@@ -214,7 +197,7 @@ void GeoJsonWriter::WriteProperties(const Feature& feature) {
         }
         isFirstProperty_ = false;
         text_ += keys_[i];
-        AppendValue(text_, feature.values[i]);
+        AppendJsonValue(text_, feature.values[i]);
     }
     if (isText) {
         WriteTextProperties(feature.geometry);
@@ -229,9 +212,9 @@ void GeoJsonWriter::WriteTextProperties(const Geometry& geometry) {
     Key("text");
     AppendJsonString(text_, placement.text);
     Key("angle");
-    AppendJsonNumber(text_, placement.angleDegrees);
+    AppendPlainJsonNumber(text_, placement.angleDegrees);
     Key("height");
-    AppendJsonNumber(text_, placement.height);
+    AppendPlainJsonNumber(text_, placement.height);
     Key("font");
     AppendJsonString(text_, geometry.style.font ? geometry.style.font->name : "");
     Key("justify");
@@ -272,7 +255,7 @@ void GeoJsonWriter::WriteStroke(const Pen& pen) {
     Key("stroke");
     AppendJsonString(text_, HexColor(pen.color));
     Key("stroke-width");
-    AppendJsonNumber(text_, StrokeWidth(pen));
+    AppendPlainJsonNumber(text_, StrokeWidth(pen));
     Key("stroke-opacity");
     text_ += pen.pattern == 1 ? '0' : '1';
 }

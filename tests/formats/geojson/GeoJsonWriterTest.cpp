@@ -110,6 +110,13 @@ TEST_F(GeoJsonWriter, WritesPointsAndLines) {
               "{\"type\":\"LineString\",\"coordinates\":[[1,2],[3,4.5]]}");
 }
 
+TEST_F(GeoJsonWriter, WritesRoundCoordinatesWithoutAnExponent) {
+    EXPECT_EQ(GeometryOf(PointAt(500000, -6e6)),
+              "{\"type\":\"Point\",\"coordinates\":[500000,-6000000]}");
+    EXPECT_EQ(GeometryOf(PointAt(0.00001, 1e20)),
+              "{\"type\":\"Point\",\"coordinates\":[0.00001,1e+20]}");
+}
+
 struct NullRow {
     const char* name;
     app::Feature feature;
