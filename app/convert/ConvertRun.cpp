@@ -123,7 +123,8 @@ std::uint64_t ConvertLayer(const ConvertOptions& options, Source& source, std::s
     return way.WrittenCount();
 }
 
-// The layers of an input that the output is to have. Throws Failure for several that it can't hold.
+// The layers of an input that the output is to have. Throws UsageError for several that it can't
+// hold.
 std::vector<std::size_t> LayersOf(const ConvertOptions& options, const NamedFile& input,
                                   const Source& source, bool canHoldLayers) {
     if (!input.format.holds.layers) {
@@ -134,9 +135,9 @@ std::vector<std::size_t> LayersOf(const ConvertOptions& options, const NamedFile
     }
     const std::vector<std::size_t> layers = ChosenLayers(source, options.layers);
     if (layers.size() > 1 && !canHoldLayers) {
-        throw Failure(source.Name() +
-                      ": several layers become one output only as a GeoPackage, or "
-                      "as one layer with --merge; use --output-dir for a file each");
+        throw UsageError(source.Name() +
+                         ": several layers become one output only as a GeoPackage, or "
+                         "as one layer with --merge; use --output-dir for a file each");
     }
     if (layers.empty()) {
         static_cast<void>(source.LayerNamed(""));  // throws: there is none

@@ -111,7 +111,7 @@ TEST(APackageOfSeveralLayers, IsNotOnePairUnlessALayerIsChosen) {
                            "with --output-dir: island, island-ways, island-places"),
               std::string::npos)
         << all.err;
-    EXPECT_EQ(two.exitCode, 1);
+    EXPECT_EQ(two.exitCode, 2);
     EXPECT_NE(two.err.find("as one layer with --merge"), std::string::npos) << two.err;
     EXPECT_EQ(one.exitCode, 0) << one.err;
 }
