@@ -36,7 +36,7 @@ function(qolf_use_standard_headers name)
   endif()
 endfunction()
 
-# Compiles the sources of each target six at a time. Most of what a source costs is code of the
+# Compiles the sources of each target twelve at a time. Most of what a source costs is code of the
 # standard library that its neighbours need, too. The sources for Windows stay alone: its headers
 # define macros for whatever follows.
 function(qolf_compile_together)
@@ -44,10 +44,11 @@ function(qolf_compile_together)
     return()
   endif()
   foreach(target IN LISTS ARGN)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
-    # g++ takes the sources for headers, in which types of one file alone would be a fault.
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+    # g++ takes the sources for headers, in which types of one file alone would be a fault. And it
+    # collects garbage only when there are 512 MB of memory to search, not 128.
     target_compile_options(${target} PRIVATE
-      $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+      $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage$<SEMICOLON>--param=ggc-min-heapsize=524288>)
     get_target_property(sources ${target} SOURCES)
     list(FILTER sources INCLUDE REGEX "_windows\\.cpp$")
     if(sources)

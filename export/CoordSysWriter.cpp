@@ -17,7 +17,6 @@ using gcs::DatumParameterID;
 using gcs::ProjectionMethod;
 using gcs::ProjectionParameterID;
 
-constexpr unsigned kFirstVersion = 300;
 constexpr unsigned kCustomDatumVersion = 450;  // datums 999 and 9999
 
 bool HasProjection(const gcs::GCSDef& system) {

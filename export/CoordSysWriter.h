@@ -8,9 +8,11 @@
 
 namespace mif {
 
-// Replaces out by the clause, and minVersion by the first MIF version (300 and up) that has all
-// of its codes. out is empty when cs is null or MIF has no way to express it: the caller decides
-// what to do then.
+inline constexpr unsigned kFirstVersion = 300;  // of MIF: the least that an export declares
+
+// Replaces out by the clause, and minVersion by the first MIF version (kFirstVersion and up) that
+// has all of its codes. out is empty when cs is null or MIF has no way to express it: the caller
+// decides what to do then.
 //
 // inlineForm is the form of other clauses, which names its units at the end; else the header's.
 void WriteCoordSys(const gcs::CSDef* cs, std::string& out, unsigned& minVersion, bool inlineForm);

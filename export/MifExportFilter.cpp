@@ -21,7 +21,6 @@ constexpr const wchar_t* kAreasToCurves = L"AreasToCurves";
 constexpr const wchar_t* kRenderText = L"RenderText";
 constexpr const wchar_t* kRenderMarkers = L"RenderMarkers";
 
-constexpr unsigned kFirstVersion = 300;
 constexpr unsigned kManyObjectsVersion = 800;
 constexpr std::uint64_t kManyObjects = 32000;  // PLINE and REGION objects that 300 can hold
 constexpr std::uint32_t kObjectsPerProgressStep = 100;

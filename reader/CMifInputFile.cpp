@@ -10,7 +10,7 @@ namespace mif {
 
 namespace {
 
-constexpr ErrorOrigin kClosingFailed{L"CMifInputFile", 51};
+constexpr ErrorOrigin kClosingInputFailed{L"CMifInputFile", 51};
 
 constexpr int kEnd = -1;
 constexpr std::size_t kFirstTokenCapacity = 256;
@@ -42,7 +42,7 @@ CMifInputFile::~CMifInputFile() {
     try {
         Close();
     } catch (...) {
-        shr::LogExceptionInfo(L"qolf", kClosingFailed.source, kClosingFailed.line);
+        shr::LogExceptionInfo(L"qolf", kClosingInputFailed.source, kClosingInputFailed.line);
     }
 }
 

@@ -1,4 +1,4 @@
-// Angles in degrees, for functions that take radians.
+// Angles in degrees.
 #pragma once
 
 #include <numbers>
@@ -6,5 +6,6 @@
 namespace app {
 
 inline constexpr double kDegree = std::numbers::pi / 180.0;  // in radians
+inline constexpr int kTurn = 360;                            // in degrees
 
 }  // namespace app

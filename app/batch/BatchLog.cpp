@@ -2,10 +2,9 @@
 
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
+#include "app/json/JsonFields.h"
 #include "app/json/JsonObjectWriter.h"
 #include "host/platform/Stdio.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <cerrno>
@@ -14,8 +13,6 @@
 
 namespace app {
 namespace {
-
-using nlohmann::json;
 
 constexpr const char* kLogExtension = ".jsonl";
 
@@ -39,29 +36,18 @@ std::string LineText(const BatchLogLine& line) {
     return text + "\n";
 }
 
-std::string TextMember(const json& object, const char* name) {
-    const auto member = object.find(name);
-    return member != object.end() && member->is_string() ? member->get<std::string>() : "";
-}
-
 // Absent for what is no line of a log.
 std::optional<BatchLogLine> LineOf(const std::string& text) {
-    const json object = json::parse(text, nullptr, /*allow_exceptions=*/false);
-    if (!object.is_object() || !object.contains("error")) {
+    const std::optional<JsonFields> fields = JsonFields::Parse(text);
+    if (!fields || !fields->Has("error")) {
         return std::nullopt;
     }
     BatchLogLine line;
-    line.input = TextMember(object, "input");
-    line.output = TextMember(object, "output");
-    line.error = TextMember(object, "error");
-    if (const auto features = object.find("features");
-        features != object.end() && features->is_number_unsigned()) {
-        line.features = features->get<std::uint64_t>();
-    }
-    if (const auto seconds = object.find("seconds");
-        seconds != object.end() && seconds->is_number()) {
-        line.seconds = seconds->get<double>();
-    }
+    line.input = fields->Text("input").value_or("");
+    line.output = fields->Text("output").value_or("");
+    line.error = fields->Text("error").value_or("");
+    line.features = fields->Whole("features");
+    line.seconds = fields->Number("seconds").value_or(line.seconds);
     return line.output.empty() ? std::nullopt : std::optional(line);
 }
 

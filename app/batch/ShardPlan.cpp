@@ -5,9 +5,8 @@
 #include "app/base/Paths.h"
 #include "app/base/TempFolder.h"
 #include "app/batch/BatchLog.h"
+#include "app/json/JsonFields.h"
 #include "app/json/JsonObjectWriter.h"
-
-#include <nlohmann/json.hpp>
 
 #include <cstdio>
 #include <fstream>
@@ -16,7 +15,6 @@
 namespace app {
 namespace {
 
-using nlohmann::json;
 using std::filesystem::path;
 
 path PlanPathOf(const path& folder) {
@@ -106,29 +104,45 @@ std::string TextOf(const ShardPlan& plan) {
     return text;
 }
 
+// Absent for what is no line of a plan.
+std::optional<PlannedFile> FileOf(const std::string& text) {
+    const std::optional<JsonFields> line = JsonFields::Parse(text);
+    if (!line) {
+        return std::nullopt;
+    }
+    const auto shard = line->Whole("shard");
+    const auto bytes = line->Whole("bytes");
+    const auto input = line->Text("input");
+    const auto output = line->Text("output");
+    return shard && bytes && input && output
+               ? std::optional(
+                     PlannedFile{static_cast<std::size_t>(*shard), *bytes, *input, *output})
+               : std::nullopt;
+}
+
 // Absent when the file is not there or is no whole plan.
 std::optional<ShardPlan> Read(const path& file) {
     std::ifstream stream(file, std::ios::binary);
     std::string text;
-    if (!std::getline(stream, text)) {
+    std::getline(stream, text);
+    const std::optional<JsonFields> head = JsonFields::Parse(text);
+    const auto shards = head ? head->Whole("shards") : std::nullopt;
+    const auto inputs = head ? head->Text("inputs") : std::nullopt;
+    if (!shards || !inputs) {
         return std::nullopt;
     }
-    try {
-        const json head = json::parse(text);
-        ShardPlan plan;
-        plan.shards = head.at("shards").get<std::size_t>();
-        plan.inputs = head.at("inputs").get<std::string>();
-        while (std::getline(stream, text)) {
-            const json line = json::parse(text);
-            plan.files.push_back(
-                {line.at("shard").get<std::size_t>(), line.at("bytes").get<std::uint64_t>(),
-                 line.at("input").get<std::string>(), line.at("output").get<std::string>()});
+    ShardPlan plan;
+    plan.shards = static_cast<std::size_t>(*shards);
+    plan.inputs = *inputs;
+    while (std::getline(stream, text)) {
+        std::optional<PlannedFile> planned = FileOf(text);
+        if (!planned) {
+            return std::nullopt;
         }
-        const bool isWhole = plan.files.size() == head.at("files").get<std::size_t>();
-        return isWhole ? std::optional(std::move(plan)) : std::nullopt;
-    } catch (const json::exception&) {
-        return std::nullopt;
+        plan.files.push_back(std::move(*planned));
     }
+    return head->Whole("files") == plan.files.size() ? std::optional(std::move(plan))
+                                                     : std::nullopt;
 }
 
 // Puts the plan into its place, unless `mayReplace` is false and another process was faster.

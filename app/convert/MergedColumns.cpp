@@ -12,22 +12,21 @@ namespace app {
 void MergedColumns::Add(const std::vector<LayerColumn>& layer) {
     std::vector<std::size_t>& places = places_.emplace_back();
     for (const LayerColumn& column : layer) {
-        std::optional<std::size_t> at = FindColumn(columns_, column.name);
-        if (at && std::ranges::count(places, *at) > 0) {
-            at.reset();  // the layer itself has both
-        }
+        const std::optional<std::size_t> same = FindColumn(columns_, column.name);
+        // The layer itself may have several columns of one name.
+        const bool isNew = !same || std::ranges::count(places, *same) > 0;
+        const std::size_t place = isNew ? columns_.size() : *same;
         const std::string type = ColumnKindName(column.kind);
-        if (!at) {
-            at = columns_.size();
+        if (isNew) {
             columns_.push_back(column);
             types_.push_back(type);
         } else {
-            columns_[*at] = WidenedColumn(columns_[*at], column);
-            if (types_[*at].find(type) == std::string::npos) {
-                types_[*at] += ", " + type;
+            columns_[place] = WidenedColumn(columns_[place], column);
+            if (types_[place].find(type) == std::string::npos) {
+                types_[place] += ", " + type;
             }
         }
-        places.push_back(*at);
+        places.push_back(place);
     }
 }
 

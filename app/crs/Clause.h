@@ -15,6 +15,8 @@ namespace app {
 inline constexpr int kCustomDatumVersion = 450;
 inline constexpr int kAffineVersion = 650;
 
+inline constexpr double kSurveyFoot = 1200.0 / 3937.0;  // in metres
+
 // Leads from coordinates (x, y) of the projection, in the affine unit, to those in the file:
 // x' = a x + b y + c, y' = d x + e y + f.
 struct AffineTransformation {

@@ -1,6 +1,7 @@
 #include "app/crs/ClauseForExport.h"
 
 #include "app/base/Angles.h"
+#include "app/crs/Clause.h"
 #include "app/crs/detail/CrsDatum.h"
 #include "app/crs/detail/PlainNumber.h"
 #include "app/crs/detail/ProjHandles.h"
@@ -18,8 +19,6 @@ namespace {
 using detail::PjHandle;
 using detail::PlainNumber;
 using enum ProjectionParameter;
-
-constexpr double kSurveyFoot = 1200.0 / 3937.0;
 
 // Parameter codes of the EPSG register.
 enum Code : int {

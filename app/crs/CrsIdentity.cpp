@@ -7,8 +7,8 @@
 #include "app/crs/ProjText.h"
 #include "app/crs/detail/Frames.h"
 #include "app/crs/detail/Register.h"
-
-#include <nlohmann/json.hpp>
+#include "app/json/JsonEdit.h"
+#include "app/json/JsonText.h"
 
 #include <algorithm>
 #include <array>
@@ -40,9 +40,10 @@ bool IsWebMap(const Clause& clause) {
            clause.metresPerUnit == 1.0;
 }
 
-nlohmann::json JsonOf(PJ_CONTEXT* context, const PJ* object) {
-    const char* text = proj_as_projjson(context, object, nullptr);
-    return text == nullptr ? nlohmann::json() : nlohmann::json::parse(text);
+// Empty when PROJ has no JSON for the system.
+std::string JsonOf(PJ_CONTEXT* context, const PJ* system) {
+    const char* text = proj_as_projjson(context, system, nullptr);
+    return text != nullptr ? text : "";
 }
 
 std::string WktOf(PJ_CONTEXT* context, const PJ* system) {
@@ -61,11 +62,16 @@ std::string WktOfClause(PJ_CONTEXT* context, const Clause& clause, const PJ* fra
     if (!projected) {
         return "";
     }
-    nlohmann::json json = JsonOf(context, projected.get());
-    json["base_crs"] = JsonOf(context, frame);
-    json["base_crs"].erase("$schema");
-    json["name"] = NameInWords(clause);
-    const PjHandle crs(proj_create(context, json.dump().c_str()));
+    std::string json = JsonOf(context, projected.get());
+    const std::string base = JsonOf(context, frame);
+    if (json.empty() || base.empty()) {
+        return "";
+    }
+    std::string name;
+    AppendJsonString(name, NameInWords(clause));
+    json = WithJsonMember(json, "base_crs", WithoutJsonMember(base, "$schema"));
+    json = WithJsonMember(json, "name", name);
+    const PjHandle crs(proj_create(context, json.c_str()));
     return WktOf(context, crs.get());
 }
 

@@ -14,7 +14,6 @@ using Id = gcs::ProjectionParameterID;
 using enum ProjectionParameter;
 
 constexpr double kSurveyFeetPerMetre = 3.28083333333333;
-constexpr double kSurveyFoot = 1200.0 / 3937.0;
 
 struct MethodRow {
     ProjectionMethod method;

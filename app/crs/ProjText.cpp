@@ -39,8 +39,6 @@ constexpr std::array kProjNames = {
 constexpr std::int64_t kMiller = 11;
 constexpr std::int64_t kBelgianCone = 19;
 
-constexpr double kSurveyFoot = 1200.0 / 3937.0;
-
 const char* ProjName(const Projection& projection) {
     return std::ranges::find(kProjNames, projection.code, &NamedProjection::code)->name;
 }

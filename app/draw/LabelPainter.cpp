@@ -14,16 +14,16 @@ namespace app {
 
 namespace {
 
-constexpr double kFontSize = 12.0;    // pixels
-constexpr double kLineHeight = 14.0;  // from the top of the letters to the end of their tails
-constexpr double kBaseline = 10.5;    // below the top
+constexpr double kLabelFontSize = 12.0;  // pixels
+constexpr double kLineHeight = 14.0;     // from the top of the letters to the end of their tails
+constexpr double kLabelBaseline = 10.5;  // below the top
 constexpr double kHalo = 3.0;
 constexpr shr::Color4b kInk{34, 34, 34};
 constexpr shr::Color4b kHaloColor{255, 255, 255, 220};
 
 void SelectLabelFont(cairo_t* context) {
     SelectFont(context, "", /*isBold=*/false, /*isItalic=*/false);
-    cairo_set_font_size(context, kFontSize);
+    cairo_set_font_size(context, kLabelFontSize);
 }
 
 }  // namespace
@@ -97,7 +97,7 @@ void LabelPainter::DrawAt(const LabelPlace& place, LabelSize size, const std::st
     cairo_translate(context_, place.middle.x, place.middle.y);
     cairo_rotate(context_, place.angle);
     cairo_new_path(context_);
-    cairo_move_to(context_, -size.width / 2.0, -size.height / 2.0 + kBaseline);
+    cairo_move_to(context_, -size.width / 2.0, -size.height / 2.0 + kLabelBaseline);
     cairo_text_path(context_, label.c_str());
     SetColor(context_, kHaloColor);
     cairo_set_dash(context_, nullptr, 0, 0.0);

@@ -10,9 +10,9 @@ namespace app {
 
 namespace {
 
-constexpr double kThinnestHollowLine = 1.0;   // pixels
-constexpr double kShadowOffset = 1.0 / 12.0;  // of the diameter
-constexpr shr::Color4b kShadowColor{120, 120, 120};
+constexpr double kThinnestHollowLine = 1.0;         // pixels
+constexpr double kMarkerShadowOffset = 1.0 / 12.0;  // of the diameter
+constexpr shr::Color4b kMarkerShadowColor{120, 120, 120};
 
 void AppendOutline(cairo_t* context, const Marker& marker, double radius) {
     if (marker.shape->outline.empty()) {
@@ -63,10 +63,10 @@ void DrawCharacter(cairo_t* context, const Marker& marker) {
                          -extents.y_bearing - extents.height / 2.0};
     cairo_new_path(context);
     if (marker.hasShadow) {
-        const double offset = marker.diameter * kShadowOffset;
+        const double offset = marker.diameter * kMarkerShadowOffset;
         cairo_move_to(context, from.x + offset, from.y + offset);
         cairo_text_path(context, marker.character.c_str());
-        SetColor(context, kShadowColor);
+        SetColor(context, kMarkerShadowColor);
         cairo_fill(context);
     }
     cairo_move_to(context, from.x, from.y);

@@ -22,8 +22,8 @@ constexpr double kMeasuringSize = 100.0;
 
 // Of the font size.
 constexpr double kHaloWidth = 0.12;
-constexpr double kShadowOffset = 0.06;
-constexpr shr::Color4b kShadowColor{150, 150, 150};
+constexpr double kTextShadowOffset = 0.06;
+constexpr shr::Color4b kTextShadowColor{150, 150, 150};
 
 double AlignmentOf(Justify justify) {
     switch (justify) {
@@ -186,7 +186,7 @@ void TextPainter::DrawLine(const std::string& line, double fontSize,
         cairo_new_path(context_);
     };
     if (lettering.hasShadow) {
-        draw(kShadowOffset * size, kShadowColor);
+        draw(kTextShadowOffset * size, kTextShadowColor);
     }
     draw(0.0, lettering.color);
 }

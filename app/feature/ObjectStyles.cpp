@@ -14,16 +14,15 @@ constexpr double kPartOfTwoPixels = 1.0 / 320.0;
 constexpr int kThinnest = 2;
 constexpr int kThickest = 7;
 
-constexpr int kMostPixels = 10;  // a code above is a width in points
 constexpr double kTenthsOfAPointPerInch = 720.0;
 
-struct DashRow {
+struct ObjectDash {
     int pattern;
     iolib::GdiPenStyle style;
     const float* dashes;
 };
-const std::array<DashRow, 4>& DashRows() {
-    static const std::array<DashRow, 4> kRows{{
+const std::array<ObjectDash, 4>& ObjectDashes() {
+    static const std::array<ObjectDash, 4> kRows{{
         {3, iolib::GdiPenStyle::Dot, iolib::g_LS_Dot},
         {5, iolib::GdiPenStyle::Dash, iolib::g_LS_Dash},
         {14, iolib::GdiPenStyle::DashDot, iolib::g_LS_DashDot},
@@ -65,7 +64,7 @@ int PatternCode(const zeio::TrPen& pen) {
     if (pen.style == zeio::TrPen::Style::CustomDash) {
         const auto style =
             iolib::MatchToGDIPenStyle(pen.dashes.data(), static_cast<int>(pen.dashes.size()));
-        for (const DashRow& row : DashRows()) {
+        for (const ObjectDash& row : ObjectDashes()) {
             if (row.style == style) {
                 return row.pattern;
             }
@@ -94,7 +93,7 @@ zeio::TrPen ObjectOf(const Pen& pen, double diagonal) {
     if (pen.pattern == 1) {
         object.style = zeio::TrPen::Style::NoLine;
     }
-    for (const DashRow& row : DashRows()) {
+    for (const ObjectDash& row : ObjectDashes()) {
         if (row.pattern == pen.pattern) {
             object.style = zeio::TrPen::Style::CustomDash;
             for (const float* dash = row.dashes; *dash != 0.0F; ++dash) {

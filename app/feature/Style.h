@@ -10,9 +10,11 @@
 
 namespace app {
 
+inline constexpr int kMostPixels = 10;  // that a pen's width counts
+
 // Pen (width, pattern, colour): lines and outlines.
 struct Pen {
-    // 0 to 10: pixels, and 0 draws no line; above 10: tenths of a point, plus 10.
+    // 0 to kMostPixels: pixels, and 0 draws no line; above: tenths of a point, plus kMostPixels.
     int width = 1;
     int pattern = 2;  // 1 draws no line, 2 a solid one
     std::uint32_t color = 0;

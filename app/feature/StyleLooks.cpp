@@ -7,7 +7,6 @@ namespace app {
 namespace {
 
 constexpr int kNoLine = 1;
-constexpr int kMostPixels = 10;  // a code above is a width in tenths of a point
 constexpr double kThinnestPen = 0.5;
 
 struct DashRow {

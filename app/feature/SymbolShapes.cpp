@@ -107,13 +107,13 @@ constexpr std::array<Row, 19> kRows{{
 }};
 // clang-format on
 
-constexpr SymbolShape kCircle{"circle", {}, false, "circle"};
+constexpr SymbolShape kCircleShape{"circle", {}, false, "circle"};
 
 }  // namespace
 
 const SymbolShape& ShapeOf(int number) {
     const auto* const row = std::ranges::find(kRows, number, &Row::number);
-    return row == kRows.end() ? kCircle : row->shape;
+    return row == kRows.end() ? kCircleShape : row->shape;
 }
 
 }  // namespace app

@@ -63,6 +63,10 @@ std::optional<shr::Vec3d> PointOf(const Json& json) {
 
 }  // namespace
 
+Json ParseJson(std::string_view text) {
+    return Json::parse(text.data(), text.data() + text.size(), nullptr, /*allow_exceptions=*/false);
+}
+
 JsonMembers::JsonMembers(const Json& json, std::string name) : json_(json), name_(std::move(name)) {
     if (!json_.is_object()) {
         throw JsonError(name_ + " is not a JSON object");

@@ -12,10 +12,15 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
 namespace app {
+
+// Parses one JSON text. Returns a discarded value when it is not valid. The parser takes long to
+// compile, so nobody else calls the library's own.
+nlohmann::json ParseJson(std::string_view text);
 
 // The members of one JSON object. An operation leaves its target alone when the key is absent.
 class JsonMembers {

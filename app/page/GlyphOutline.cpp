@@ -17,7 +17,8 @@ struct Destroy {
 constexpr double kFontSize = 200.0;  // at which a curve becomes straight edges
 constexpr double kUnit = kFontSize / 2.0;
 
-std::vector<std::vector<shr::Vec2d>> RingsOf(const cairo_path_t& path, const shr::Vec2d& middle) {
+std::vector<std::vector<shr::Vec2d>> RingsOfPath(const cairo_path_t& path,
+                                                 const shr::Vec2d& middle) {
     std::vector<std::vector<shr::Vec2d>> rings;
     for (int i = 0; i < path.num_data; i += path.data[i].header.length) {
         const cairo_path_data_t& step = path.data[i];
@@ -49,8 +50,8 @@ std::vector<std::vector<shr::Vec2d>> GlyphOutline(const Marker& marker) {
     cairo_text_path(context.get(), marker.character.c_str());
     const std::unique_ptr<cairo_path_t, Destroy> path(cairo_copy_path_flat(context.get()));
     return path->status == CAIRO_STATUS_SUCCESS
-               ? RingsOf(*path, {extents.x_bearing + extents.width / 2.0,
-                                 extents.y_bearing + extents.height / 2.0})
+               ? RingsOfPath(*path, {extents.x_bearing + extents.width / 2.0,
+                                     extents.y_bearing + extents.height / 2.0})
                : std::vector<std::vector<shr::Vec2d>>();
 }
 

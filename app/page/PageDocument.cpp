@@ -11,7 +11,7 @@ namespace app {
 
 namespace {
 
-constexpr int kDecimals = 9;
+constexpr int kViewDecimals = 9;
 
 std::string TitleOf(const PageOptions& options, const PageLayers& layers) {
     if (!options.title.empty()) {
@@ -59,7 +59,7 @@ void AppendSettings(std::string& out, const PageOptions& options, const PageLaye
         for (const double number :
              {options.bbox->minX, options.bbox->minY, options.bbox->maxX, options.bbox->maxY}) {
             view += before;
-            AppendRounded(view, number, kDecimals);
+            AppendRounded(view, number, kViewDecimals);
             before = ',';
         }
         view += ']';

@@ -18,7 +18,6 @@ namespace {
 
 constexpr double kEarthRadius = 6378137.0;  // metres, of the web's Mercator projection
 constexpr double kLargestLatitude = 85.06;
-constexpr double kTurn = 360.0;
 
 using Points = std::vector<shr::Vec2d>;
 

@@ -1,5 +1,6 @@
 #include "app/page/PageLayers.h"
 
+#include "app/base/Angles.h"
 #include "app/json/JsonObjectWriter.h"
 #include "app/json/JsonText.h"
 #include "app/map/MapExtent.h"
@@ -29,8 +30,6 @@ constexpr double kStepOfOne = 160.0;
 // The bytes around the parts of a feature that are counted exactly.
 constexpr std::uint64_t kFrameBytes = 100;
 constexpr std::uint64_t kPartBytes = 6;
-
-constexpr int kTurn = 360;
 
 // A whole number that a script can't hold is a text for it.
 constexpr std::int64_t kLargestWhole = std::int64_t{1} << 53;

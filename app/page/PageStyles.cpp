@@ -13,10 +13,10 @@ namespace app {
 
 namespace {
 
-constexpr int kDecimals = 3;
+constexpr int kStyleDecimals = 3;
 
 void AddNumber(JsonObjectWriter& object, std::string_view key, double value) {
-    AppendRounded(object.Member(key), value, kDecimals);
+    AppendRounded(object.Member(key), value, kStyleDecimals);
 }
 
 void AddColor(JsonObjectWriter& object, std::string_view key, const shr::Color4b& color) {
@@ -28,7 +28,7 @@ void AppendList(std::string& out, std::span<const double> numbers) {
     char before = '[';
     for (const double number : numbers) {
         out += before;
-        AppendRounded(out, number, kDecimals);
+        AppendRounded(out, number, kStyleDecimals);
         before = ',';
     }
     out += ']';

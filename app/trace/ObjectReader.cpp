@@ -349,7 +349,7 @@ std::unique_ptr<zeio::TrBase> ObjectFromJson(const Json& json) {
 }
 
 std::unique_ptr<zeio::TrBase> ObjectOfLine(const std::string& line) {
-    const Json json = Json::parse(line, nullptr, /*allow_exceptions=*/false);
+    const Json json = ParseJson(line);
     if (json.is_discarded() || !json.is_object()) {
         throw JsonError("is not a JSON object");
     }

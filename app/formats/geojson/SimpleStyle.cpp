@@ -59,7 +59,7 @@ constexpr std::array<MarkerSize, 3> kSizes{{{"small", 8}, {"medium", 12}, {"larg
 constexpr int kSmallestMedium = 10;
 constexpr int kSmallestLarge = 15;
 
-constexpr int kMostPixels = 7;
+constexpr int kMostWholePixels = 7;
 constexpr double kTenthsOfAPointPerPixel = 7.5;  // 96 pixels are 72 points
 constexpr double kWidestPixels = 300.0;
 
@@ -108,7 +108,7 @@ std::optional<std::uint32_t> ColorOf(const Json& properties, const char* name) {
 // Whole pixels where MIF files have them, else tenths of a point.
 int PenWidth(double pixels) {
     pixels = std::clamp(pixels, 0.0, kWidestPixels);
-    if (pixels == std::trunc(pixels) && pixels <= kMostPixels) {
+    if (pixels == std::trunc(pixels) && pixels <= kMostWholePixels) {
         return static_cast<int>(pixels);
     }
     constexpr int kFirstOfPoints = 10;

@@ -55,8 +55,8 @@ std::vector<LayerColumn> ColumnsOf(const MifHeader& header) {
     return columns;
 }
 
-// The clause with its Bounds, which may be on a line of their own.
-std::string ClauseText(const MifHeader& header) {
+// The Bounds may be on a line of their own.
+std::string ClauseWithBounds(const MifHeader& header) {
     std::string text = header.coordSys.text;
     std::erase(text, '\r');
     if (!text.empty() && header.ownBounds) {
@@ -107,7 +107,7 @@ LayerFacts MifSource::CompletedFacts() {
                             .charset = header_.charset,
                             .codePage = standalone::CodePage0(),
                             .delimiter = std::string(1, DelimiterOf(header_)),
-                            .coordSysText = ClauseText(header_)};
+                            .coordSysText = ClauseWithBounds(header_)};
     if (options_.assumedSystem != nullptr) {
         facts_.system = options_.assumedSystem;
         facts_.pair->coordSysText.clear();

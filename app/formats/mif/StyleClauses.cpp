@@ -10,7 +10,6 @@ namespace app {
 namespace {
 
 constexpr std::string_view kIndent = "    ";
-constexpr int kMostPixels = 10;
 constexpr int kFirstVersion = 300;
 constexpr int kVersionOfPoints = 450;
 
