@@ -243,16 +243,15 @@ int RunChildren(std::size_t count, std::size_t parallel,
     return isInterrupted ? static_cast<int>(STATUS_CONTROL_C_EXIT) : 0;
 }
 
+bool IsInterruption(int signalNumber) {
+    return signalNumber == static_cast<int>(STATUS_CONTROL_C_EXIT);
+}
+
 std::string SignalText(int signalNumber) {
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "exception 0x%08X",
                   static_cast<unsigned>(signalNumber));
     return text.data();
-}
-
-void EndBySignal(int signalNumber) {
-    std::fflush(nullptr);
-    ExitProcess(static_cast<UINT>(signalNumber));
 }
 
 bool IsProcessGone(std::uint64_t process) {
