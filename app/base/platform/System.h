@@ -19,8 +19,9 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 // Makes a write to a pipe without a reader fail, in place of ending the program.
 void IgnoreClosedPipes();
 
-// Whether this is the error (errno) of a write to a pipe whose reader has ended.
-bool IsClosedPipe(int error);
+// Whether a write to the stream failed with this error (errno) because it is a pipe and its reader
+// has ended.
+bool IsClosedPipe(std::FILE* stream, int error);
 
 // Makes the standard streams carry bytes, on systems where they have a text mode.
 void PrepareStandardStreams();

@@ -79,7 +79,7 @@ void IgnoreClosedPipes() {
     std::signal(SIGPIPE, SIG_IGN);
 }
 
-bool IsClosedPipe(int error) {
+bool IsClosedPipe(std::FILE* /*stream*/, int error) {
     return error == EPIPE;
 }
 

@@ -102,9 +102,10 @@ std::vector<std::string> ProgramArguments(int, char**) {
 
 void IgnoreClosedPipes() {}
 
-// The runtime knows one of the system's two errors and takes the other for a wrong argument.
-bool IsClosedPipe(int error) {
-    return error == EPIPE || error == EINVAL;
+// The runtime knows one of the system's two errors and takes the other for a wrong argument, as it
+// does with most errors of disks.
+bool IsClosedPipe(std::FILE* stream, int error) {
+    return (error == EPIPE || error == EINVAL) && GetFileType(HandleOf(stream)) == FILE_TYPE_PIPE;
 }
 
 void PrepareStandardStreams() {
@@ -211,22 +212,23 @@ bool CanReplaceOpenFiles() {
 }
 
 std::string HostName() {
-    char name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-    DWORD size = sizeof name;
-    if (GetComputerNameA(name, &size) == 0) {
+    std::wstring name(MAX_COMPUTERNAME_LENGTH + 1, L'\0');
+    auto size = static_cast<DWORD>(name.size());
+    if (GetComputerNameW(name.data(), &size) == 0) {
         return "";
     }
-    std::string text(name, size);
-    std::replace(text.begin(), text.end(), '-', '_');
-    return text;
+    name.resize(size);
+    std::ranges::replace(name, L'-', L'_');
+    return platform::PathToBytes(name);
 }
 
 std::filesystem::path MakePrivateFolder(const std::filesystem::path& parent) {
     for (unsigned attempt = 0; attempt < 1000; ++attempt) {
         const unsigned long long number = GetTickCount64() + attempt;
         const std::filesystem::path folder =
-            parent / (kPrivateFolderPrefix + std::to_string(GetCurrentProcessId()) + "-" +
-                      HostName() + "-" + std::to_string(number));
+            parent /
+            platform::PathFromBytes(kPrivateFolderPrefix + std::to_string(GetCurrentProcessId()) +
+                                    "-" + HostName() + "-" + std::to_string(number));
         std::error_code error;
         if (std::filesystem::create_directory(folder, error)) {
             return folder;
