@@ -57,11 +57,6 @@ std::filesystem::path ProgramFolder();
 // Whether a person sees the stream: a terminal, or a console that understands escape sequences.
 bool IsTerminal(std::FILE* stream);
 
-// Appends the bytes of the file `source`, from `offset` on, to the file `target`; the kernel copies
-// them where it can. Throws Failure.
-void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,
-                     const std::filesystem::path& target);
-
 // Makes `link` another name of the file `target`: a symbolic link, or a copy on systems without
 // them. Throws Failure.
 void LinkFile(const std::filesystem::path& target, const std::filesystem::path& link);

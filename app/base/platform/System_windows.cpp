@@ -9,7 +9,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <fstream>
 #include <string_view>
 
 #define WIN32_LEAN_AND_MEAN
@@ -178,22 +177,6 @@ std::filesystem::path ProgramFolder() {
 
 bool IsTerminal(std::FILE* stream) {
     return UnderstandsEscapes(HandleOf(stream));
-}
-
-void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,
-                     const std::filesystem::path& target) {
-    std::ifstream from(source, std::ios::binary);
-    from.seekg(static_cast<std::streamoff>(offset));
-    std::ofstream to(target, std::ios::binary | std::ios::app);
-    std::vector<char> block(1 << 20);
-    while (from.read(block.data(), static_cast<std::streamsize>(block.size())) ||
-           from.gcount() > 0) {
-        to.write(block.data(), from.gcount());
-    }
-    to.close();
-    if (from.bad() || !to) {
-        throw Failure(PathText(target) + ": can't copy");
-    }
 }
 
 void LinkFile(const std::filesystem::path& target, const std::filesystem::path& link) {
