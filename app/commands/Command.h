@@ -43,8 +43,8 @@ struct CommandContext {
     // What --max-size allows.
     ArchiveLimits archiveLimits;
 
-    // ResolveInputs and OpenUnlessPair of app/inputs/Inputs.h. Empty when the command library is not
-    // loaded: the command line then names only pairs.
+    // ResolveInputs and OpenUnlessPair of app/inputs/Inputs.h. Empty when the command library is
+    // not loaded: there are only pairs to read then.
     std::function<Inputs(const std::vector<std::string>&, InputRule, const ArchiveLimits&,
                          Reporter&)>
         resolveInputs;
