@@ -149,7 +149,8 @@ void OutputFile::OpenStream() {
 
 void OutputFile::FailWriting() {
     hasFailed_ = true;
-    if (IsClosedPipe(errno)) {
+    // Null: the file was written, and closing it failed.
+    if (stream_ != nullptr && IsClosedPipe(stream_, errno)) {
         throw ClosedPipe();
     }
     throw Failure((path_ == "-" ? "standard output" : PathText(path_)) +

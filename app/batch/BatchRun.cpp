@@ -3,13 +3,13 @@
 #include "app/base/Errors.h"
 #include "app/base/Paths.h"
 #include "app/base/ShownPlace.h"
+#include "app/base/platform/RemovalList.h"
 #include "app/batch/AbandonedFolders.h"
 #include "app/batch/ChildProcesses.h"
 
 #include <algorithm>
 #include <charconv>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <iterator>
 #include <map>
@@ -203,7 +203,7 @@ int RunBatch(const BatchOptions& options, Reporter& reporter) {
         [&](std::size_t number) { return TaskText(items[number]); },
         [&](std::size_t number, const ChildResult& result) {
             const BatchOutcome outcome = ReportEnd(items[number], result, reporter, tally);
-            if (options.onEnd && result.signal != SIGTERM) {
+            if (options.onEnd && !IsInterruption(result.signal)) {
                 options.onEnd(items[number], outcome);
             }
             reporter.Progress(static_cast<double>(tally.converted + tally.failed) /

@@ -45,8 +45,8 @@ struct BatchOptions {
     // Whether `resume` leaves the file out.
     std::function<bool(const BatchItem& item)> isDone = IsDone;
 
-    // Called for each conversion that has ended, but for those that a request to terminate has
-    // ended. Empty: nobody asks.
+    // Called for each conversion that has ended, but for those that an interruption has ended.
+    // Empty: nobody asks.
     std::function<void(const BatchItem& item, const BatchOutcome& outcome)> onEnd = {};
 };
 

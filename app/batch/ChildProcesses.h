@@ -37,11 +37,12 @@ int RunChildren(std::size_t count, std::size_t parallel,
 // and in copies.
 std::optional<std::string> TaskOfThisProcess();
 
+// Whether the signal of a ChildResult is one by which a person or the system ends the whole run,
+// and not a failure of the work.
+bool IsInterruption(int signalNumber);
+
 // Returns how messages name what ended a process: "signal 9", "exception 0xC0000005".
 std::string SignalText(int signalNumber);
-
-// Ends this process as the signal would have.
-void EndBySignal(int signalNumber);
 
 // Returns false also when it is not known whether the process still runs.
 bool IsProcessGone(std::uint64_t process);

@@ -38,13 +38,13 @@ struct CommandContext {
         systemOfOption;
 
     // Runs qolf info --stats (app/stats/StatsRun.h). Loads the command library; throws Failure when
-    // there is none. Empty where there are no formats but MIF.
+    // there is none.
     std::function<int(const StatsOptions&, Reporter&)> runStats;
     // What --max-size allows.
     ArchiveLimits archiveLimits;
 
-    // ResolveInputs and OpenUnlessPair of app/inputs/Inputs.h. Empty in a program that reads pairs
-    // alone: nothing else was named then, or the system has no more.
+    // ResolveInputs and OpenUnlessPair of app/inputs/Inputs.h. Empty when the command library is
+    // not loaded: there are only pairs to read then.
     std::function<Inputs(const std::vector<std::string>&, InputRule, const ArchiveLimits&,
                          Reporter&)>
         resolveInputs;

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <ranges>
 #include <vector>
 
 namespace app {
@@ -34,12 +36,13 @@ const ClauseForm* FindClause(std::string_view word) {
     return found == kClauses.end() ? nullptr : found;
 }
 
-std::vector<MifToken> ValuesOf(std::vector<MifToken> tokens) {
-    tokens.erase(tokens.begin());  // the keyword
-    std::erase_if(tokens, [](const MifToken& token) {
-        return token.kind == TokenKind::Mark || token.IsLineEnd();
-    });
-    return tokens;
+// The tokens behind the keyword without commas, brackets and line ends.
+std::vector<MifToken> ValuesOf(const std::vector<MifToken>& tokens) {
+    std::vector<MifToken> values;
+    std::ranges::copy_if(
+        tokens | std::views::drop(1), std::back_inserter(values),
+        [](const MifToken& token) { return token.kind != TokenKind::Mark && !token.IsLineEnd(); });
+    return values;
 }
 
 bool IsValue(const MifToken& token) {

@@ -163,6 +163,19 @@ void SqliteDatabase::Execute(const std::string& sql) {
     }
 }
 
+void SqliteDatabase::CopyTo(SqliteDatabase& target) {
+    sqlite3_backup* const backup =
+        sqlite3_backup_init(target.handle_.get(), "main", handle_.get(), "main");
+    if (backup == nullptr) {
+        target.Fail();
+    }
+    constexpr int kAllPages = -1;
+    sqlite3_backup_step(backup, kAllPages);
+    if (sqlite3_backup_finish(backup) != SQLITE_OK) {
+        target.Fail();
+    }
+}
+
 void SqliteDatabase::Close() {
     if (sqlite3_close(handle_.get()) != SQLITE_OK) {
         Fail();

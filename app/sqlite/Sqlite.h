@@ -65,7 +65,8 @@ private:
 
 class SqliteDatabase {
 public:
-    // Create makes a new file that is written without a journal: it is thrown away on any failure.
+    // Create opens a new file, or one of this program's own, that is written without a journal: it
+    // is thrown away on any failure.
     // Read opens a file that may come from anybody, and hardens SQLite against it. Change opens
     // such a file for changes, too, with the journal that it has.
     enum class Mode { Create, Read, Change };
@@ -77,6 +78,12 @@ public:
     explicit SqliteDatabase(std::string subject);
 
     void Execute(const std::string& sql);
+
+    // Makes `target`, a new file, a copy of this database: also of what waits in a write-ahead log.
+    // SQLite reads the pages. Opening the file in another way would, on POSIX systems, end the
+    // locks that connections of this process have on it. Throws Failure with the subject of
+    // `target`.
+    void CopyTo(SqliteDatabase& target);
 
     // Closes the file; what can't be written is reported here at the latest.
     void Close();

@@ -67,6 +67,12 @@ protected:
             {"fail", []() -> int { throw app::Failure("first line\nsecond line"); }},
             {"memory", []() -> int { throw std::bad_alloc(); }},
             {"mute", [] { return 7; }},
+            {"interrupt",
+             [] {  // as Ctrl-C does: all processes of the terminal get it
+                 std::signal(SIGTERM, SIG_IGN);
+                 kill(getppid(), SIGINT);
+                 return std::raise(SIGINT);
+             }},
             {"crash", [&item] {
                  const app::TempFolder left(item.output.parent_path());
                  std::ofstream(left.File("half")) << "done";
@@ -319,6 +325,31 @@ TEST_F(BatchRun, TellsHowEachFileEnded) {
     EXPECT_EQ(ends.at("b.mif").features, std::nullopt);
     EXPECT_EQ(ends.at("b.mif").error, "first line second line");
     EXPECT_EQ(ends.at("c.mif").error, "ended by signal 9");
+}
+
+TEST_F(BatchRun, LeavesNoPrivateFolderAfterASignal) {
+    Add("a", "interrupt");
+    const auto run = [this] {
+        const app::TempFolder unpacked(folder_.path() / "temporary");
+        std::ofstream(unpacked.File("a.mif")) << "one";
+        Run();
+    };
+    std::filesystem::create_directory(folder_.path() / "temporary");
+
+    EXPECT_EXIT(run(), testing::KilledBySignal(SIGINT), "");
+
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.path() / "temporary"));
+}
+
+TEST_F(BatchRun, TellsNothingOfFilesThatASignalBrokeOff) {
+    Add("a", "interrupt");
+    options_.onEnd = [this](const app::BatchItem&, const app::BatchOutcome&) {
+        folder_.Write("told", "");
+    };
+
+    EXPECT_EXIT(Run(), testing::KilledBySignal(SIGINT), "");
+
+    EXPECT_FALSE(folder_.Has("told"));
 }
 
 TEST_F(BatchRun, SaysWhyAFolderCannotBeMade) {

@@ -206,6 +206,124 @@ TEST_F(AppendToAPackage, TakesWhatWaitsInAWriteAheadLog) {
     EXPECT_EQ(sandbox_.Names(), std::vector<std::string>{"p.gpkg"});
 }
 
+TEST_F(AppendToAPackage, KeepsTheWriteAheadLogOfAPackage) {
+    Sql(sandbox_, "p.gpkg", "PRAGMA journal_mode = WAL");
+
+    EXPECT_EQ(Append({cli::Sample("island.mif")}).exitCode, 0);
+    EXPECT_EQ(Sql(sandbox_, "p.gpkg", "PRAGMA journal_mode"), "wal;");
+}
+
+TEST_F(AppendToAPackage, WarnsOfRowsWithoutTheStylesOfTheirLayer) {
+    static_cast<void>(sandbox_.Qolf({"convert", "--styles", cli::Sample("island.mif"), "s.gpkg"}));
+
+    const Result result =
+        sandbox_.Qolf({"convert", "--append", cli::Sample("island.mif"), "s.gpkg"});
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "qolf: warning: s.gpkg: layer island: 11 new objects have none of the "
+                          "layer's styles, so that a GIS may not show them\n");
+}
+
+TEST_F(AppendToAPackage, GivesANewSystemAValueInTheColumnOfTheOtherDefinition) {
+    Sql(sandbox_, "p.gpkg",
+        "ALTER TABLE gpkg_spatial_ref_sys ADD COLUMN definition_12_063 TEXT NOT NULL DEFAULT "
+        "'undefined'; CREATE TABLE made AS SELECT * FROM gpkg_spatial_ref_sys; "
+        "DROP TABLE gpkg_spatial_ref_sys; CREATE TABLE gpkg_spatial_ref_sys (srs_name TEXT NOT "
+        "NULL, srs_id INTEGER PRIMARY KEY, organization TEXT NOT NULL, organization_coordsys_id "
+        "INTEGER NOT NULL, definition TEXT NOT NULL, description TEXT, definition_12_063 TEXT NOT "
+        "NULL); INSERT INTO gpkg_spatial_ref_sys SELECT * FROM made; DROP TABLE made");
+
+    const Result result = Append({"--crs", "EPSG:3301", cli::Sample("island.mif")});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(Sql(sandbox_, "p.gpkg",
+                  "SELECT definition_12_063 FROM gpkg_spatial_ref_sys WHERE srs_id = 3301"),
+              "undefined;");
+}
+
+TEST_F(AppendToAPackage, GivesNoLayerTheIdentifierOfAnother) {
+    Sql(sandbox_, "p.gpkg", "UPDATE gpkg_contents SET identifier = 'island'");
+
+    const Result result = Append({cli::Sample("island.mif")});
+
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(Sql(sandbox_, "p.gpkg", "SELECT identifier FROM gpkg_contents ORDER BY rowid"),
+              "island;null;");
+}
+
+TEST_F(AppendToAPackage, FindsALayerWhoseNameHadToBeChanged) {
+    for (int run = 0; run < 2; ++run) {
+        EXPECT_EQ(Append({"--layer", "gpkg_a", cli::Sample("island.mif")}).exitCode, 0);
+    }
+
+    EXPECT_EQ(Count("layer_gpkg_a"), "22;");
+}
+
+TEST_F(AppendToAPackage, SaysThatALayerGetsTheObjectsOfSeveralInputs) {
+    EXPECT_EQ(Append({"--layer", "island-ways", cli::Sample("island-ways.mif"),
+                      cli::Sample("island-ways.mif")})
+                  .err,
+              "qolf: note: p.gpkg: layer island-ways gets the objects of several inputs\n");
+    EXPECT_EQ(Count("island-ways"), "21;");
+}
+
+TEST_F(AppendToAPackage, KeepsTextsApartFromAColumnOfThatName) {
+    sandbox_.Write("t.mif", "Version 300\nCharset \"WindowsLatin1\"\nDelimiter \",\"\n"
+                            "CoordSys Earth Projection 1, 104\nColumns 1\n  text Char(20)\nData\n"
+                            "Text \"shown\" 23 58 24 59\n");
+    sandbox_.Write("t.mid", "\"value\"\n");
+
+    for (int run = 0; run < 2; ++run) {
+        const Result result = Append({"t.mif"});
+        EXPECT_EQ(result.exitCode, 0) << result.err;
+    }
+
+    EXPECT_EQ(Sql(sandbox_, "p.gpkg", "SELECT text || ' ' || text_2 FROM t"),
+              "value shown;value shown;");
+}
+
+struct ForeignRow {
+    const char* name;
+    const char* sql;
+    const char* problem;
+};
+
+std::ostream& operator<<(std::ostream& out, const ForeignRow& row) {
+    return out << row.name;
+}
+
+class AForeignLayer : public testing::TestWithParam<ForeignRow> {};
+
+TEST_P(AForeignLayer, IsRefusedWithTheReason) {
+    const Sandbox sandbox;
+    static_cast<void>(sandbox.Qolf({"convert", cli::Sample("island.mif"), "p.gpkg"}));
+    Sql(sandbox, "p.gpkg", GetParam().sql);
+
+    const Result result =
+        sandbox.Qolf({"convert", "--append", cli::Sample("island.mif"), "p.gpkg"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, std::string("qolf: error: p.gpkg: layer island is there already, and ") +
+                              GetParam().problem + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , AForeignLayer,
+    testing::Values(
+        ForeignRow{"ThatIsAView",
+                   "ALTER TABLE island RENAME TO held; CREATE VIEW island AS SELECT * FROM held; "
+                   "UPDATE gpkg_contents SET table_name = 'island'; UPDATE gpkg_geometry_columns "
+                   "SET table_name = 'island'",
+                   "is a view, to which no rows can be added"},
+        ForeignRow{"WithHeights", "UPDATE gpkg_geometry_columns SET z = 1",
+                   "needs a height for each position, which the objects don't have"},
+        ForeignRow{
+            "WithAColumnThatNeedsAValue",
+            "DROP TABLE island; CREATE TABLE island (fid INTEGER PRIMARY KEY, geom GEOMETRY, "
+            "name TEXT, kind TEXT, area_km2 DOUBLE, owner TEXT NOT NULL)",
+            "its column owner needs a value, which the objects don't have"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
 TEST_F(AppendToAPackage, RefusesADatabaseThatIsNoPackage) {
     Sql(sandbox_, "d.gpkg", "CREATE TABLE t(a)");
 

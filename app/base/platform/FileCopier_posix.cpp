@@ -30,7 +30,14 @@ struct FileCopier::Files {
         }
     }
 
-    [[noreturn]] void Fail(const char* action) const {
+    // Of the source.
+    [[noreturn]] void FailReading(const char* action) const {
+        const int error = errno;
+        throw Failure(PathText(sourcePath) + ": " + action + ": " + std::strerror(error));
+    }
+
+    // Of the target.
+    [[noreturn]] void FailWriting(const char* action) const {
         const int error = errno;
         const bool isFull = error == ENOSPC || error == EDQUOT || error == EFBIG;
         throw Failure(PathText(targetPath) + ": " + action + ": " + std::strerror(error) +
@@ -42,7 +49,7 @@ struct FileCopier::Files {
         for (std::size_t left = buffer.size(); left > 0;) {
             const ssize_t written = write(target, at, left);
             if (written < 0) {
-                Fail("can't write");
+                FailWriting("can't write");
             }
             at += written;
             left -= static_cast<std::size_t>(written);
@@ -59,7 +66,7 @@ struct FileCopier::Files {
                 source, &position, target, nullptr,
                 static_cast<std::size_t>(std::min<std::uint64_t>(end - begin, 1U << 30)), 0);
             if (copied < 0 && errno == ENOSPC) {
-                Fail("can't write");
+                FailWriting("can't write");
             }
             if (copied <= 0) {
                 return copied == 0;
@@ -77,7 +84,7 @@ struct FileCopier::Files {
             const ssize_t got = pread(source, buffer.data() + before,
                                       static_cast<std::size_t>(wanted), static_cast<off_t>(begin));
             if (got < 0) {
-                Fail("can't copy");
+                FailReading("can't read");
             }
             buffer.resize(before + static_cast<std::size_t>(got));
             if (got == 0) {
@@ -90,6 +97,7 @@ struct FileCopier::Files {
         }
     }
 
+    std::filesystem::path sourcePath;
     std::filesystem::path targetPath;
     int source = -1;
     int target = -1;
@@ -98,15 +106,15 @@ struct FileCopier::Files {
 
 FileCopier::FileCopier(const std::filesystem::path& source, const std::filesystem::path& target)
     : files_(std::make_unique<Files>()) {
+    files_->sourcePath = source;
     files_->targetPath = target;
     files_->source = open(source.c_str(), O_RDONLY | O_CLOEXEC);
     if (files_->source < 0) {
-        files_->targetPath = source;
-        files_->Fail("can't open");
+        files_->FailReading("can't open");
     }
     files_->target = open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     if (files_->target < 0) {
-        files_->Fail("can't make");
+        files_->FailWriting("can't make");
     }
 }
 
@@ -129,7 +137,7 @@ void FileCopier::Write(std::string_view bytes) {
 void FileCopier::Finish() {
     files_->Flush();
     if (close(std::exchange(files_->target, -1)) != 0) {
-        files_->Fail("can't write");
+        files_->FailWriting("can't write");
     }
 }
 

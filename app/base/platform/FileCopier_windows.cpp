@@ -4,17 +4,26 @@
 #include "app/base/Paths.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <vector>
 
 namespace app {
 
 struct FileCopier::Files {
-    [[noreturn]] void Fail(const char* action) const {
+    // Of the source. The stream keeps no reason of its own.
+    [[noreturn]] void FailReading(const char* action) const {
+        throw Failure(PathText(sourcePath) + ": " + action + ": " + std::strerror(errno));
+    }
+
+    // Of the target.
+    [[noreturn]] void FailWriting(const char* action) const {
         throw Failure(PathText(targetPath) + ": " + action +
                       "; is there room? TMP can name another folder");
     }
 
+    std::filesystem::path sourcePath;
     std::filesystem::path targetPath;
     std::ifstream source;
     std::ofstream target;
@@ -23,11 +32,15 @@ struct FileCopier::Files {
 
 FileCopier::FileCopier(const std::filesystem::path& source, const std::filesystem::path& target)
     : files_(std::make_unique<Files>()) {
+    files_->sourcePath = source;
     files_->targetPath = target;
     files_->source.open(source, std::ios::binary);
+    if (!files_->source) {
+        files_->FailReading("can't open");
+    }
     files_->target.open(target, std::ios::binary);
-    if (!files_->source || !files_->target) {
-        files_->Fail("can't copy the file there");
+    if (!files_->target) {
+        files_->FailWriting("can't copy the file there");
     }
 }
 
@@ -40,6 +53,9 @@ void FileCopier::Copy(std::uint64_t begin, std::uint64_t end) {
         const auto wanted = static_cast<std::streamsize>(
             std::min<std::uint64_t>(end - begin, files_->block.size()));
         files_->source.read(files_->block.data(), wanted);
+        if (files_->source.bad()) {
+            files_->FailReading("can't read");
+        }
         const std::streamsize got = files_->source.gcount();
         if (got == 0) {
             return;
@@ -52,14 +68,14 @@ void FileCopier::Copy(std::uint64_t begin, std::uint64_t end) {
 void FileCopier::Write(std::string_view bytes) {
     files_->target.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     if (!files_->target) {
-        files_->Fail("can't write");
+        files_->FailWriting("can't write");
     }
 }
 
 void FileCopier::Finish() {
     files_->target.close();
     if (!files_->target) {
-        files_->Fail("can't write");
+        files_->FailWriting("can't write");
     }
 }
 

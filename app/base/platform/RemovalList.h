@@ -1,4 +1,4 @@
-// The folders that a signal handler removes before it lets the signal end the program.
+// The folders that go when a signal ends the program.
 #pragma once
 
 #include <filesystem>
@@ -12,5 +12,9 @@ void RemoveOnSignal(const std::filesystem::path& folder);
 
 // Takes the folder from the list.
 void KeepOnSignal(const std::filesystem::path& folder);
+
+// Ends this process as the signal would have, for a program that has noted a signal and now has
+// nothing more to do: the folders go. On Windows `signalNumber` is the exit code.
+void EndBySignal(int signalNumber);
 
 }  // namespace app

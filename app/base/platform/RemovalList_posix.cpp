@@ -128,4 +128,9 @@ void KeepOnSignal(const std::filesystem::path& folder) {
     }
 }
 
+void EndBySignal(int signalNumber) {
+    // The handler, if there is one, removes the folders.
+    std::raise(signalNumber);
+}
+
 }  // namespace app

@@ -98,7 +98,27 @@ void CloseFilesBelow(const std::vector<std::wstring>& folders) {
     }
 }
 
-BOOL WINAPI RemoveListed(DWORD) {
+BOOL WINAPI EndByInterrupt(DWORD) {
+    // As the default handler does, but at once, and with the same code on every Windows.
+    EndBySignal(static_cast<int>(STATUS_CONTROL_C_EXIT));
+    return TRUE;
+}
+
+}  // namespace
+
+void RemoveOnSignal(const std::filesystem::path& folder) {
+    static const bool installed = SetConsoleCtrlHandler(EndByInterrupt, TRUE) != 0;
+    static_cast<void>(installed);
+    const std::lock_guard lock(listMutex);
+    list.push_back(folder);
+}
+
+void KeepOnSignal(const std::filesystem::path& folder) {
+    const std::lock_guard lock(listMutex);
+    std::erase(list, folder);
+}
+
+void EndBySignal(int signalNumber) {
     const std::lock_guard lock(listMutex);
     // What the program says of its files from now on is of no use to anybody.
     _close(_fileno(stderr));
@@ -115,23 +135,7 @@ BOOL WINAPI RemoveListed(DWORD) {
             std::filesystem::remove_all(folder, error);
         }
     }
-    // As the default handler does, but at once, and with the same code on every Windows.
-    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(STATUS_CONTROL_C_EXIT));
-    return TRUE;
-}
-
-}  // namespace
-
-void RemoveOnSignal(const std::filesystem::path& folder) {
-    static const bool installed = SetConsoleCtrlHandler(RemoveListed, TRUE) != 0;
-    static_cast<void>(installed);
-    const std::lock_guard lock(listMutex);
-    list.push_back(folder);
-}
-
-void KeepOnSignal(const std::filesystem::path& folder) {
-    const std::lock_guard lock(listMutex);
-    std::erase(list, folder);
+    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(signalNumber));
 }
 
 }  // namespace app

@@ -19,8 +19,9 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 // Makes a write to a pipe without a reader fail, in place of ending the program.
 void IgnoreClosedPipes();
 
-// Whether this is the error (errno) of a write to a pipe whose reader has ended.
-bool IsClosedPipe(int error);
+// Whether a write to the stream failed with this error (errno) because it is a pipe and its reader
+// has ended.
+bool IsClosedPipe(std::FILE* stream, int error);
 
 // Makes the standard streams carry bytes, on systems where they have a text mode.
 void PrepareStandardStreams();
@@ -55,11 +56,6 @@ std::filesystem::path ProgramFolder();
 
 // Whether a person sees the stream: a terminal, or a console that understands escape sequences.
 bool IsTerminal(std::FILE* stream);
-
-// Appends the bytes of the file `source`, from `offset` on, to the file `target`; the kernel copies
-// them where it can. Throws Failure.
-void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,
-                     const std::filesystem::path& target);
 
 // Makes `link` another name of the file `target`: a symbolic link, or a copy on systems without
 // them. Throws Failure.

@@ -9,7 +9,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <fstream>
 #include <string_view>
 
 #define WIN32_LEAN_AND_MEAN
@@ -102,9 +101,10 @@ std::vector<std::string> ProgramArguments(int, char**) {
 
 void IgnoreClosedPipes() {}
 
-// The runtime knows one of the system's two errors and takes the other for a wrong argument.
-bool IsClosedPipe(int error) {
-    return error == EPIPE || error == EINVAL;
+// The runtime knows one of the system's two errors and takes the other for a wrong argument, as it
+// does with most errors of disks.
+bool IsClosedPipe(std::FILE* stream, int error) {
+    return (error == EPIPE || error == EINVAL) && GetFileType(HandleOf(stream)) == FILE_TYPE_PIPE;
 }
 
 void PrepareStandardStreams() {
@@ -179,22 +179,6 @@ bool IsTerminal(std::FILE* stream) {
     return UnderstandsEscapes(HandleOf(stream));
 }
 
-void AppendFileRange(const std::filesystem::path& source, std::uint64_t offset,
-                     const std::filesystem::path& target) {
-    std::ifstream from(source, std::ios::binary);
-    from.seekg(static_cast<std::streamoff>(offset));
-    std::ofstream to(target, std::ios::binary | std::ios::app);
-    std::vector<char> block(1 << 20);
-    while (from.read(block.data(), static_cast<std::streamsize>(block.size())) ||
-           from.gcount() > 0) {
-        to.write(block.data(), from.gcount());
-    }
-    to.close();
-    if (from.bad() || !to) {
-        throw Failure(PathText(target) + ": can't copy");
-    }
-}
-
 void LinkFile(const std::filesystem::path& target, const std::filesystem::path& link) {
     std::error_code error;
     std::filesystem::create_hard_link(target, link, error);
@@ -211,22 +195,23 @@ bool CanReplaceOpenFiles() {
 }
 
 std::string HostName() {
-    char name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-    DWORD size = sizeof name;
-    if (GetComputerNameA(name, &size) == 0) {
+    std::wstring name(MAX_COMPUTERNAME_LENGTH + 1, L'\0');
+    auto size = static_cast<DWORD>(name.size());
+    if (GetComputerNameW(name.data(), &size) == 0) {
         return "";
     }
-    std::string text(name, size);
-    std::replace(text.begin(), text.end(), '-', '_');
-    return text;
+    name.resize(size);
+    std::ranges::replace(name, L'-', L'_');
+    return platform::PathToBytes(name);
 }
 
 std::filesystem::path MakePrivateFolder(const std::filesystem::path& parent) {
     for (unsigned attempt = 0; attempt < 1000; ++attempt) {
         const unsigned long long number = GetTickCount64() + attempt;
         const std::filesystem::path folder =
-            parent / (kPrivateFolderPrefix + std::to_string(GetCurrentProcessId()) + "-" +
-                      HostName() + "-" + std::to_string(number));
+            parent /
+            platform::PathFromBytes(kPrivateFolderPrefix + std::to_string(GetCurrentProcessId()) +
+                                    "-" + HostName() + "-" + std::to_string(number));
         std::error_code error;
         if (std::filesystem::create_directory(folder, error)) {
             return folder;

@@ -219,13 +219,12 @@ int RunChildren(std::size_t count, std::size_t parallel,
     return pendingSignal;
 }
 
-std::string SignalText(int signalNumber) {
-    return "signal " + std::to_string(signalNumber);
+bool IsInterruption(int signalNumber) {
+    return std::ranges::find(kEndingSignals, signalNumber) != kEndingSignals.end();
 }
 
-void EndBySignal(int signalNumber) {
-    std::signal(signalNumber, SIG_DFL);
-    std::raise(signalNumber);
+std::string SignalText(int signalNumber) {
+    return "signal " + std::to_string(signalNumber);
 }
 
 bool IsProcessGone(std::uint64_t process) {

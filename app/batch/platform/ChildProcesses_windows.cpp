@@ -77,7 +77,9 @@ struct Pipe {
         }
         reading = Handle(ends[0]);
         writing = Handle(ends[1]);
-        SetHandleInformation(writing.Get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
+        if (SetHandleInformation(writing.Get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT) == 0) {
+            Fail();
+        }
     }
     Handle reading;
     Handle writing;
@@ -111,7 +113,10 @@ Handle StartCopy(const std::string& task, HANDLE errorPipe, HANDLE job) {
     startup.hStdError = errorPipe;
     PROCESS_INFORMATION process{};
     std::wstring commandLine = GetCommandLineW();
-    SetEnvironmentVariableW(kTaskVariable, platform::PathFromBytes(task).c_str());
+    // Without a task the copy would run the whole batch.
+    if (SetEnvironmentVariableW(kTaskVariable, platform::PathFromBytes(task).c_str()) == 0) {
+        Fail();
+    }
     const BOOL isStarted =
         CreateProcessW(ProgramPath().c_str(), commandLine.data(), nullptr, nullptr, TRUE,
                        CREATE_SUSPENDED, nullptr, nullptr, &startup, &process);
@@ -160,7 +165,9 @@ public:
             TerminateJobObject(job_.Get(), 1);
         }
         for (Child& child : running_) {
-            child.reader.join();
+            if (child.reader.joinable()) {  // not the one whose thread couldn't be made
+                child.reader.join();
+            }
         }
     }
     ChildTable(const ChildTable&) = delete;
@@ -243,16 +250,15 @@ int RunChildren(std::size_t count, std::size_t parallel,
     return isInterrupted ? static_cast<int>(STATUS_CONTROL_C_EXIT) : 0;
 }
 
+bool IsInterruption(int signalNumber) {
+    return signalNumber == static_cast<int>(STATUS_CONTROL_C_EXIT);
+}
+
 std::string SignalText(int signalNumber) {
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "exception 0x%08X",
                   static_cast<unsigned>(signalNumber));
     return text.data();
-}
-
-void EndBySignal(int signalNumber) {
-    std::fflush(nullptr);
-    ExitProcess(static_cast<UINT>(signalNumber));
 }
 
 bool IsProcessGone(std::uint64_t process) {

@@ -24,7 +24,14 @@ ExistingLayer::ExistingLayer(SqliteDatabase& database, PackageLayer layer, const
                              std::string subject)
     : database_(database), layer_(std::move(layer)), subject_(std::move(subject)),
       geometry_(layer_.srsId), extent_{kInfinity, kInfinity, -kInfinity, -kInfinity} {
+    if (layer_.isView) {
+        Fail("is a view, to which no rows can be added");
+    }
+    if (layer_.needsHeights) {
+        Fail("needs a height for each position, which the objects don't have");
+    }
     TakeColumns(facts.columns);
+    CheckValuesOfOthers();
     CheckSystem(facts);
     FindPlacement();
     PrepareInsert();
@@ -46,9 +53,7 @@ void ExistingLayer::TakeColumns(const std::vector<LayerColumn>& columns) {
             Fail("its column " + own.name + " can't hold all values of the type " +
                  ColumnKindName(column.kind) + "; --layer names another layer");
         }
-        const bool isTwice = std::ranges::any_of(
-            columns_, [&own](const TableColumn& taken) { return taken.name == own.name; });
-        if (isTwice) {
+        if (IsTaken(own.name)) {
             Fail("two columns would go into its column " + own.name);
         }
         columns_.push_back({own.name, own});
@@ -61,7 +66,7 @@ void ExistingLayer::CheckSystem(const LayerFacts& facts) const {
     const bool isPlaced = facts.system != nullptr && facts.system->IsOnEarth();
     if (isPlaced != isOwnPlaced) {
         Fail(isPlaced ? "has no coordinate system of the Earth, which the objects have"
-                      : "has a coordinate system of the Earth, which the objects have not");
+                      : "has a coordinate system of the Earth, which the objects don't have");
     }
     if (isPlaced && !IsSameSystem(*facts.system, *own) &&
         ReferenceOf(facts.system.get()) != ReferenceOf(own.get())) {
@@ -74,17 +79,52 @@ void ExistingLayer::CheckSystem(const LayerFacts& facts) const {
 
 // The columns that LayerTable makes for texts, unless they are for values of the features.
 void ExistingLayer::FindPlacement() {
-    for (const char* const name : {"text", "angle", "height", "font", "justify"}) {
-        const std::optional<std::size_t> at = FindColumn(layer_.columns, name);
-        const bool isFree = at && std::ranges::none_of(columns_, [&](const TableColumn& taken) {
-                                return taken.name == layer_.columns[*at].name;
-                            });
-        if (!isFree) {
+    for (const std::string name : {"text", "angle", "height", "font", "justify"}) {
+        // Where the layer has a column of this name, the number of the other one is the next free.
+        std::optional<std::size_t> at = FindColumn(layer_.columns, name);
+        for (int number = 2; at && IsTaken(layer_.columns[*at].name); ++number) {
+            at = FindColumn(layer_.columns, name + "_" + std::to_string(number));
+        }
+        if (!at) {
             placement_.clear();
             return;
         }
         placement_.push_back(layer_.columns[*at].name);
     }
+}
+
+bool ExistingLayer::IsTaken(const std::string& name) const {
+    return std::ranges::any_of(columns_,
+                               [&name](const TableColumn& taken) { return taken.name == name; });
+}
+
+// Columns that the features don't have must do without a value of theirs.
+void ExistingLayer::CheckValuesOfOthers() {
+    SqliteStatement needed(database_, "SELECT name FROM pragma_table_info(?) WHERE \"notnull\" AND "
+                                      "dflt_value IS NULL AND NOT pk AND name <> ?");
+    needed.BindText(1, layer_.name);
+    needed.BindText(2, layer_.geometryColumn);
+    while (needed.Step()) {
+        const std::string name(needed.Text(0));
+        if (!IsTaken(name)) {
+            Fail("its column " + name + " needs a value, which the objects don't have");
+        }
+    }
+}
+
+// Whether an earlier run has given the layer styles. New rows have none of them.
+bool ExistingLayer::HasStyles() {
+    if (!FindColumn(layer_.columns, "style")) {
+        return false;
+    }
+    SqliteStatement table(database_, "SELECT count(*) FROM sqlite_schema WHERE name = "
+                                     "'layer_styles'");
+    if (!table.Step() || table.Whole(0) == 0) {
+        return false;
+    }
+    SqliteStatement styles(database_, "SELECT count(*) FROM layer_styles WHERE f_table_name = ?");
+    styles.BindText(1, layer_.name);
+    return styles.Step() && styles.Whole(0) > 0;
 }
 
 void ExistingLayer::PrepareInsert() {
@@ -177,6 +217,7 @@ LayerSummary ExistingLayer::Finish() {
     }
     update.BindText(5, layer_.name);
     static_cast<void>(update.Step());  // a change has no rows
+    summary_.unstyled = HasStyles() ? summary_.written : 0;
     for (const TableColumn& column : columns_) {
         if (column.mismatchCount > 0) {
             summary_.mismatches.push_back({column.name, column.mismatchCount});

@@ -34,7 +34,10 @@ public:
 
 private:
     void TakeColumns(const std::vector<LayerColumn>& columns);
+    void CheckValuesOfOthers();
     void CheckSystem(const LayerFacts& facts) const;
+    bool IsTaken(const std::string& name) const;
+    bool HasStyles();
     void FindPlacement();
     void PrepareInsert();
     void BindGeometry(const Feature& feature);

@@ -98,7 +98,8 @@ void GeoPackageReader::ReadLayers() {
     }
     SqliteStatement rows(
         database_,
-        "SELECT c.table_name, g.column_name, g.srs_id, g.geometry_type_name FROM gpkg_contents c "
+        "SELECT c.table_name, g.column_name, g.srs_id, g.geometry_type_name, g.z, "
+        "(SELECT type FROM sqlite_schema WHERE name = c.table_name) FROM gpkg_contents c "
         "JOIN gpkg_geometry_columns g ON g.table_name = c.table_name "
         "WHERE c.data_type = 'features' ORDER BY c.rowid");
     while (rows.Step()) {
@@ -108,6 +109,8 @@ void GeoPackageReader::ReadLayers() {
         layer.srsId = static_cast<std::int32_t>(rows.Whole(2));
         layer.reference = ReferenceFor(rows.Whole(2));
         layer.geometryType = Upper(rows.Text(3));
+        layer.needsHeights = rows.Whole(4) == 1;
+        layer.isView = rows.Text(5) == "view";
         ReadColumns(layer);
         SqliteStatement count(database_, "SELECT count(*) FROM " + QuotedName(layer.name));
         count.Step();

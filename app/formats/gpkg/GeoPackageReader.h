@@ -19,6 +19,8 @@ struct PackageLayer {
     std::vector<LayerColumn> columns;  // neither the key nor the geometry
     SpatialReference reference;
     std::string geometryType = {};  // "GEOMETRY", "MULTIPOINT", ...
+    bool needsHeights = false;      // each position must have a z
+    bool isView = false;            // no rows can be added
     std::int32_t srsId = -1;        // the package's own number of the system
     std::uint64_t rowCount = 0;
 };

@@ -16,6 +16,14 @@ namespace {
 // Lower numbers are those of registers, where other programs would look them up.
 constexpr std::int32_t kFirstOwnId = 100000;
 
+bool HasColumn(SqliteDatabase& database, const char* table, const char* column) {
+    SqliteStatement find(database, "SELECT count(*) FROM pragma_table_info(?) WHERE name = ?");
+    find.BindText(1, table);
+    find.BindText(2, column);
+    static_cast<void>(find.Step());
+    return find.Whole(0) > 0;
+}
+
 std::optional<PackageCopy> CopyToExtend(const std::filesystem::path& path, bool isAppended,
                                         OutputFile& output, const std::string& subject) {
     std::error_code error;
@@ -74,6 +82,9 @@ GeoPackageWriter::GeoPackageWriter(const std::filesystem::path& path, IfExists i
       database_(output_.PathForLibrary(), SqliteDatabase::Mode::Create, subject_),
       withStyles_(withStyles), styles_(database_) {
     if (original_) {
+        // The schema must be trusted, although it may come from elsewhere: else SQLite keeps its
+        // triggers from the spatial index. They can call no function that reads or writes files.
+        database_.Execute("PRAGMA cell_size_check = ON");
         RegisterBlobFunctions(database_);
         for (const std::string& name : original_->TableNames()) {
             static_cast<void>(names_.Take(name, name));
@@ -85,7 +96,7 @@ GeoPackageWriter::GeoPackageWriter(const std::filesystem::path& path, IfExists i
     } else {
         CreatePackageTables(database_);
     }
-    if (withStyles && !original_) {
+    if (withStyles && !(original_ && original_->HasName("layer_styles"))) {
         static_cast<void>(names_.Take("layer_styles", "layer"));  // no layer may be called so
     }
 }
@@ -112,7 +123,13 @@ void GeoPackageWriter::BeginLayer(const std::string& wantedName,
 
 // False when the package had no layer of that name.
 bool GeoPackageWriter::BeginExisting(const LayerFacts& layer) {
-    std::optional<PackageLayer> found = original_ ? original_->FindLayer(layer.name) : std::nullopt;
+    if (!original_) {
+        return false;
+    }
+    std::optional<PackageLayer> found = original_->FindLayer(layer.name);
+    if (!found) {
+        found = original_->FindLayer(TableNameFor(layer.name));
+    }
     if (!found) {
         return false;
     }
@@ -120,6 +137,10 @@ bool GeoPackageWriter::BeginExisting(const LayerFacts& layer) {
     if (withStyles_) {
         throw Failure(subject_ + ": layer " + CleanText(layerName_) +
                       " is there already, and --styles is for new layers");
+    }
+    if (!extended_.insert(layerName_).second) {
+        reporter_.Note(subject_ + ": layer " + CleanText(layerName_) +
+                       " gets the objects of several inputs");
     }
     existing_.emplace(database_, std::move(*found), layer, subject_);
     return true;
@@ -134,10 +155,13 @@ std::int32_t GeoPackageWriter::IdOf(const SpatialReference& reference) {
         return *known;
     }
     const std::int32_t id = FreeId(database_, reference);
-    SqliteStatement insert(database_,
-                           "INSERT INTO gpkg_spatial_ref_sys (srs_name, srs_id, organization, "
-                           "organization_coordsys_id, definition, description) "
-                           "VALUES (?, ?, ?, ?, ?, ?)");
+    // Packages of some programs have this column, too, and it must have a value.
+    const bool hasOther = HasColumn(database_, "gpkg_spatial_ref_sys", "definition_12_063");
+    SqliteStatement insert(
+        database_, std::string("INSERT INTO gpkg_spatial_ref_sys (srs_name, srs_id, organization, "
+                               "organization_coordsys_id, definition, description") +
+                       (hasOther ? ", definition_12_063) VALUES (?, ?, ?, ?, ?, ?, 'undefined')"
+                                 : ") VALUES (?, ?, ?, ?, ?, ?)"));
     const std::string name = CleanText(reference.name);
     insert.BindText(1, name);
     insert.BindWhole(2, id);
@@ -183,6 +207,11 @@ void GeoPackageWriter::SaySummary(const LayerSummary& summary) {
                           Counted(summary.replacedStyles, "object has", "objects have") +
                           " the first style of the kind");
     }
+    if (summary.unstyled > 0) {
+        reporter_.Warning(prefix + Counted(summary.unstyled, "new object has", "new objects have") +
+                          " none of the layer's styles, so that a GIS may not show " +
+                          (summary.unstyled == 1 ? "it" : "them"));
+    }
     for (const LayerSummary::Mismatch& mismatch : summary.mismatches) {
         reporter_.Warning(prefix + "column " + mismatch.column + ": " +
                           Counted(mismatch.count, "value does", "values do") +
@@ -193,6 +222,9 @@ void GeoPackageWriter::SaySummary(const LayerSummary& summary) {
 bool GeoPackageWriter::Finish() {
     EndLayer();
     database_.Execute("COMMIT");
+    if (original_) {
+        original_->Complete(database_);
+    }
     database_.Close();
     // Where it can be, the lock is kept until the package is replaced: a program that waited for it
     // then finds its file moved, and doesn't write to one that is gone.

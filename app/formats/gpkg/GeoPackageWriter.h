@@ -15,6 +15,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -63,6 +64,7 @@ private:
     std::string layerName_;
     std::optional<LayerTable> layer_;
     std::optional<ExistingLayer> existing_;  // in place of layer_
+    std::set<std::string> extended_;         // names of the layers that have got rows
 };
 
 }  // namespace app

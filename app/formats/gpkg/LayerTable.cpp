@@ -192,11 +192,13 @@ void LayerTable::Register(GeometryType type) {
     const bool isEmpty = extent_.IsEmpty();
     const auto bound = [&](double value) { return isEmpty ? std::string("NULL") : Number(value); };
     const std::string id = std::to_string(srsId_);
-    database_.Execute("INSERT INTO gpkg_contents (table_name, data_type, identifier, min_x, min_y, "
-                      "max_x, max_y, srs_id) VALUES (" +
-                      QuotedText(name_) + ", 'features', " + QuotedText(name_) + ", " +
-                      bound(extent_.minX) + ", " + bound(extent_.minY) + ", " +
-                      bound(extent_.maxX) + ", " + bound(extent_.maxY) + ", " + id + ")");
+    database_.Execute(
+        "INSERT INTO gpkg_contents (table_name, data_type, identifier, min_x, min_y, "
+        "max_x, max_y, srs_id) VALUES (" +
+        QuotedText(name_) + ", 'features', (SELECT " + QuotedText(name_) +
+        " WHERE NOT EXISTS (SELECT 1 FROM gpkg_contents WHERE identifier = " + QuotedText(name_) +
+        ")), " + bound(extent_.minX) + ", " + bound(extent_.minY) + ", " + bound(extent_.maxX) +
+        ", " + bound(extent_.maxY) + ", " + id + ")");
     database_.Execute("INSERT INTO gpkg_geometry_columns VALUES (" + QuotedText(name_) + ", " +
                       QuotedText(geometryColumn_) + ", '" + GeometryTypeName(type) + "', " + id +
                       ", 0, 0)");

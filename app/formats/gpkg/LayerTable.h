@@ -36,6 +36,9 @@ struct LayerSummary {
 
     // With styles: the features whose style got another one's number (LayerStyles).
     std::uint64_t replacedStyles = 0;
+
+    // Rows that were added to a layer with styles, and that have none.
+    std::uint64_t unstyled = 0;
 };
 
 class LayerTable {
