@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <ranges>
 #include <vector>
 
 namespace app {
@@ -39,8 +38,8 @@ const ClauseForm* FindClause(std::string_view word) {
 // The tokens behind the keyword without commas, brackets and line ends.
 std::vector<MifToken> ValuesOf(const std::vector<MifToken>& tokens) {
     std::vector<MifToken> values;
-    std::ranges::copy_if(
-        tokens | std::views::drop(1), std::back_inserter(values),
+    std::copy_if(
+        tokens.begin() + 1, tokens.end(), std::back_inserter(values),
         [](const MifToken& token) { return token.kind != TokenKind::Mark && !token.IsLineEnd(); });
     return values;
 }

@@ -5,7 +5,6 @@
 #include "app/query/ColumnNames.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <utility>
 
@@ -79,7 +78,8 @@ void ExistingLayer::CheckSystem(const LayerFacts& facts) const {
 
 // The columns that LayerTable makes for texts, unless they are for values of the features.
 void ExistingLayer::FindPlacement() {
-    for (const std::string name : {"text", "angle", "height", "font", "justify"}) {
+    for (const PlacementColumn& column : kPlacementColumns) {
+        const std::string name = column.name;
         // Where the layer has a column of this name, the number of the other one is the next free.
         std::optional<std::size_t> at = FindColumn(layer_.columns, name);
         for (int number = 2; at && IsTaken(layer_.columns[*at].name); ++number) {
@@ -179,26 +179,13 @@ void ExistingLayer::BindGeometry(const Feature& feature) {
 }
 
 void ExistingLayer::BindPlacement(const Feature& feature) {
-    const bool isText = feature.geometry.kind == GeometryKind::Text;
-    if (isText && placement_.empty()) {
+    if (feature.geometry.kind == GeometryKind::Text && placement_.empty()) {
         Fail("has no columns text, angle, height, font and justify of its own for texts; --layer "
              "names another layer");
     }
-    int parameter = static_cast<int>(columns_.size()) + 2;
-    if (!isText) {
-        for (std::size_t i = 0; i < placement_.size(); ++i) {
-            insert_->BindNull(parameter++);
-        }
-        return;
+    if (!placement_.empty()) {
+        binding_.BindPlacement(*insert_, static_cast<int>(columns_.size()) + 2, feature.geometry);
     }
-    constexpr std::array<const char*, 3> kJustify{"left", "center", "right"};
-    const TextPlacement& text = feature.geometry.placement;
-    const std::optional<Font>& font = feature.geometry.style.font;
-    binding_.BindText(*insert_, parameter++, text.text);
-    insert_->BindReal(parameter++, text.angleDegrees);
-    insert_->BindReal(parameter++, text.height);
-    binding_.BindText(*insert_, parameter++, font ? font->name : "");
-    insert_->BindText(parameter, kJustify[static_cast<std::size_t>(text.justify)]);
 }
 
 LayerSummary ExistingLayer::Finish() {

@@ -14,16 +14,6 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr shr::Box2d kEmptyBox{kInfinity, kInfinity, -kInfinity, -kInfinity};
 
-struct TextColumn {
-    const char* name;
-    const char* type;
-};
-constexpr std::array<TextColumn, 5> kTextColumns{{{"text", "TEXT"},
-                                                  {"angle", "DOUBLE"},
-                                                  {"height", "DOUBLE"},
-                                                  {"font", "TEXT"},
-                                                  {"justify", "TEXT"}}};
-
 std::string SqlType(const LayerColumn& column) {
     switch (column.kind) {
     case ColumnKind::Integer:
@@ -106,10 +96,10 @@ void LayerTable::PrepareInsert() {
 
 void LayerTable::AddTextColumns() {
     insert_.reset();
-    for (const TextColumn& column : kTextColumns) {
+    for (const PlacementColumn& column : kPlacementColumns) {
         textColumns_.push_back(names_.Take(column.name, column.name));
         database_.Execute("ALTER TABLE " + QuotedName(name_) + " ADD COLUMN " +
-                          QuotedName(textColumns_.back()) + " " + column.type);
+                          QuotedName(textColumns_.back()) + " " + column.sqlType);
     }
     PrepareInsert();
 }
@@ -142,24 +132,9 @@ void LayerTable::Write(const Feature& feature) {
         ++parameter;
     }
     if (!textColumns_.empty()) {
-        BindPlacement(parameter, isText ? &feature.geometry : nullptr);
+        binding_.BindPlacement(*insert_, parameter, feature.geometry);
     }
     static_cast<void>(insert_->Step());  // an insertion has no rows
-}
-
-void LayerTable::BindPlacement(int parameter, const Geometry* text) {
-    if (text == nullptr) {
-        for (std::size_t i = 0; i < kTextColumns.size(); ++i) {
-            insert_->BindNull(parameter++);
-        }
-        return;
-    }
-    constexpr std::array<const char*, 3> kJustify{"left", "center", "right"};
-    binding_.BindText(*insert_, parameter++, text->placement.text);
-    insert_->BindReal(parameter++, text->placement.angleDegrees);
-    insert_->BindReal(parameter++, text->placement.height);
-    binding_.BindText(*insert_, parameter++, text->style.font ? text->style.font->name : "");
-    insert_->BindText(parameter, kJustify[static_cast<std::size_t>(text->placement.justify)]);
 }
 
 // Returns the one type of all geometries: a type alone, or the collecting type when there is also

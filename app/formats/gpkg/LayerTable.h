@@ -64,7 +64,6 @@ public:
 private:
     void PrepareInsert();
     void AddTextColumns();
-    void BindPlacement(int parameter, const Geometry* text);  // null: NULLs
     GeometryType UnifiedType();
     void Register(GeometryType type);
 

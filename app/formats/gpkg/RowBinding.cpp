@@ -76,4 +76,22 @@ void RowBinding::BindText(SqliteStatement& insert, int parameter, std::string te
     insert.BindText(parameter, texts_.back());
 }
 
+void RowBinding::BindPlacement(SqliteStatement& insert, int first, const Geometry& geometry) {
+    int parameter = first;
+    if (geometry.kind != GeometryKind::Text) {
+        for (std::size_t i = 0; i < kPlacementColumns.size(); ++i) {
+            insert.BindNull(parameter++);
+        }
+        return;
+    }
+    constexpr std::array<const char*, 3> kJustify{"left", "center", "right"};
+    const TextPlacement& text = geometry.placement;
+    const std::optional<Font>& font = geometry.style.font;
+    BindText(insert, parameter++, text.text);
+    insert.BindReal(parameter++, text.angleDegrees);
+    insert.BindReal(parameter++, text.height);
+    BindText(insert, parameter++, font ? font->name : "");
+    insert.BindText(parameter, kJustify[static_cast<std::size_t>(text.justify)]);
+}
+
 }  // namespace app
