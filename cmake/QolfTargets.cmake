@@ -44,7 +44,7 @@ function(qolf_compile_together)
     return()
   endif()
   foreach(target IN LISTS ARGN)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
     # g++ takes the sources for headers, in which types of one file alone would be a fault. And it
     # collects garbage only when there are 512 MB of memory to search, not 128.
     target_compile_options(${target} PRIVATE
